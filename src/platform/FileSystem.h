@@ -1,0 +1,37 @@
+// Files as the system needs them: read whole, replaced whole.
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Quillon {
+
+/// Held while the scratch files of a base folder are in use; released when destroyed.
+struct FileLock {
+    virtual ~FileLock() = default;
+};
+
+/// Every operation raises RunTimeError with a description that names the file and the cause:
+/// 53 not found, 61 disk full, 70 permission denied, 75 path or file access error, 7 file too large.
+struct FileSystem {
+    virtual ~FileSystem() = default;
+    virtual bool Exists(const std::filesystem::path& path) const = 0;
+    virtual std::string Read(const std::filesystem::path& path) const = 0;
+    /// Writes a new file in the target's folder, flushes it, renames it over the target and flushes the folder:
+    /// after a crash at any moment the whole old or the whole new file is there. Symbolic links are followed and
+    /// the access rights of an existing file are kept.
+    virtual void Replace(const std::filesystem::path& path, std::string_view bytes) = 0;
+    /// Deletes a file; a missing one is no error.
+    virtual void Delete(const std::filesystem::path& path) = 0;
+    /// Makes a folder with its parents; an existing one is no error.
+    virtual void MakeFolder(const std::filesystem::path& path) = 0;
+    /// Names of the plain files in a folder, sorted; empty when the folder is missing.
+    virtual std::vector<std::string> FilesIn(const std::filesystem::path& folder) const = 0;
+    /// Waits for, and takes, an exclusive lock on a lock file. Several locks of one program on one file nest.
+    virtual std::unique_ptr<FileLock> Lock(const std::filesystem::path& path) = 0;
+};
+
+}  // namespace Quillon

@@ -1,0 +1,7 @@
+#include "platform/Services.h"
+
+namespace Quillon {
+
+ServicesInUse Services;
+
+}  // namespace Quillon
