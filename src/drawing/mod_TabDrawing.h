@@ -1,0 +1,63 @@
+// One bar of tablature in lines, circles and small text: frame, figures, techniques, signs, lyrics.
+//
+// x and y are the bar's left edge and the top of its row; the columns are the StrumX of the bar's place.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "core/mod_TabFileStructure.h"
+#include "platform/Picture.h"
+
+namespace Quillon::Drawing {
+
+/// Colour of bar numbers and repeat counts.
+constexpr Color HighlightColor = PackColor(49, 106, 197);
+
+/// Everything a bar's painter reads.
+struct BarContext {
+    const Core::TabFile& File;
+    int Track;
+    int Bar;
+    int X;
+    int Y;
+    int Width;
+
+    const Core::Track& ItsTrack() const { return File.Tracks[Track]; }
+    const Core::Bar& ItsBar() const { return ItsTrack().Bars[Bar]; }
+    const Core::BarInfo& Info() const { return File.BarInfos[Bar]; }
+};
+
+/// Bar number, staves with clef and figures, repeat dots, tab lines, bar lines, repeat count.
+void DrawBarFrame(Picture& picture, const BarContext& bar);
+/// Every strum from left to right.
+void DrawBarStrums(Picture& picture, const BarContext& bar);
+/// One column: fret numbers, techniques, the marks above.
+void DrawStrum(Picture& picture, const BarContext& bar, int strum);
+/// D.S., coda, to coda and segno, in this order: the first 36 above the row, further ones higher by 16.
+void DrawBarMarks(Picture& picture, const BarContext& bar);
+/// The lyric lines of the strums of `lyricsTrack`'s bar under this bar's row, in columns worked out apart.
+void DrawLyrics(Picture& picture, const BarContext& bar, int lyricsTrack);
+/// Two dots at y and y + 7.
+void DrawRepeatDots(Picture& picture, double x, double y);
+/// `lines` level lines from x1 to x2, `step` pixels apart.
+void DrawStaffLines(Picture& picture, int x1, int x2, int y, int lines, int step);
+
+void SetFont(Picture& picture, std::string_view name, double size, bool bold, bool italic, bool strike, Color color);
+
+/// The figure of a note as it stands on its string: the fret, with "(" and ")" for a ghost note, then "*" for a
+/// harmonic, then ".." for let ring. "" for no note.
+std::string FretText(const Core::Note& note);
+/// The figure of a note on a drum track: the letter of the first assignment of its string, in the order
+/// F O S X c f o r s t x ~, that plays the sound of the note's own letter.
+std::string PercussionText(const Core::Track& track, int string, const Core::Note& note);
+
+struct Label {
+    std::string Text;
+    int X = 0;
+    int Y = 0;  ///< top of the text
+};
+/// Bar number and where it stands.
+Label BarNumberLabel(const Core::Bar& bar, int index, int x, int y);
+
+}  // namespace Quillon::Drawing
