@@ -1,0 +1,72 @@
+#include "platform/qt/QtImageFile.h"
+
+#include <QBuffer>
+#include <QGuiApplication>
+#include <QImage>
+#include <QImageWriter>
+#include <QPainter>
+#include <cmath>
+
+#include "platform/RunTimeError.h"
+#include "platform/qt/PainterPicture.h"
+
+namespace Quillon {
+
+namespace {
+
+// 400 million pixels are an A3 page at 1,000 dots to the inch, 1.6 GB of memory; more is a slip.
+constexpr double MostPixels = 400e6;
+
+/// Fonts need an application object. The editor has one; the twin makes one only when a picture of pixels is asked for.
+void EnsureApplication() {
+    if (QCoreApplication::instance()) return;
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    static int argc = 1;
+    static char name[] = "quillon";
+    static char* argv[] = {name, nullptr};
+    static QGuiApplication application(argc, argv);
+}
+
+QByteArray FormatName(ImageFormat format) {
+    switch (format) {
+        case ImageFormat::Png:
+            return "png";
+        case ImageFormat::Jpeg:
+            return "jpg";
+        case ImageFormat::Bmp:
+            return "bmp";
+    }
+    return "png";
+}
+
+}  // namespace
+
+std::string EncodeImage(int width, int height, int dpi, ImageFormat format,
+                        const std::function<void(Picture&)>& paint) {
+    if (width <= 0 || height <= 0 || dpi <= 0) throw RunTimeError(5, "Invalid procedure call");
+    EnsureApplication();
+    const double scale = dpi / 96.0;
+    const double pixelWidth = std::round(width * scale);
+    const double pixelHeight = std::round(height * scale);
+    if (pixelWidth < 1 || pixelHeight < 1) throw RunTimeError(5, "Invalid procedure call");
+    if (pixelWidth * pixelHeight > MostPixels) RaiseOutOfMemory();
+    QImage image(static_cast<int>(pixelWidth), static_cast<int>(pixelHeight), QImage::Format_RGB32);
+    if (image.isNull()) RaiseOutOfMemory();
+    image.fill(Qt::white);
+    {
+        QPainter painter(&image);
+        PainterPicture picture(painter, scale);
+        paint(picture);
+    }
+    // Only now: a painter sizes its fonts by the image's resolution.
+    image.setDotsPerMeterX(static_cast<int>(std::lround(dpi / 0.0254)));
+    image.setDotsPerMeterY(static_cast<int>(std::lround(dpi / 0.0254)));
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    QImageWriter writer(&buffer, FormatName(format));
+    if (format == ImageFormat::Jpeg) writer.setQuality(92);
+    if (!writer.write(image)) throw RunTimeError(57, writer.errorString().toStdString());
+    return buffer.data().toStdString();
+}
+
+}  // namespace Quillon
