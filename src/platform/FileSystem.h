@@ -15,7 +15,7 @@ struct FileLock {
 };
 
 /// Every operation raises RunTimeError with a description that names the file and the cause:
-/// 53 not found, 61 disk full, 70 permission denied, 75 path or file access error, 7 file too large.
+/// 53 not found, 61 disk full, 70 permission denied, 75 path or file access error, 7 file too large to read.
 struct FileSystem {
     virtual ~FileSystem() = default;
     virtual bool Exists(const std::filesystem::path& path) const = 0;
@@ -32,6 +32,8 @@ struct FileSystem {
     virtual std::vector<std::string> FilesIn(const std::filesystem::path& folder) const = 0;
     /// Waits for, and takes, an exclusive lock on a lock file. Several locks of one program on one file nest.
     virtual std::unique_ptr<FileLock> Lock(const std::filesystem::path& path) = 0;
+    /// As Lock, but gives nothing at once when another program holds it.
+    virtual std::unique_ptr<FileLock> TryLock(const std::filesystem::path& path) = 0;
 };
 
 }  // namespace Quillon

@@ -1,0 +1,275 @@
+#include "platform/portable/PosixFiles.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <ctime>
+#include <system_error>
+#include <utility>
+
+#include "platform/RunTimeError.h"
+
+namespace Quillon {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::string_view NewFilePrefix = ".quillon-";
+constexpr std::string_view NewFileSuffix = ".new";
+constexpr std::time_t LeftoverAge = 3600;  ///< seconds; no save takes that long
+constexpr int MostLinks = 40;
+
+int NumberOf(int code) {
+    switch (code) {
+        case ENOENT:
+        case ENOTDIR:
+            return 53;
+        case ENOSPC:
+        case EDQUOT:
+        case EFBIG:
+            return 61;
+        case EACCES:
+        case EPERM:
+        case EROFS:
+            return 70;
+        default:
+            return 75;
+    }
+}
+
+[[noreturn]] void Raise(const fs::path& path, int code) {
+    throw RunTimeError(NumberOf(code), path.string() + ": " + std::generic_category().message(code));
+}
+
+/// Owns an open file; closes it unseen unless Close was called.
+class File {
+public:
+    File(const fs::path& of, int flags, mode_t mode = 0) : path(of) {
+        do {
+            handle = ::open(of.c_str(), flags | O_CLOEXEC, mode);
+        } while (handle < 0 && errno == EINTR);
+        if (handle < 0) Raise(path, errno);
+    }
+    ~File() {
+        if (handle >= 0) ::close(handle);
+    }
+    File(const File&) = delete;
+    File& operator=(const File&) = delete;
+
+    int Handle() const { return handle; }
+    int Release() { return std::exchange(handle, -1); }
+    struct stat Status() const {
+        struct stat status {};
+        if (::fstat(handle, &status) != 0) Raise(path, errno);
+        return status;
+    }
+    void Write(std::string_view bytes) {
+        while (!bytes.empty()) {
+            const ssize_t written = ::write(handle, bytes.data(), bytes.size());
+            if (written < 0 && errno == EINTR) continue;
+            if (written < 0) Raise(path, errno);
+            bytes.remove_prefix(static_cast<std::size_t>(written));
+        }
+    }
+    void Flush() {
+        if (::fsync(handle) != 0 && errno != EINVAL && errno != ENOTSUP) Raise(path, errno);
+    }
+    void Close() {
+        if (::close(Release()) != 0 && errno != EINTR) Raise(path, errno);
+    }
+
+private:
+    fs::path path;
+    int handle = -1;
+};
+
+/// Where a write lands: symbolic links followed to their end, which need not exist.
+fs::path FollowLinks(fs::path path) {
+    std::error_code none;
+    for (int link = 0; fs::is_symlink(fs::symlink_status(path, none)); ++link) {
+        if (link == MostLinks) Raise(path, ELOOP);
+        const fs::path target = fs::read_symlink(path, none);
+        if (none) Raise(path, none.value());
+        path = target.is_absolute() ? target : path.parent_path() / target;
+    }
+    return path;
+}
+
+fs::path FolderOf(const fs::path& path) { return path.has_parent_path() ? path.parent_path() : fs::path("."); }
+
+/// A save that was killed leaves its new file behind; a later one in the same folder clears it away.
+void RemoveLeftovers(const fs::path& folder) {
+    std::error_code none;
+    for (fs::directory_iterator entry(folder, none), end; !none && entry != end; entry.increment(none)) {
+        const std::string name = entry->path().filename().string();
+        if (!name.starts_with(NewFilePrefix) || !name.ends_with(NewFileSuffix)) continue;
+        struct stat status {};
+        if (::lstat(entry->path().c_str(), &status) != 0 || !S_ISREG(status.st_mode)) continue;
+        if (std::time(nullptr) - status.st_mtime > LeftoverAge) ::unlink(entry->path().c_str());
+    }
+}
+
+/// A fresh file beside the target, removed unless it was put in the target's place.
+class NewFile {
+public:
+    NewFile(const fs::path& folder, mode_t mode) {
+        static unsigned count = 0;
+        for (;;) {
+            path = folder / (std::string(NewFilePrefix) + std::to_string(::getpid()) + "-" + std::to_string(count++) +
+                             std::string(NewFileSuffix));
+            try {
+                file = std::make_unique<File>(path, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, mode);
+                return;
+            } catch (const RunTimeError&) {
+                std::error_code none;
+                if (!fs::exists(fs::symlink_status(path, none))) throw;
+            }
+        }
+    }
+    ~NewFile() {
+        if (!placed) ::unlink(path.c_str());
+    }
+    NewFile(const NewFile&) = delete;
+    NewFile& operator=(const NewFile&) = delete;
+
+    File& operator*() { return *file; }
+    File* operator->() { return file.get(); }
+    void PutInPlaceOf(const fs::path& target) {
+        if (::rename(path.c_str(), target.c_str()) != 0) Raise(target, errno);
+        placed = true;
+    }
+
+private:
+    fs::path path;
+    std::unique_ptr<File> file;
+    bool placed = false;
+};
+
+}  // namespace
+
+bool PosixFiles::Exists(const fs::path& path) const {
+    std::error_code none;
+    return fs::exists(path, none);
+}
+
+std::string PosixFiles::Read(const fs::path& path) const {
+    File file(path, O_RDONLY);
+    const struct stat status = file.Status();
+    if (S_ISDIR(status.st_mode)) Raise(path, EISDIR);
+    std::string bytes;
+    if (S_ISREG(status.st_mode) && status.st_size > 0) {
+        bytes.reserve(std::min(limit, static_cast<std::size_t>(status.st_size)) + 1);
+    }
+    std::array<char, 65536> part;
+    for (;;) {
+        const ssize_t count = ::read(file.Handle(), part.data(), part.size());
+        if (count < 0 && errno == EINTR) continue;
+        if (count < 0) Raise(path, errno);
+        if (count == 0) return bytes;
+        if (bytes.size() + static_cast<std::size_t>(count) > limit) {
+            throw RunTimeError(7, path.string() + ": the file is larger than " + std::to_string(limit >> 20) + " MiB");
+        }
+        bytes.append(part.data(), static_cast<std::size_t>(count));
+    }
+}
+
+void PosixFiles::Replace(const fs::path& path, std::string_view bytes) {
+    const fs::path target = FollowLinks(path);
+    struct stat old {};
+    const bool exists = ::stat(target.c_str(), &old) == 0;
+    if (exists && S_ISDIR(old.st_mode)) Raise(path, EISDIR);
+    if (exists && !S_ISREG(old.st_mode)) {  // a device or a pipe stays what it is
+        File file(target, O_WRONLY);
+        file.Write(bytes);
+        return file.Close();
+    }
+    // Renaming asks only for the folder's rights; a file marked as not to be written must stay.
+    if (exists && ::access(target.c_str(), W_OK) != 0) Raise(path, errno);
+
+    const fs::path folder = FolderOf(target);
+    try {
+        NewFile made(folder, exists ? old.st_mode & 0777 : 0666);
+        if (exists && ::fchmod(made->Handle(), old.st_mode & 07777) != 0) Raise(path, errno);
+        made->Write(bytes);
+        made->Flush();
+        made->Close();
+        made.PutInPlaceOf(target);
+    } catch (const RunTimeError& error) {  // the person knows the target, not the new file's name
+        const std::string text = error.Description();
+        throw RunTimeError(error.Number, path.string() + text.substr(text.rfind(": ")));
+    }
+    File(folder, O_RDONLY | O_DIRECTORY).Flush();
+    RemoveLeftovers(folder);
+}
+
+void PosixFiles::Delete(const fs::path& path) {
+    if (::unlink(path.c_str()) != 0 && errno != ENOENT && errno != ENOTDIR) Raise(path, errno);
+}
+
+void PosixFiles::MakeFolder(const fs::path& path) {
+    std::error_code problem;
+    if (fs::is_directory(path, problem)) return;
+    if (fs::exists(path, problem)) Raise(path, EEXIST);
+    fs::create_directories(path, problem);
+    if (problem) Raise(path, problem.value());
+}
+
+std::vector<std::string> PosixFiles::FilesIn(const fs::path& folder) const {
+    std::vector<std::string> names;
+    std::error_code none;
+    for (fs::directory_iterator entry(folder, none), end; !none && entry != end; entry.increment(none)) {
+        std::error_code unreadable;
+        const std::string name = entry->path().filename().string();
+        const bool unfinished = name.starts_with(NewFilePrefix) && name.ends_with(NewFileSuffix);
+        if (!unfinished && entry->is_regular_file(unreadable)) names.push_back(name);
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+// The lock belongs to the open file, so a second one in this program would wait for the first for ever: they share.
+struct PosixFiles::HeldLock {
+    explicit HeldLock(int of) : handle(of) {}
+    ~HeldLock() { ::close(handle); }
+    HeldLock(const HeldLock&) = delete;
+    HeldLock& operator=(const HeldLock&) = delete;
+    int handle;
+};
+
+struct PosixFiles::NestedLock : FileLock {
+    explicit NestedLock(std::shared_ptr<HeldLock> of) : lock(std::move(of)) {}
+    std::shared_ptr<HeldLock> lock;
+};
+
+std::unique_ptr<FileLock> PosixFiles::TakeLock(const fs::path& path, bool wait) {
+    for (;;) {
+        File file(path, O_RDWR | O_CREAT, 0666);
+        const struct stat status = file.Status();
+        std::weak_ptr<HeldLock>& known = held[{status.st_dev, status.st_ino}];
+        if (auto lock = known.lock()) return std::make_unique<NestedLock>(std::move(lock));
+
+        while (::flock(file.Handle(), wait ? LOCK_EX : LOCK_EX | LOCK_NB) != 0) {
+            if (errno == EWOULDBLOCK) return nullptr;
+            if (errno != EINTR) Raise(path, errno);
+        }
+        // Its last holder may have deleted the file while we waited; a lock on a nameless file keeps nobody out.
+        struct stat now {};
+        if (::stat(path.c_str(), &now) != 0 || now.st_ino != status.st_ino || now.st_dev != status.st_dev) continue;
+        auto lock = std::make_shared<HeldLock>(file.Release());
+        known = lock;
+        return std::make_unique<NestedLock>(std::move(lock));
+    }
+}
+
+std::unique_ptr<FileLock> PosixFiles::Lock(const fs::path& path) { return TakeLock(path, true); }
+
+std::unique_ptr<FileLock> PosixFiles::TryLock(const fs::path& path) { return TakeLock(path, false); }
+
+}  // namespace Quillon
