@@ -10,19 +10,23 @@
 namespace Quillon::Drawing {
 
 /// Lays out, when a full pass is due, and paints what is in view: the pages on a grey ground, the bars, the cursor.
-/// Settles View's scroll ranges, and its scroll values when the view follows the cursor.
+/// Settles View's scroll ranges, and its scroll values when the view follows the cursor. Raises "Overflow" for a
+/// document wider than 32767 pixels.
 void DrawDocument(Picture& picture);
-/// Brings the cursor's row into view and sets the scroll bars' ranges from the page count.
+/// Brings the cursor's row into view.
 void SetScrolls();
-/// Text of the status panel: "Pages: 3" in the chosen language, from the last DrawDocument.
+/// Text of the status panel, "Pages: 3" in the chosen language, from the last DrawDocument.
 const std::string& PageCountText();
+/// Index of the last page as the last DrawDocument counted it.
+int LastPage();
 
+/// Pages of a track when it is painted by DrawPage, at least 1.
+int CountPages(int track);
 /// Paints one page of the track by itself, its top left corner at 0, 0: for printing and picture files. The size is
 /// that of Page. Leaves the open view's layout due for a full pass.
 void DrawPage(Picture& picture, int track, int page);
 
-/// Paints one bar at x, y: frame, strums, marks, and the lyrics of another track where the track asks for them.
-/// Raises "Subscript out of range" for a bar that is not there.
+/// Paints one bar at x, y: frame, strums, marks and lyrics.
 void DrawBar(Picture& picture, int x, int y, const Core::TabFile& file, int track, int bar, int width);
 
 }  // namespace Quillon::Drawing

@@ -75,15 +75,26 @@ int PageLeftX(const PageSetup& page, const DocumentView& view);
 int TopOfPage0(const DocumentView& view);
 
 std::int16_t RowsPerPage(const PageSetup& page, int rowHeight, int rowSpacing);
-/// Index of the last page, 0 for one page. Walks the rows and settles ShowTimeSig and RowOnPage of every bar.
-/// With no room for a row `tooSmall` is set and the answer is 0.
-int NumberOfPages(const PageSetup& page, const Core::TabFile& file, int track, bool* tooSmall = nullptr);
+struct PageCount {
+    int LastPage = 0;           ///< index of the last page, 0 for one page
+    bool TooSmall = false;      ///< no row fits on the page; LastPage is 0 then
+    bool FlagsChanged = false;  ///< the walk measured with figures that it then changed: walk again for the final count
+};
+/// Walks the rows and settles ShowTimeSig and RowOnPage of every bar.
+PageCount NumberOfPages(const PageSetup& page, const Core::TabFile& file, int track);
 /// Exact for pages 0 and 1; used to find pages in view, never to place bars. The running height is not cleared
 /// between pages and the top margin does not enter: this is meant.
 int FirstBarOfPage(const PageSetup& page, const Core::TabFile& file, int track, int wantedPage);
 
-/// Lays out every row of the track: the places of all bars are written, those of their columns too.
-void LayOutTrack(const PageSetup& page, const DocumentView& view, const Core::TabFile& file, int track);
+/// Where the first page's left edge and top stand.
+struct PageOrigin {
+    int LeftX = 0;
+    int TopY = 0;
+    bool operator==(const PageOrigin&) const = default;
+};
+/// Lays out every row of the track on pages 0 to lastPage: the places of all bars are written, those of their columns
+/// too. Bars that find no page have Page -1.
+void LayOutTrack(const PageSetup& page, const PageOrigin& origin, const Core::TabFile& file, int track, int lastPage);
 /// Columns of a bar placed already, by musical time.
 void PlaceStrums(const Core::TabFile& file, int track, int bar);
 
@@ -93,11 +104,12 @@ struct Hit {
     bool PastLastBar = false;  ///< in the last bar's band, at or right of its hit width
     std::int16_t Bar = 0;
     std::int16_t Strum = 0;
-    enum class Place { Neither, OnString, OnPitch } On = Place::Neither;
+    enum class Place { Neither, OnString, OnPitch, OnLane } On = Place::Neither;
     std::int16_t String = 0;  ///< on a drum track's staff: the lane
-    std::int16_t Pitch = 0;
+    std::int16_t Pitch = 0;   ///< MIDI note number
 };
-Hit HitTest(const Core::TabFile& file, int track, int currentBar, int currentStrum, int currentString, int x, int y);
+/// The bar whose band holds the point, its width being that at its stored step, and what lies there.
+Hit HitTest(const Core::TabFile& file, int track, int x, int y);
 
 /// The string of a figure cell `y` pixels below the tab's offset, -1 when none lies there.
 int StringFromY(int y, int strings);

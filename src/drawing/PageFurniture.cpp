@@ -1,0 +1,193 @@
+#include "drawing/PageFurniture.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "core/mod_Common.h"
+#include "core/mod_Language.h"
+#include "core/mod_TabFileManipulation.h"
+#include "drawing/mod_TabDrawing.h"
+
+namespace Quillon::Drawing {
+
+using Core::LanguageText;
+using Core::TabFile;
+using Core::Track;
+
+namespace {
+
+constexpr Color EdgeColor = PackColor(0x70, 0x74, 0x7A);
+constexpr Color ShadowColor = PackColor(0x82, 0x86, 0x8C);
+constexpr Color RulerColor = PackColor(0xD8, 0xDC, 0xE2);
+
+constexpr double PixelsPerCentimetre = 37.86;
+constexpr double PixelsPerInch = 96.16;
+
+/// Ticks along an edge: a long one each unit, short ones between, by the scale that the page setup chose.
+void DrawRuler(Picture& picture, const PageSetup& page, int left, int top) {
+    const bool inches = page.PageRulerStep == 5;
+    const double unit = inches ? PixelsPerInch : PixelsPerCentimetre;
+    const int parts = inches ? 4 : 2;
+    const auto length = [&](int tick) { return tick % parts == 0 ? page.PageRulerStep : 3; };
+    for (int tick = 0; tick * unit / parts <= page.PageWidth; ++tick) {
+        picture.Box(left + std::floor(tick * unit / parts), top - 2 - length(tick), 1, length(tick), RulerColor);
+    }
+    for (int tick = 0; tick * unit / parts <= page.PageHeight; ++tick) {
+        picture.Box(left - 2 - length(tick), top + std::floor(tick * unit / parts), length(tick), 1, RulerColor);
+    }
+}
+
+/// The header's lines stand by their middles, below the page's top.
+enum HeaderLine : std::int16_t {
+    TitleLine = 40,
+    SubTitleLine = 68,
+    FirstLine = 85,
+    SecondLine = 101,
+    ThirdLine = 117,
+    TempoLine = 137
+};
+
+/// Cuts a text at its end so that it fits, with an ellipsis.
+std::string Fitted(Picture& picture, std::string text, double width) {
+    if (picture.TextWidth(text) <= width) return text;
+    while (!text.empty() && picture.TextWidth(text + "…") > width) {
+        do {
+            text.pop_back();
+        } while (!text.empty() && (static_cast<unsigned char>(text.back()) & 0xC0) == 0x80);
+        while (!text.empty() && static_cast<unsigned char>(text.back()) >= 0xC0) text.pop_back();
+    }
+    return text.empty() ? text : text + "…";
+}
+
+/// "key text" from the language table, with "%" where the text goes.
+std::string Filled(std::string_view key, std::string_view text) {
+    std::string line = LanguageText(key);
+    if (const std::size_t at = line.find('%'); at != std::string::npos) return line.replace(at, 1, text);
+    return line + " " + std::string(text);
+}
+
+std::string PitchName(int pitch) {
+    static constexpr std::array<const char*, 12> names = {"C",  "C#", "D",  "Eb", "E",  "F",
+                                                          "F#", "G",  "Ab", "A",  "Bb", "B"};
+    return names[static_cast<std::size_t>(((pitch % 12) + 12) % 12)];
+}
+
+/// Tuning, from the lowest string up, when it isn't the standard one; then the capo.
+std::string TuningText(const Track& track) {
+    if (track.IsDrum) return "";
+    std::string text;
+    const int strings = std::clamp<int>(track.Strings, 1, Core::StringCount);
+    const bool retuned =
+        std::any_of(track.Tuning.begin(), track.Tuning.begin() + strings, [](int t) { return t != 0; });
+    if (retuned) {
+        std::string names;
+        for (int s = strings - 1; s >= 0; --s)
+            names += (names.empty() ? "" : " ") + PitchName(Core::OpenPitch(track, s));
+        text = Filled("str_HeaderTuning", names);
+    }
+    if (track.Capo != 0) text += (text.empty() ? "" : ", ") + Filled("str_HeaderCapo", std::to_string(track.Capo));
+    return text;
+}
+
+class HeaderPainter {
+public:
+    HeaderPainter(Picture& target, const PageSetup& setup, const TabFile& document, int x, int y)
+        : picture(target), page(setup), file(document), left(x), top(y) {}
+
+    void Draw(const Track& track) {
+        Use(file.FontSize);
+        Print(TitleLine, file.Title, Anchor::Center);
+        Use(std::max(8.0, file.FontSize * 0.6));
+        Print(SubTitleLine, file.SubTitle, Anchor::Center);
+        SetFont(picture, "Arial", 9, false, false, false, file.FontColor);
+        size = 9;
+        width = Width() / 2.0 - 8;
+        Print(FirstLine, file.Artist, Anchor::Left);
+        Print(SecondLine, file.Album, Anchor::Left);
+        if (!file.Author.empty()) Print(FirstLine, Filled("str_HeaderAuthor", file.Author), Anchor::Right);
+        if (!file.TabbedBy.empty()) Print(SecondLine, Filled("str_HeaderTabbedBy", file.TabbedBy), Anchor::Right);
+        Print(ThirdLine, TuningText(track), Anchor::Left);
+        Print(ThirdLine, OneLine(file.Instructions), Anchor::Right);
+        DrawTempo();
+    }
+
+private:
+    int Width() const { return page.PageWidth - 2 * page.PageLeftMargin; }
+
+    void Use(double points) {
+        picture.SetFont({file.FontName, points, file.FontBold, file.FontItalic, file.FontUnderline, file.FontStrike});
+        picture.SetColor(file.FontColor);
+        size = points;
+        width = Width();
+    }
+
+    void Print(int middle, const std::string& text, Anchor anchor) {
+        if (text.empty()) return;
+        // Capitals are some 0.7 of the em square high: their middle stands on the line's.
+        const double baseline = top + middle + 0.36 * size * 4 / 3;
+        const double x = anchor == Anchor::Left    ? left + page.PageLeftMargin
+                         : anchor == Anchor::Right ? left + page.PageWidth - page.PageLeftMargin
+                                                   : left + page.PageWidth / 2.0;
+        picture.Print(x, baseline, Fitted(picture, text, width), anchor);
+    }
+
+    static std::string OneLine(std::string text) {
+        std::replace(text.begin(), text.end(), '\n', ' ');
+        std::erase(text, '\r');
+        return text;
+    }
+
+    /// A quarter note and its beats a minute.
+    void DrawTempo() {
+        const double x = left + page.PageLeftMargin + 4;
+        const double y = top + TempoLine + 3;
+        picture.SetColor(file.FontColor);
+        picture.Polygon({{x - 3.6, y + 1.4},
+                         {x - 3.2, y - 0.6},
+                         {x - 1.2, y - 2.4},
+                         {x + 1.6, y - 2.8},
+                         {x + 3.4, y - 1.6},
+                         {x + 3.2, y + 0.4},
+                         {x + 1.2, y + 2.2},
+                         {x - 1.8, y + 2.8}});
+        picture.Line(x + 3, y - 1, x + 3, y - 15);
+        const std::string beats =
+            Core::FormatSingle(file.Tempo) + (file.Shuffle ? "  " + LanguageText("str_HeaderShuffle") : "");
+        picture.Print(x + 8, y + 2, "= " + beats);
+    }
+
+    Picture& picture;
+    const PageSetup& page;
+    const TabFile& file;
+    int left;
+    int top;
+    double size = 8;   ///< points of the font at hand
+    double width = 0;  ///< room of a line, in pixels
+};
+
+}  // namespace
+
+void DrawPageFrame(Picture& picture, const PageSetup& page, int left, int top) {
+    picture.Box(left + 4, top + 4, page.PageWidth, page.PageHeight, ShadowColor);
+    picture.Box(left - 1, top - 1, page.PageWidth + 2, page.PageHeight + 2, EdgeColor);
+    picture.Box(left, top, page.PageWidth, page.PageHeight, White);
+    DrawRuler(picture, page, left, top);
+}
+
+void DrawPageFurniture(Picture& picture, const PageSetup& setup, const TabFile& file, int track, int left, int top,
+                       int page, int pageCount) {
+    if (page == 0 || file.ShowHeader) HeaderPainter(picture, setup, file, left, top).Draw(file.Tracks[track]);
+    SetFont(picture, "Arial", 8, false, false, false, file.FontColor);
+    const double baseline = top + setup.PageHeight - 31;
+    const std::string number = LanguageText("str_Page") + " " + std::to_string(page + 1) + " " +
+                               LanguageText("str_Of") + " " + std::to_string(pageCount);
+    const double right = left + setup.PageWidth - setup.PageLeftMargin;
+    picture.Print(right, baseline, number, Anchor::Right);
+    const double room = setup.PageWidth - 2 * (setup.PageLeftMargin + picture.TextWidth(number) + 8);
+    if (!file.Copyright.empty()) {
+        picture.Print(left + setup.PageWidth / 2.0, baseline, Fitted(picture, file.Copyright, room), Anchor::Center);
+    }
+}
+
+}  // namespace Quillon::Drawing

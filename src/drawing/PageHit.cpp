@@ -1,0 +1,95 @@
+// What a point of the view means: a bar, a strum, and a string, a pitch or a lane.
+#include <algorithm>
+
+#include "core/mod_Common.h"
+#include "drawing/mod_NotationDrawing.h"
+#include "drawing/mod_PageLayout.h"
+
+namespace Quillon::Drawing {
+
+using Core::Bar;
+using Core::TabFile;
+using Core::Track;
+
+namespace {
+
+/// Both clefs: past this height below the treble's anchor a click means the lower staff.
+constexpr int OneStaffMark = 51;
+
+bool InBand(const Bar& bar, int rowHeight, int y) {
+    return y >= bar.Place.BarY - 50 && y < bar.Place.BarY + rowHeight + 40;
+}
+
+int HitEnd(const Bar& bar) { return bar.Place.BarX + BarPixelWidth(bar, bar.Place.BarStep); }
+
+int StrumAt(const Bar& bar, int x) {
+    const auto& columns = bar.Place.StrumX;
+    int strum = 0;
+    while (strum <= columns.UpperBound() && columns[strum] <= x) ++strum;
+    return std::clamp(strum - 1, 0, std::max(0, columns.UpperBound()));
+}
+
+/// Pitch at a height below the row's top; 0 when the track's strings don't reach it.
+int PitchAt(const Track& track, int rowY) {
+    int y = rowY - 24;
+    if (track.ShowTreble && track.ShowBass) {
+        y += y > OneStaffMark ? 10 - 95 : -3;
+    } else if (track.ShowBass) {
+        y += 38;
+    } else {
+        y -= 3;
+    }
+    const int pitch = StaffYToPitch(y);
+    const int lowest = Core::DefaultStringPitch(std::clamp<int>(track.Strings, 1, Core::StringCount) - 1) - 1;
+    const int highest = Core::DefaultStringPitch(0) + 29;
+    return pitch >= lowest && pitch <= highest ? pitch : 0;
+}
+
+}  // namespace
+
+int StringFromY(int y, int strings) {
+    const int string = Core::CInt((y - 5) / 10.0);
+    return string >= 0 && string < strings ? string : -1;
+}
+
+Hit HitTest(const TabFile& file, int track, int x, int y) {
+    const Track& shown = file.Tracks[track];
+    const int rowHeight = RowHeight(shown);
+    Hit hit;
+    int bar = 0;
+    const auto hits = [&](const Bar& candidate) {
+        return candidate.Place.Page >= 0 && candidate.Place.BarX <= x && x < HitEnd(candidate) &&
+               InBand(candidate, rowHeight, y);
+    };
+    while (bar <= shown.Bars.UpperBound() && !hits(shown.Bars[bar])) ++bar;
+    if (bar > shown.Bars.UpperBound()) {
+        const Bar& last = shown.Bars[shown.Bars.UpperBound()];
+        hit.PastLastBar = last.Place.Page >= 0 && InBand(last, rowHeight, y) && x >= HitEnd(last);
+        return hit;
+    }
+    const Bar& found = shown.Bars[bar];
+    hit.OnBar = true;
+    hit.Bar = Core::ToInt16(bar);
+    hit.Strum = Core::ToInt16(StrumAt(found, x));
+    const int rowY = y - found.Place.BarY;
+    if (shown.ShowTab) {
+        if (const int string = StringFromY(rowY - TabOffset(shown), shown.Strings); string >= 0) {
+            hit.On = Hit::Place::OnString;
+            hit.String = Core::ToInt16(string);
+            return hit;
+        }
+    }
+    if (!shown.ShowTreble && !shown.ShowBass) return hit;
+    if (shown.IsDrum) {
+        if (const int lane = DrumLaneFromY(rowY - 24); lane >= 0 && lane < shown.Strings) {
+            hit.On = Hit::Place::OnLane;
+            hit.String = Core::ToInt16(lane);
+        }
+    } else if (const int pitch = PitchAt(shown, rowY); pitch > 0) {
+        hit.On = Hit::Place::OnPitch;
+        hit.Pitch = Core::ToInt16(pitch);
+    }
+    return hit;
+}
+
+}  // namespace Quillon::Drawing
