@@ -54,7 +54,7 @@ PageCount CountSettled(const TabFile& file, int track) {
 void TellPageTooSmall() {
     if (Last.TooSmallShown || !Services.Messages) return;
     Last.TooSmallShown = true;
-    Services.Messages->Show(LanguageText("str_PageTooSmall"), LanguageText("str_PageTooSmallCaption"), Buttons::Ok,
+    Services.Messages->Show(LanguageText("str_PageTooSmall"), LanguageText("str_TitleError"), Buttons::Ok,
                             BoxIcon::Critical);
 }
 
@@ -74,7 +74,7 @@ void LayOutView() {
     const bool full = View.Playing || View.CompletePass || Page.LayoutDirty == 1 || KeyNow() != Last.Key;
     if (!full) return;
     Last.Count = CountSettled(file, Open.CurTrack);
-    Last.PageText = LanguageText("str_Pages") + " " + std::to_string(Last.Count.LastPage + 1);
+    Last.PageText = LanguageText("str_Pages") + std::to_string(Last.Count.LastPage + 1);
     if (Last.Count.TooSmall) {
         TellPageTooSmall();
     } else {

@@ -60,13 +60,6 @@ std::string Fitted(Picture& picture, std::string text, double width) {
     return text.empty() ? text : text + "…";
 }
 
-/// "key text" from the language table, with "%" where the text goes.
-std::string Filled(std::string_view key, std::string_view text) {
-    std::string line = LanguageText(key);
-    if (const std::size_t at = line.find('%'); at != std::string::npos) return line.replace(at, 1, text);
-    return line + " " + std::string(text);
-}
-
 std::string PitchName(int pitch) {
     static constexpr std::array<const char*, 12> names = {"C",  "C#", "D",  "Eb", "E",  "F",
                                                           "F#", "G",  "Ab", "A",  "Bb", "B"};
@@ -84,9 +77,10 @@ std::string TuningText(const Track& track) {
         std::string names;
         for (int s = strings - 1; s >= 0; --s)
             names += (names.empty() ? "" : " ") + PitchName(Core::OpenPitch(track, s));
-        text = Filled("str_HeaderTuning", names);
+        text = LanguageText("str_HeaderTuning", {names});
     }
-    if (track.Capo != 0) text += (text.empty() ? "" : ", ") + Filled("str_HeaderCapo", std::to_string(track.Capo));
+    if (track.Capo != 0)
+        text += (text.empty() ? "" : ", ") + LanguageText("str_HeaderCapo", {std::to_string(track.Capo)});
     return text;
 }
 
@@ -105,8 +99,9 @@ public:
         width = Width() / 2.0 - 8;
         Print(FirstLine, file.Artist, Anchor::Left);
         Print(SecondLine, file.Album, Anchor::Left);
-        if (!file.Author.empty()) Print(FirstLine, Filled("str_HeaderAuthor", file.Author), Anchor::Right);
-        if (!file.TabbedBy.empty()) Print(SecondLine, Filled("str_HeaderTabbedBy", file.TabbedBy), Anchor::Right);
+        if (!file.Author.empty()) Print(FirstLine, LanguageText("str_HeaderAuthor", {file.Author}), Anchor::Right);
+        if (!file.TabbedBy.empty())
+            Print(SecondLine, LanguageText("str_HeaderTabbedBy", {file.TabbedBy}), Anchor::Right);
         Print(ThirdLine, TuningText(track), Anchor::Left);
         Print(ThirdLine, OneLine(file.Instructions), Anchor::Right);
         DrawTempo();
@@ -180,8 +175,7 @@ void DrawPageFurniture(Picture& picture, const PageSetup& setup, const TabFile& 
     if (page == 0 || file.ShowHeader) HeaderPainter(picture, setup, file, left, top).Draw(file.Tracks[track]);
     SetFont(picture, "Arial", 8, false, false, false, file.FontColor);
     const double baseline = top + setup.PageHeight - 31;
-    const std::string number = LanguageText("str_Page") + " " + std::to_string(page + 1) + " " +
-                               LanguageText("str_Of") + " " + std::to_string(pageCount);
+    const std::string number = LanguageText("str_PageNumber", {std::to_string(page + 1), std::to_string(pageCount)});
     const double right = left + setup.PageWidth - setup.PageLeftMargin;
     picture.Print(right, baseline, number, Anchor::Right);
     const double room = setup.PageWidth - 2 * (setup.PageLeftMargin + picture.TextWidth(number) + 8);

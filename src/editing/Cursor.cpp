@@ -51,7 +51,7 @@ void MoveRightPastBarEnd() {
             Open.CurStrum = 0;
             break;
         case Fullness::Over:
-            Services.Messages->Show(LanguageText("str_BarIsOver"), LanguageText("str_BarIsOverCaption"), Buttons::Ok,
+            Services.Messages->Show(LanguageText("str_BarIsOver"), LanguageText("str_TitleNote"), Buttons::Ok,
                                     BoxIcon::Critical);
             break;
         case Fullness::Under:
