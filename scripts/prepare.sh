@@ -20,7 +20,6 @@ clang-format|the test of the formatting'
 to_use_clang='clang|the other compiler'
 to_lint='clang|the other compiler
 clang-tidy|the linter'
-to_measure='libbenchmark-dev|the benchmarks'
 
 is_installed() { [ "$(dpkg-query -W -f='${db:Status-Abbrev}' "$1" 2>/dev/null)" = 'ii ' ]; }
 

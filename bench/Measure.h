@@ -1,0 +1,27 @@
+// How a measurement is taken and told: a row with its name, what came out, its limit, and whether it keeps it.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <string_view>
+
+namespace Quillon::Bench {
+
+/// Median seconds of one call, over `runs` calls after one that warms up. `before` runs untimed ahead of each.
+double MedianSeconds(int runs, const std::function<void()>& act, const std::function<void()>& before = {});
+
+/// Resident memory of this process in bytes.
+double ResidentBytes();
+
+/// Bytes that operator new has handed out so far and operator delete has not taken back, as the heap rounds them.
+std::size_t LiveBytes();
+
+/// Prints a row of the table. Measured and limit are in `unit`; smaller is better.
+void Row(std::string_view name, double measured, double limit, std::string_view unit);
+/// Prints a row that has no limit of its own.
+void Row(std::string_view name, double measured, std::string_view unit);
+
+/// 1 when a row was over its limit, else 0: the status to leave with.
+int Status();
+
+}  // namespace Quillon::Bench
