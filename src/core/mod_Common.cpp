@@ -238,4 +238,27 @@ std::string LowerAscii(std::string_view text) {
     return out;
 }
 
+std::string NoteName(int pitch) {
+    static constexpr const char* Names[] = {"C", "C#", "D", "D#", "E", "F", "F#", "G", "G#", "A", "A#", "B"};
+    const int octave = pitch >= 0 ? pitch / 12 : -((11 - pitch) / 12);
+    return Names[pitch - octave * 12] + std::to_string(octave - 1);
+}
+
+int PitchOfNoteName(std::string_view name) {
+    static constexpr int FromC[] = {9, 11, 0, 2, 4, 5, 7};  // A to G
+    name = TrimBlanks(name);
+    const std::string letter = UpperAscii(name.substr(0, 1));
+    if (letter.empty() || letter[0] < 'A' || letter[0] > 'G') return -1;
+    int pitch = FromC[letter[0] - 'A'] + 12;
+    name.remove_prefix(1);
+    if (name.starts_with('#')) ++pitch;
+    if (name.starts_with('b')) --pitch;
+    if (name.starts_with('#') || name.starts_with('b')) name.remove_prefix(1);
+    int octave = 0;
+    const auto [stop, problem] = std::from_chars(name.data(), name.data() + name.size(), octave);
+    if (problem != std::errc{} || stop != name.data() + name.size() || octave < -1 || octave > 9) return -1;
+    pitch += octave * 12;
+    return pitch >= 0 && pitch <= 127 ? pitch : -1;
+}
+
 }  // namespace Quillon::Core

@@ -58,4 +58,11 @@ std::string UpperAscii(std::string_view text);
 /// ASCII letters in lower case, all else as it stands.
 std::string LowerAscii(std::string_view text);
 
+// Note names ---------------------------------------------------------------------------------------------------------
+
+/// Name of a MIDI pitch, 60 being C4, with sharps: "E4", "F#3".
+std::string NoteName(int pitch);
+/// Pitch of a name such as "E4", "f#3" or "Bb2"; -1 for what is none, or outside 0 to 127.
+int PitchOfNoteName(std::string_view name);
+
 }  // namespace Quillon::Core

@@ -1,0 +1,40 @@
+// The one table of commands. Menus, toolbars, shortcuts and the list of keys are built from it, in its order.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace Quillon::Shell {
+
+struct Command {
+    enum class Kind : std::uint8_t { Plain, RecentFiles };
+
+    std::string_view Name;      ///< of the menu item: "mnuFileNew" is handled by mnuFileNew_Click
+    std::string_view Menu;      ///< text keys of the menu and its submenus, joined by "/"
+    std::string_view Text;      ///< text key of the caption
+    std::string_view Shortcut;  ///< as "Ctrl+Shift+S", "" for none; further ones follow behind a blank
+    std::string_view Icon;      ///< name of an SVG icon without its ending, "" for none
+    std::string_view Toolbar;  ///< the toolbar that shows it: "File" is the "File Toolbar" of the settings; "" for none
+    bool SeparatorBefore = false;
+    void (*Run)() = nullptr;
+    bool (*Enabled)() = nullptr;  ///< nothing: always
+    bool (*Checked)() = nullptr;  ///< nothing: the entry has no check mark
+    Kind Is = Kind::Plain;        ///< RecentFiles: a submenu of RecentFiles(), run by mnuFileOpenRecentItem_Click
+};
+
+std::span<const Command> Commands();
+/// The command of a name; nothing when there is none.
+const Command* FindCommand(std::string_view name);
+bool IsEnabled(const Command& command);
+bool IsChecked(const Command& command);
+/// Runs a command that is enabled. What it raises becomes a message box. False when it did not run.
+bool RunCommand(const Command& command);
+
+/// Caption without the "&" of its keyboard letter and without "...": what a screen reader says.
+std::string PlainCaption(const Command& command);
+/// Caption and shortcut: "Open (Ctrl+O)".
+std::string Tooltip(const Command& command);
+
+}  // namespace Quillon::Shell

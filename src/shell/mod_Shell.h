@@ -1,0 +1,155 @@
+// The program without windows: what it is made of, and what it asks of its main window and dialogs.
+//
+// The window implements ShellView and Dialogs and forwards; every decision stands here, where a test reaches it.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Quillon::Shell {
+
+struct FilePropertiesModel;
+struct TrackPropertiesModel;
+struct OptionsModel;
+struct PageSetupModel;
+
+/// The main window as the shell sees it.
+struct ShellView {
+    virtual ~ShellView() = default;
+    /// Lays out what is due and paints the document.
+    virtual void DrawDocument() = 0;
+    virtual void SetCaption(const std::string& caption) = 0;
+    /// The tracks, their names or the current one changed.
+    virtual void RebuildTrackList() = 0;
+    /// The recent files changed; see RecentFiles.
+    virtual void FillRecentFiles() = 0;
+    /// A line in the status bar; "" clears it.
+    virtual void ShowStatus(const std::string& text) = 0;
+    /// Which commands are enabled or checked, or which toolbars show, may have changed.
+    virtual void UpdateCommands() = 0;
+    /// The screen's zoom changed; see Program.ZoomPercent.
+    virtual void UpdateZoom() = 0;
+    /// Captions are to be set anew from the language.
+    virtual void LanguageChanged() = 0;
+    /// Splitters, toolbars and the window take their kept places.
+    virtual void RestorePlaces() = 0;
+    /// The splash window goes and the main window comes.
+    virtual void ShowWindow() = 0;
+    /// Ends the message loop after Stop said so.
+    virtual void CloseWindow() = 0;
+    /// Asks for a file to open; nothing when cancelled.
+    virtual std::optional<std::filesystem::path> AskOpenFile(const std::filesystem::path& folder) = 0;
+    /// Asks where to save, and whether to overwrite; nothing when cancelled.
+    virtual std::optional<std::filesystem::path> AskSaveFile(const std::filesystem::path& suggested) = 0;
+};
+
+/// Windows that edit a model and say whether it was accepted. A dialog stays open while its model's Validate
+/// complains and shows the complaint.
+struct Dialogs {
+    virtual ~Dialogs() = default;
+    virtual bool EditFileProperties(FilePropertiesModel& model) = 0;
+    virtual bool EditTrackProperties(TrackPropertiesModel& model) = 0;
+    virtual bool EditOptions(OptionsModel& model) = 0;
+    virtual bool EditPageSetup(PageSetupModel& model) = 0;
+    /// Asks for the open file's password; nothing when cancelled.
+    virtual std::optional<std::string> AskPassword() = 0;
+    /// Asks for a picture file and writes the document's pages into it.
+    virtual void ExportPicture() = 0;
+    virtual void ShowAbout() = 0;
+    virtual void ShowKeyboardHelp() = 0;
+};
+
+struct ProgramState {
+    ShellView* View = nullptr;
+    Shell::Dialogs* Dialogs = nullptr;
+    bool PasswordGiven = false;  ///< the open file's password was given since it was opened
+    int ZoomPercent = 100;       ///< of the painting alone; the layout's pixels stay
+};
+extern ProgramState Program;
+
+// Start and stop -----------------------------------------------------------------------------------------------------
+
+/// The base folder: --base, else QUILLON_BASE, else the program's own folder when QL4.ini or Data stands there, else
+/// the user's data folder. `own` and `environment` are given so that a test can.
+std::filesystem::path BaseFolder(const std::string& baseOption, const std::filesystem::path& programFolder,
+                                 const char* (*environment)(const char* name));
+
+/// One step of the start or the stop.
+struct Step {
+    const char* Name;
+    /// False ends the list: a stop that was refused.
+    bool (*Run)(const std::string& commandLineFile);
+};
+
+/// Starts the system in the order of its list. Services and Program are filled before. A step that raises shows its
+/// message, and the start goes on.
+void Start(const std::string& commandLineFile);
+/// Asks about changes, then ends the system: settings written, scratch files deleted. False when the person chose to
+/// stay; the window then stays too.
+bool Stop();
+
+// The open document and its file -------------------------------------------------------------------------------------
+
+/// "Quillon 4 - [Unsaved.qlm]", or with the open file's name.
+std::string WindowCaption();
+void SetWindowCaption();
+/// Asks whether to save when the document changed. True to go on.
+bool ContinueWithOp();
+/// A new document without asking.
+void ForceNewFile();
+/// Opens a file by its last three characters, without asking about changes. False when nothing was opened.
+bool OpenFileByEnding(const std::filesystem::path& path);
+/// As mnuFileOpen_Click with the file given: asks about changes first. For files dropped on the window.
+bool OpenDroppedFile(const std::filesystem::path& path);
+/// Saves under a name; holds it as the document's from then on. False when it was not saved.
+bool SaveFileAs(const std::filesystem::path& path);
+
+void mnuFileNew_Click();
+void mnuFileOpen_Click();
+bool mnuFileSave_Click();
+bool mnuFileSaveAs_Click();
+void mnuFileProperties_Click();
+void mnuFilePageSetup_Click();
+void mnuFileExit_Click();
+
+/// The path in its absolute, plain form, links within it kept. "file://" addresses are taken too.
+std::filesystem::path GetLongFilename(const std::string& path);
+
+/// True when the document has no password or it was given since opening; asks once.
+bool PasswordCorrect();
+
+// Recent files -------------------------------------------------------------------------------------------------------
+
+constexpr int MostRecentFiles = 9;
+/// Paths, the latest first.
+std::vector<std::filesystem::path> RecentFiles();
+/// "- " and the file's name.
+std::string RecentFileCaption(const std::filesystem::path& path);
+void AddRecentFile(const std::filesystem::path& path);
+void RemoveRecentFile(const std::filesystem::path& path);
+/// Opens the entry; a file that is gone leaves the list with a message.
+void mnuFileOpenRecentItem_Click(int index);
+
+// The view -----------------------------------------------------------------------------------------------------------
+
+constexpr int LeastZoom = 50;
+constexpr int MostZoom = 400;
+/// Goes that many steps up or down the list of zooms: Ctrl with the wheel.
+void ZoomBy(int steps);
+void SetZoom(int percent);
+void mnuViewZoomIn_Click();
+void mnuViewZoomOut_Click();
+void mnuViewZoom100_Click();
+/// Makes a track the current one and shows it; a bad index does nothing.
+void ShowTrack(int track);
+
+/// Toolbars go by the name that Command::Toolbar holds. Whether they show and are docked is kept in the settings.
+bool IsToolbarVisible(std::string_view toolbar);
+void SetToolbarVisible(std::string_view toolbar, bool visible);
+bool IsToolbarDocked(std::string_view toolbar);
+void SetToolbarDocked(std::string_view toolbar, bool docked);
+
+}  // namespace Quillon::Shell
