@@ -4,12 +4,12 @@ from tabwriter import KEY_C, Song
 
 song = Song(
     time=(3, 4), key=(KEY_C, False),
-    Title="Amazing Grace", SubTitle="Tune: New Britain", Artist="Traditional", Author="Words: John Newton, 1779",
+    Title="Amazing Grace", SubTitle="Tune: New Britain", Artist="Traditional", Author="John Newton (words, 1779), traditional",
     TabbedBy="Quillon", Copyright="Public domain",
     Instructions="Verses 1 and 2, back to the sign, verses 3 and 4, then the coda.",
     Notes="The order of play: bars 1 to 18, 3 to 20, 3 to 18 twice, 21 to 24.", Tempo=84, RowSpacing=185,
     AlwaysCharts=True, FontSize=13)
-melody = song.AddTrack("Melody and chords", 25, "A. Guitar (Steel)", Volume=24, LyricsOfOtherTrack=1, LyricsTrack=0)
+melody = song.AddTrack("Melody and chords", 25, "A. Guitar (Steel)", Volume=24)
 picking = song.AddTrack("Picking", 24, "A. Guitar (Nylon)", Volume=30, LyricsOfOtherTrack=1, LyricsTrack=0)
 
 melody.Sing(

@@ -4,7 +4,7 @@ from tabwriter import KEY_C, Song
 
 song = Song(
     time=(6, 8), key=(KEY_C, True),
-    Title="Greensleeves", SubTitle="Study with a variation", Artist="Traditional, 16th century", Author="Traditional",
+    Title="Greensleeves", SubTitle="Study with a variation", Artist="English, 16th century", Author="Traditional",
     TabbedBy="Quillon", Copyright="Public domain", Instructions="Let the bass ring under the melody.",
     Notes="First strain, refrain, and the first strain once more in sixteenths.", Tempo=120, RowSpacing=75)
 guitar = song.AddTrack("Guitar", 24, "A. Guitar (Nylon)")

@@ -45,7 +45,7 @@ lead.Play(
     "8t 1:15> 1:12 1:10 1:13> 1:10 1:8 2 2:10b[full]", "2. 1:10b[full];w 4 1:16;bar[dip]",
     "\\fff " + picked[0], *picked[1:],
     "\\fff 8 1:5> r r r 4 r 8 1:5> 1:5>", "8 1:5> r r r 4 r 8 1:5> 1:5>",
-    "4t 1:12> 1:8 2:10 2 3:7b[full];w", "1 1:5>+2:5>+3:5>+4:7>;bar[dive]")
+    "8t 1:12> 1:10 1:8 2:10> 2:8 2:5 2 3:7b[full];w", "1 1:5>+2:5>+3:5>+4:7>;bar[dive]")
 
 # Rhythm guitar: the theme on the low strings, then power chords with one finger across the lowered string.
 LOW = [

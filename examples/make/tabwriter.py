@@ -274,7 +274,7 @@ class Song:
         """`strings`: for each line of the drum tab, from the top, a map from letter to General MIDI percussion note."""
         empty = dict.fromkeys(PERCUSSION_FIELDS.values(), 0)
         sounds = [{**empty, **{PERCUSSION_FIELDS[letter]: note - 34 for letter, note in line.items()}} for line in strings]
-        track = Track(self, Name=name, InstrumentName="", Instrument=0, Strings=len(strings), Channel=9,
+        track = Track(self, Name=name, Instrument=0, Strings=len(strings), Channel=9,
                       EffectChannel=9, PercStrings=sounds + [empty] * (7 - len(sounds)), IsDrum=True,
                       **{"Volume": 50, **fields})
         self.Tracks.append(track)
