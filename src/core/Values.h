@@ -27,6 +27,8 @@ public:
         }
         return *held;
     }
+    /// True when an edit needs no copy: the value is there and nobody else holds it.
+    bool IsOwned() const { return held && held.use_count() == 1; }
     /// True when both share one value in memory: equal without looking.
     bool SameAs(const Shared& other) const { return held == other.held; }
     bool operator==(const Shared& other) const { return SameAs(other) || Read() == other.Read(); }

@@ -5,6 +5,8 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <optional>
+#include <string>
 #include <system_error>
 
 namespace Quillon::Core {
@@ -50,6 +52,7 @@ namespace {
 /// `digits` significant digits at most, and as many figures before and behind the point in the plain form.
 std::string FormatNumber(double value, int digits) {
     if (value == 0 || !std::isfinite(value)) return "0";
+    if (std::fabs(value) < 1e6 && std::trunc(value) == value) return std::to_string(static_cast<int>(value));
     std::array<char, 64> buffer{};
     const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::fabs(value),
                                    std::chars_format::scientific, digits - 1)
@@ -87,7 +90,25 @@ std::string FormatNumber(double value, int digits) {
 std::string FormatDouble(double value) { return FormatNumber(value, 15); }
 std::string FormatSingle(float value) { return FormatNumber(static_cast<double>(value), 7); }
 
+namespace {
+
+/// The value of a text of plain figures; nothing for one that needs the full rules.
+template <class T>
+std::optional<T> ParsePlain(std::string_view text) {
+    const bool negative = text.starts_with('-');
+    if (text.size() <= (negative ? 1U : 0U)) return std::nullopt;
+    const char first = text[negative ? 1 : 0];
+    if (first < '0' || first > '9') return std::nullopt;
+    T value{};
+    const auto [stop, problem] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (problem != std::errc{} || stop != text.data() + text.size()) return std::nullopt;
+    return value;
+}
+
+}  // namespace
+
 double ParseDouble(std::string_view text) {
+    if (const auto plain = ParsePlain<double>(text)) return *plain;
     std::string number(TrimBlanks(text));
     std::replace(number.begin(), number.end(), ',', '.');
     const char* from = number.data();
@@ -116,10 +137,19 @@ float ParseSingle(std::string_view text) {
     return static_cast<float>(value);
 }
 
-std::int16_t ParseInt16(std::string_view text) { return CInt(ParseDouble(text)); }
-std::int32_t ParseInt32(std::string_view text) { return CLng(ParseDouble(text)); }
+std::int16_t ParseInt16(std::string_view text) {
+    if (const auto plain = ParsePlain<std::int64_t>(text)) return ToInt16(*plain);
+    return CInt(ParseDouble(text));
+}
+
+std::int32_t ParseInt32(std::string_view text) {
+    if (const auto plain = ParsePlain<std::int64_t>(text)) return ToInt32(*plain);
+    return CLng(ParseDouble(text));
+}
 
 bool ParseBool(std::string_view text) {
+    if (text == "True") return true;
+    if (text == "False") return false;
     const std::string word = LowerAscii(TrimBlanks(text));
     if (word == "true") return true;
     if (word == "false") return false;

@@ -104,6 +104,8 @@ public:
 
     const List<Strum>& Strums() const { return strums.Read(); }
     List<Strum>& EditStrums() { return strums.Edit(); }
+    /// True when EditStrums() need not copy them.
+    bool OwnsStrums() const { return strums.IsOwned(); }
     /// True when both share their strums in memory.
     bool SharesStrums(const Bar& other) const { return strums.SameAs(other.strums); }
     bool operator==(const Bar& other) const {

@@ -24,6 +24,8 @@ struct FileSystem {
     /// after a crash at any moment the whole old or the whole new file is there. Symbolic links are followed and
     /// the access rights of an existing file are kept.
     virtual void Replace(const std::filesystem::path& path, std::string_view bytes) = 0;
+    /// Writes a scratch file: whole, but without the flushing that makes Replace last through a crash.
+    virtual void WriteScratch(const std::filesystem::path& path, std::string_view bytes) { Replace(path, bytes); }
     /// Deletes a file; a missing one is no error.
     virtual void Delete(const std::filesystem::path& path) = 0;
     /// Makes a folder with its parents; an existing one is no error.

@@ -209,6 +209,12 @@ void PosixFiles::Replace(const fs::path& path, std::string_view bytes) {
     RemoveLeftovers(folder);
 }
 
+void PosixFiles::WriteScratch(const fs::path& path, std::string_view bytes) {
+    File file(path, O_WRONLY | O_CREAT | O_TRUNC, 0600);
+    file.Write(bytes);
+    file.Close();
+}
+
 void PosixFiles::Delete(const fs::path& path) {
     if (::unlink(path.c_str()) != 0 && errno != ENOENT && errno != ENOTDIR) Raise(path, errno);
 }
