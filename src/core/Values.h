@@ -111,24 +111,24 @@ public:
     static constexpr int Size = static_cast<int>(N);
     template <class Index>
     const T& operator[](Index index) const {
-        return slots[index].Read();
+        return items[index].Read();
     }
     template <class Index>
     T& Edit(Index index) {
-        return slots[index].Edit();
+        return items[index].Edit();
     }
     template <class Index>
     void Clear(Index index) {
-        slots[index].Clear();
+        items[index].Clear();
     }
     template <class Index>
     bool IsDefault(Index index) const {
-        return slots[index].IsDefault();
+        return items[index].IsDefault();
     }
     bool operator==(const Slots&) const = default;
 
 private:
-    Row<Lazy<T>, N> slots;
+    Row<Lazy<T>, N> items;
 };
 
 /// A growing array with checked indices.

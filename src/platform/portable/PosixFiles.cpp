@@ -167,7 +167,7 @@ std::string PosixFiles::Read(const fs::path& path) const {
     if (S_ISREG(status.st_mode) && status.st_size > 0) {
         bytes.reserve(std::min(limit, static_cast<std::size_t>(status.st_size)) + 1);
     }
-    std::array<char, 65536> part;
+    std::array<char, 65536> part{};
     for (;;) {
         const ssize_t count = ::read(file.Handle(), part.data(), part.size());
         if (count < 0 && errno == EINTR) continue;

@@ -43,9 +43,8 @@ int GlyphCache::FontId(const Font& font) {
     for (std::size_t i = 0; i < fonts.size(); ++i) {
         if (fonts[i].Wanted == font) return static_cast<int>(i);
     }
-    QFont shown = ToQFont(font, EmPixels);
     // No font has an em of no height, and a damaged document may ask for any.
-    fonts.push_back({font, std::move(shown), std::clamp(font.Pixels(), 1.0, 4000.0), {}});
+    fonts.push_back({font, ToQFont(font, EmPixels), std::clamp(font.Pixels(), 1.0, 4000.0), {}});
     return static_cast<int>(fonts.size() - 1);
 }
 
