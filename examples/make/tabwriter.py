@@ -73,7 +73,8 @@ DIPS = {
     "scoop": ("1", Ramp(25, (0, -8), (0.4, 0), (1, 0))),
 }
 
-# Frets and fingers from the lowest string up, as guitarists say them; "." is an open or silent string's finger.
+# Frets and fingers from the lowest string up, as guitarists say them; "." is an open or silent string's finger. A
+# finger that stands on several strings is a barre.
 CHORDS = {
     "A": ("x02220", "..123."), "A7": ("x02020", "..1.2."), "Am": ("x02210", "..231."), "Bm": ("x24432", ".13421"),
     "C": ("x32010", ".32.1."), "C7": ("x32310", ".3241."), "D": ("xx0232", "...132"), "D7": ("xx0212", "...213"),
@@ -97,8 +98,9 @@ def ReadChord(name):
     frets, fingers = CHORDS[name]
     high_first = list(reversed(frets))
     numbers = [int(fret) for fret in high_first if fret != "x"]
+    barre = fingers.count("1") > 1
     return {
-        "HasChord": True, "ChordValueA": min(numbers), "ChordValueB": 6,
+        "HasChord": True, "ChordValueA": min(numbers), "ChordValueB": 6, **({"ChordFlag": True} if barre else {}),
         "ChordFrets": high_first + [""],
         "ChordFingers": ["" if finger == "." else finger for finger in reversed(fingers)] + [""],
         "ChordName": name,
