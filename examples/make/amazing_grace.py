@@ -21,7 +21,7 @@ melody.Sing(
     "'Tis grace hath brought me safe thus far, And grace will lead me home.",
     "we've been there ten thou- sand years, Bright shi- ning as the sun, "
     "We've no less days to sing God's praise Than when we'd first be- gun.",
-    22 * "- " + "when we'd first be- gun.")
+    27 * "_ " + "when we'd first be- gun.")
 melody.Play(
     # Introduction; the upbeat of the first verse.
     "4 5:3+2:1;c=C 4:2+3:0;dn 2:1 | 4:0+3:0;c=G7 3:0+2:0+1:1;dn 3:0;y=1:A-",
@@ -60,8 +60,8 @@ PICKED = {
 picking.Play(*(PICKED[name] for name in
                "C G7 C C7 F C C Am G G7 C C7 F C Am G7 C FC F C Am G7 F end".split()))
 
-song.Mark(3, Segno=1)
+song.Mark(3, Segno=-1)
 song.Repeat(3, 18)
-song.Mark(18, ToCoda=1)
-song.Mark(20, DalSegno=1)
-song.Mark(21, CodaMark=1)
+song.Mark(18, ToCoda=-1)
+song.Mark(20, DalSegno=-1)
+song.Mark(21, CodaMark=-1)

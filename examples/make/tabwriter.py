@@ -207,11 +207,11 @@ class Track:
         self.Strums = []
 
     def Sing(self, *verses):
-        """Verses as words of syllables; each strum marked ;y takes the next one of every verse."""
+        """Verses as words of syllables; each strum marked ;y takes the next one of every verse, where _ is none."""
         self.Verses = [iter(verse.split()) for verse in verses]
 
     def NextSyllables(self):
-        return ([next(verse, "") for verse in self.Verses] + [""] * 5)[:5]
+        return ([next(verse, "_").replace("_", "") for verse in self.Verses] + [""] * 5)[:5]
 
     def Play(self, *bars):
         """Adds bars; each argument holds one bar or several with | between them."""
@@ -254,7 +254,7 @@ class Song:
         self.Keys[bar - 1] = (key, minor)
 
     def Mark(self, bar, **marks):
-        """BarInfo fields of a bar, such as Segno=1. RepeatClose counts the jumps back: 1 plays the passage twice."""
+        """BarInfo fields of a bar, such as Segno=-1, which is true. RepeatClose counts the jumps back: 1 plays the passage twice."""
         self.Marks.setdefault(bar - 1, {}).update(marks)
 
     def Repeat(self, first, last, times=1):
