@@ -17,6 +17,8 @@ using Core::Strum;
 using Core::ToInt16;
 using Core::Track;
 
+bool (*MayEdit)() = [] { return true; };
+
 namespace {
 
 const Track& CurrentTrack() { return Open.TabFile.Tracks[Open.CurTrack]; }
@@ -44,6 +46,7 @@ void MoveRightPastBarEnd() {
     switch (BarFullness(Open.TabFile, Open.CurTrack, Open.CurBar)) {
         case Fullness::Full:
             if (Open.CurBar == Core::NumberOfBars(Open.CurTrack)) {
+                if (!MayEdit()) return;
                 AppendBar();
                 GiveLengthOf(before, Core::EditStrum(Open.CurTrack, Open.CurBar + 1, 0));
             }
@@ -55,6 +58,7 @@ void MoveRightPastBarEnd() {
                                     BoxIcon::Critical);
             break;
         case Fullness::Under:
+            if (!MayEdit()) return;
             Core::SetBarStrums(Open.CurTrack, Open.CurBar, Open.CurStrum + 1);
             ++Open.CurStrum;
             GiveLengthOf(before, Core::EditStrum(Open.CurTrack, Open.CurBar, Open.CurStrum));

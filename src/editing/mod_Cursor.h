@@ -16,6 +16,10 @@ void picDocument_MouseDown(int x, int y);
 /// piece; grows a bar that is under; and stays, with a message, in one that is over.
 void MoveCursor(int keyCode);
 
+/// Whether the open file may be changed: the program's question for the password of a locked one. The cursor may go
+/// anywhere; what would change the document asks first.
+extern bool (*MayEdit)();
+
 /// Keeps the cursor on a bar, strum and string that exist.
 void ClampCursor();
 
