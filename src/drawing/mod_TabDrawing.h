@@ -30,9 +30,9 @@ struct BarContext {
 
 /// Bar number, staves with clef and figures, repeat dots, tab lines, bar lines, repeat count.
 void DrawBarFrame(Picture& picture, const BarContext& bar);
-/// Every strum from left to right.
+/// Every strum from left to right, then the marks above and below the tab, which make room for one another.
 void DrawBarStrums(Picture& picture, const BarContext& bar);
-/// One column: fret numbers, techniques, the marks above.
+/// One column: fret numbers and the techniques on the strings.
 void DrawStrum(Picture& picture, const BarContext& bar, int strum);
 /// D.S., coda, to coda and segno, in this order: the first 36 above the row, further ones higher by 16.
 void DrawBarMarks(Picture& picture, const BarContext& bar);
@@ -51,6 +51,12 @@ std::string FretText(const Core::Note& note);
 /// The figure of a note on a drum track: the letter of the first assignment of its string, in the order
 /// F O S X c f o r s t x ~, that plays the sound of the note's own letter.
 std::string PercussionText(const Core::Track& track, int string, const Core::Note& note);
+
+/// What the wheel is sent for a point of a bend curve lets this many units make a whole tone, at the first-run bend
+/// coefficient and a wheel of two semitones.
+constexpr double BendUnitsPerTone = 8;
+/// The amount of a bend of `value` units, to the quarter of a tone: "¼" to "3".
+std::string BendLabel(double value);
 
 struct Label {
     std::string Text;

@@ -1,0 +1,135 @@
+// Chord names and charts above their strums.
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <string>
+
+#include "core/mod_Common.h"
+#include "drawing/TabParts.h"
+
+namespace Quillon::Drawing {
+
+namespace {
+
+constexpr int Step = 5;         ///< between strings and between frets
+constexpr int FretRows = 5;     ///< of a chart
+constexpr int ChartTop = 67;    ///< above the row
+constexpr int NameMiddle = 78;  ///< above the row
+constexpr int NameAlone = 34;   ///< of a name without a chart
+constexpr double DotRadius = 1.9;
+
+struct Chart {
+    int Strings = 0;
+    int FirstFret = 1;  ///< of the top row
+    enum : int { Muted = -1, Unused = -2 };
+    std::array<int, Core::StringCount> Frets{};  ///< absolute; 0 open
+
+    bool Has(int fret) const {
+        return std::any_of(Frets.begin(), Frets.begin() + Strings, [&](int f) { return f == fret; });
+    }
+};
+
+/// The chart of a strum's chord; without strings when it has none. Stored frets count from the record's base fret,
+/// ChordValueA; its number of strings is ChordValueB.
+Chart ChartOf(const Core::Strum& strum) {
+    Chart chart;
+    const auto& frets = strum.ChordFrets.Read();
+    const int base = std::max<int>(strum.ChordValueA, 0);
+    int lowest = 0, highest = 0;
+    for (int string = 0; string < Core::StringCount; ++string) {
+        const std::string text(Core::TrimBlanks(frets[string]));
+        int fret = Chart::Unused;
+        int number = 0;
+        if (text == "x" || text == "X") {
+            fret = Chart::Muted;
+        } else if (FretNumber(text, number) && number >= 0 && number <= 36) {
+            fret = number + base;
+        }
+        chart.Frets[static_cast<std::size_t>(string)] = fret;
+        if (fret != Chart::Unused) chart.Strings = string + 1;
+        if (fret > 0 && (lowest == 0 || fret < lowest)) lowest = fret;
+        highest = std::max(highest, fret);
+    }
+    if (chart.Strings == 0) return chart;
+    chart.Strings = strum.ChordValueB >= 4 && strum.ChordValueB <= Core::StringCount
+                        ? strum.ChordValueB
+                        : std::max(chart.Strings, std::min(6, Core::StringCount));
+    if (highest > FretRows) chart.FirstFret = lowest;
+    return chart;
+}
+
+void DrawChart(Picture& picture, const TabBar& bar, const Chart& chart, double middle, bool barre) {
+    const int strings = chart.Strings;
+    const int width = (strings - 1) * Step;
+    const int top = bar.Context.Y - ChartTop;
+    const int left = static_cast<int>(middle) - width / 2;
+    const int right = left + width;
+    const auto stringX = [&](int string) { return right - string * Step; };  // string 0 at the right
+    picture.SetColor(bar.Context.File.LineColor);
+    for (int row = 0; row <= FretRows; ++row) picture.Line(left, top + row * Step, right, top + row * Step);
+    for (int string = 0; string < strings; ++string) {
+        picture.Line(stringX(string), top, stringX(string), top + FretRows * Step);
+    }
+    picture.SetColor(bar.Ink());
+    if (chart.FirstFret == 1) {
+        picture.Line(left, top - 1, right, top - 1);  // with the line below it a nut of 2
+    } else {
+        Print(picture, SmallFont, right + 3, top + 5, std::to_string(chart.FirstFret), Anchor::Left);
+    }
+    int firstOnBarre = -1, lastOnBarre = -1;
+    for (int string = 0; string < strings; ++string) {
+        const int fret = chart.Frets[static_cast<std::size_t>(string)];
+        const double x = stringX(string);
+        if (fret == 0) {
+            picture.Circle(x, top - 4, 1.5, 0.8);
+        } else if (fret == Chart::Muted) {
+            picture.Line(x - 1.5, top - 5.5, x + 1.5, top - 2.5, 0.9);
+            picture.Line(x - 1.5, top - 2.5, x + 1.5, top - 5.5, 0.9);
+        } else if (fret >= chart.FirstFret && fret < chart.FirstFret + FretRows) {
+            picture.Disc(x, top + (fret - chart.FirstFret) * Step + Step / 2.0, DotRadius);
+            if (fret == chart.FirstFret) {
+                if (firstOnBarre < 0) firstOnBarre = string;
+                lastOnBarre = string;
+            }
+        }
+    }
+    if (barre && lastOnBarre > firstOnBarre) {
+        const double y = top + Step / 2.0;
+        picture.Line(stringX(lastOnBarre), y, stringX(firstOnBarre), y, 2);
+    }
+}
+
+}  // namespace
+
+void DrawChords(Picture& picture, TabBar& bar) {
+    const Font nameFont{.Name = "Arial", .Size = 7.5, .Bold = true};
+    double free = bar.Context.X - 1000.0;  // right end of the last chart
+    for (int at = 0; at < bar.StrumCount(); ++at) {
+        const Core::Strum& strum = bar.Strum(at);
+        if (!strum.HasChord) continue;
+        const double x = bar.Column(at);
+        Chart chart;
+        if (bar.Context.File.AlwaysCharts) chart = ChartOf(strum);
+        const double half = (chart.Strings - 1) * Step / 2.0 + 3;
+        const bool charted = chart.Strings > 0 && x - half >= free;
+        if (charted) {
+            DrawChart(picture, bar, chart, x, strum.ChordFlag);
+            free = x + half;
+            bar.Around.Take({x - half, bar.Context.Y - ChartTop - 7.0, x + half + 5, bar.Context.Y - 41.0});
+        }
+        if (strum.ChordName.empty()) continue;
+        picture.SetColor(bar.Ink());
+        picture.SetFont(nameFont);
+        const double halfName = picture.TextWidth(strum.ChordName) / 2;
+        double middle = bar.Context.Y - NameMiddle;
+        if (bar.Context.File.AlwaysCharts) {
+            bar.Around.Take({x - halfName, middle - 4, x + halfName, middle + 4});
+        } else {
+            middle = bar.Around.TakeLevel(x - halfName, x + halfName, x + halfName, bar.Context.Y - NameAlone, 4);
+        }
+        picture.Print(x, std::round(middle + 0.36 * nameFont.Pixels()), strum.ChordName, Anchor::Center);
+    }
+    picture.SetColor(bar.Ink());
+}
+
+}  // namespace Quillon::Drawing

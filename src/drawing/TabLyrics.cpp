@@ -1,0 +1,99 @@
+// The lyric lines of another track under a row.
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <string>
+
+#include "core/mod_TabFileManipulation.h"
+#include "drawing/TabParts.h"
+#include "drawing/mod_PageLayout.h"
+
+namespace Quillon::Drawing {
+
+namespace {
+
+constexpr double LineHeight = 1.15;  ///< of a line of text, in ems
+constexpr double Ascent = 0.9;       ///< from a line's top to its baseline, in ems
+constexpr double SmallestSize = 6;
+constexpr double Gap = 3;  ///< between two syllables
+
+struct Syllable {
+    double X = 0;
+    double Room = 0;  ///< to the next syllable of the line
+    int Line = 0;
+    const std::string* Text = nullptr;
+};
+
+/// Columns by musical time in the frame of the bar above, unrounded, so that both tracks' notes meet their words.
+std::vector<Syllable> SyllablesOf(const Core::TabFile& file, const Core::Bar& frame, int lyricsTrack, int bar) {
+    std::vector<Syllable> syllables;
+    const auto& strums = file.Tracks[lyricsTrack].Bars[bar].Strums();
+    const double start = BarStartOffset(frame);
+    const double usable = frame.Place.BarWidth - start - 5;
+    const double total = Core::BarLengthIn64ths(file, bar);
+    double elapsed = 0;
+    std::array<int, Core::LyricLines> lastOfLine;
+    lastOfLine.fill(-1);
+    for (const Core::Strum& strum : strums) {
+        const double x = frame.Place.BarX + start + (total > 0 ? elapsed / total : 0) * usable;
+        elapsed += Core::StrumLength(strum);
+        for (int line = 0; line < Core::LyricLines; ++line) {
+            const std::string& text = strum.Syllables.Read()[line];
+            if (text.empty()) continue;
+            int& last = lastOfLine[static_cast<std::size_t>(line)];
+            if (last >= 0) {
+                Syllable& before = syllables[static_cast<std::size_t>(last)];
+                before.Room = x - before.X;
+            }
+            last = static_cast<int>(syllables.size());
+            syllables.push_back({x, frame.Place.BarX + frame.Place.BarWidth + start - x, line, &text});
+        }
+    }
+    return syllables;
+}
+
+/// How much smaller a bar's syllables must be to stand clear of each other, 1 when they fit.
+double Fit(Picture& picture, const std::vector<Syllable>& syllables) {
+    double fit = 1;
+    for (const Syllable& syllable : syllables) {
+        const double width = picture.TextWidth(*syllable.Text);
+        if (width + Gap > syllable.Room) fit = std::min(fit, std::max(0.1, syllable.Room - Gap) / width);
+    }
+    return fit;
+}
+
+}  // namespace
+
+void DrawLyrics(Picture& picture, const BarContext& bar, int lyricsTrack) {
+    const Core::TabFile& file = bar.File;
+    const Core::Bar& own = bar.ItsBar();
+    const std::vector<Syllable> syllables = SyllablesOf(file, own, lyricsTrack, bar.Bar);
+    if (syllables.empty()) return;
+
+    Font font{file.FontName,      std::max(SmallestSize, file.FontSize - 1.0),
+              file.FontBold,      file.FontItalic,
+              file.FontUnderline, file.FontStrike};
+    // One size for the whole row: words that would run into each other make it smaller, in whole points.
+    picture.SetFont(font);
+    double fit = Fit(picture, syllables);
+    const Core::Track& track = bar.ItsTrack();
+    for (const int step : {-1, 1}) {
+        for (int b = bar.Bar + step; b >= 0 && b <= track.Bars.UpperBound(); b += step) {
+            const Core::Bar& other = track.Bars[b];
+            if (other.Place.BarY != own.Place.BarY || other.Place.Page != own.Place.Page) break;
+            fit = std::min(fit, Fit(picture, SyllablesOf(file, other, lyricsTrack, b)));
+        }
+    }
+    font.Size = std::max(SmallestSize, std::floor(font.Size * fit));
+    picture.SetFont(font);
+    picture.SetColor(file.FontColor);
+    const double height = std::ceil(font.Pixels() * LineHeight);
+    const double top = bar.Y + RowHeight(track) + StaffHeadroom;
+    for (const Syllable& syllable : syllables) {
+        const double x = syllable.X + (bar.X - own.Place.BarX);
+        picture.Print(x, std::round(top + syllable.Line * height + Ascent * font.Pixels()), *syllable.Text,
+                      Anchor::Left);
+    }
+}
+
+}  // namespace Quillon::Drawing

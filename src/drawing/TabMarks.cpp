@@ -1,0 +1,280 @@
+// The marks above the tab, stacked upward in steps of 10, and those below it.
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <string>
+
+#include "core/mod_TabFileManipulation.h"
+#include "drawing/TabParts.h"
+
+namespace Quillon::Drawing {
+
+namespace {
+
+constexpr double SmallDrop = 3;  ///< from the middle of a small text to its baseline
+constexpr double ColumnGap = 6;  ///< that a run keeps from the next column
+
+class MarkPainter {
+public:
+    MarkPainter(Picture& target, TabBar& where) : picture(target), bar(where) {}
+
+    /// The middle of the lowest free place above the tab.
+    double Above(double left, double right, double labelRight) {
+        return bar.Around.TakeLevel(left, right, labelRight, bar.Top - MarkStep, MarkStep);
+    }
+    double Above(double left, double right) { return Above(left, right, right); }
+
+    void Centered(int strum, const Font& font, const std::string& text, double drop = SmallDrop) {
+        picture.SetFont(font);
+        const double half = picture.TextWidth(text) / 2;
+        const double x = bar.Column(strum);
+        picture.Print(x, Above(x - half, x + half) + drop, text, Anchor::Center);
+    }
+
+    /// For every run of strums that `has` it, over bar lines too: its first and last strum, and whether it comes in
+    /// from the bar before and goes on in the bar behind.
+    template <class Has, class Paint>
+    void Runs(Has has, Paint paint) {
+        for (int first = 0; first < bar.StrumCount(); ++first) {
+            if (!has(bar.Strum(first))) continue;
+            int last = first;
+            while (last + 1 < bar.StrumCount() && has(bar.Strum(last + 1))) ++last;
+            const Core::Bar* before = first == 0 ? bar.Beside(-1) : nullptr;
+            const Core::Bar* behind = last + 1 == bar.StrumCount() ? bar.Beside(1) : nullptr;
+            paint(first, last, before && has(before->Strums()[before->Strums().UpperBound()]),
+                  behind && has(behind->Strums()[0]));
+            first = last;
+        }
+    }
+
+    /// A label, dashes to the end of the run, a closing tick.
+    void DashedRun(const std::string& label, int first, int last, bool comesIn, bool goesOn) {
+        constexpr double dash = 3, gap = 3, tick = 4;
+        picture.SetFont(SmallFont);
+        const double left = comesIn ? bar.Context.X : bar.Column(first) - 4;
+        const double labelRight = comesIn ? left : left + picture.TextWidth(label);
+        const double end = goesOn ? bar.Right() : std::max(bar.Column(last) + 5, labelRight);
+        const double middle = Above(left, end, labelRight);
+        if (!comesIn) picture.Print(left, middle + SmallDrop, label, Anchor::Left);
+        if (first == last && !comesIn && !goesOn) return;
+        for (const Point& piece : bar.Around.Pieces(std::ceil(labelRight + gap), end, middle)) {
+            for (double x = std::ceil(piece.X); x + dash - 1 <= piece.Y; x += dash + gap) {
+                picture.Line(x, middle, std::min(x + dash - 1, piece.Y), middle);
+            }
+        }
+        if (!goesOn) picture.Line(std::round(end), middle, std::round(end), middle + tick);
+    }
+
+    void WaveRun(double amplitude, int first, int last, bool comesIn, bool goesOn, double lead = 3) {
+        const double left = comesIn ? bar.Context.X : bar.Column(first) - lead;
+        const double right = goesOn ? bar.Right() : bar.NextColumn(last) - ColumnGap;
+        const double middle = Above(left, std::max(right, left + 8), left);
+        for (const Point& piece : bar.Around.Pieces(left, std::max(right, left + 8), middle)) {
+            DrawWave(picture, piece.X, piece.Y, middle, amplitude);
+        }
+    }
+
+    void Trill(int strum) {
+        const Font font{.Name = "Times New Roman", .Size = 7, .Bold = true, .Italic = true};
+        picture.SetFont(font);
+        const double left = bar.Column(strum) - 3;
+        const double wave = left + picture.TextWidth("tr") + 2;
+        const double right = std::max(bar.NextColumn(strum) - ColumnGap, wave + 6);
+        const double middle = Above(left, right);
+        picture.Print(left, middle + SmallDrop, "tr", Anchor::Left);
+        DrawWave(picture, wave, right, middle, 1.4);
+    }
+
+    void FadeIn(int strum) {
+        constexpr double half = 3;
+        const double left = bar.Column(strum) - 3;
+        const double right = std::max(std::min(bar.NextColumn(strum) - ColumnGap, left + 26), left + 12);
+        const double middle = Above(left, right);
+        picture.Polyline({{right, middle - half}, {left, middle}, {right, middle + half}});
+    }
+
+    void TremoloBar(int strum);
+
+    Picture& picture;
+    TabBar& bar;
+};
+
+void MarkPainter::TremoloBar(int strum) {
+    constexpr double half = 6, depth = 3, textGap = 2;
+    const Core::Strum& column = bar.Strum(strum);
+    const auto& points = column.TremPoints.Read();
+    const auto [lowest, highest] = std::minmax_element(points.begin(), points.end());
+    const bool dips = -*lowest >= *highest;
+    const double extreme = dips ? *lowest : *highest;
+    // A bar that is not let back shows one stroke, a dip and return both.
+    const bool returns = std::abs(points[Core::TremPointCount - 1]) < std::abs(extreme) / 2 || extreme == 0;
+    std::string label = column.TremRange.empty() ? BendLabel(std::abs(extreme)) : column.TremRange;
+    label = (dips ? "-" : "+") + label;
+
+    picture.SetFont(SmallFont);
+    const double x = bar.Column(strum);
+    const double middle = Above(x - half, x + half + textGap + picture.TextWidth(label));
+    const double outer = middle + (dips ? -depth : depth);
+    const double inner = middle + (dips ? depth : -depth);
+    if (returns) {
+        picture.Polyline({{x - half, outer}, {x, inner}, {x + half, outer}}, 1.1);
+    } else {
+        picture.Polyline({{x - half, outer}, {x, inner}, {x + half, inner}}, 1.1);
+    }
+    picture.Print(x + half + textGap, middle + SmallDrop, label, Anchor::Left);
+}
+
+template <class Has>
+bool AnyNote(const TabBar& bar, const Core::Strum& strum, Has has) {
+    for (int string = 0; string < bar.Strings; ++string) {
+        const Core::Note& note = strum.Notes[string];
+        if (!note.Fret.empty() && has(note)) return true;
+    }
+    return false;
+}
+
+const char* HarmonicLabel(std::int32_t kind) {
+    static constexpr std::array<const char*, 8> labels = {"",       "N.H.", "A.H.5", "A.H.7",
+                                                          "A.H.12", "T.H.", "P.H.",  "S.H."};
+    return kind > 0 && kind < 8 ? labels[static_cast<std::size_t>(kind)] : "";
+}
+
+}  // namespace
+
+void DrawMarks(Picture& picture, TabBar& bar) {
+    MarkPainter marks(picture, bar);
+    const auto eachStrum = [&](auto&& paint) {
+        for (int strum = 0; strum < bar.StrumCount(); ++strum) paint(strum, bar.Strum(strum));
+    };
+    const auto technique = [](std::int32_t kind) {
+        return [kind](const Core::Strum& strum) { return strum.Technique == kind && Core::HasNotes(strum); };
+    };
+
+    eachStrum([&](int at, const Core::Strum& strum) {
+        if (AnyNote(bar, strum, [](const Core::Note& note) { return note.Accentuate; })) {
+            marks.Centered(at, AccentFont, ">", 3.3);
+        }
+        if (AnyNote(bar, strum, [](const Core::Note& note) { return note.Technique == Core::Staccato; })) {
+            const double x = bar.Column(at);
+            picture.Disc(x, marks.Above(x - 2, x + 2), 1.3);
+        }
+    });
+    eachStrum([&](int at, const Core::Strum& strum) {
+        for (int string = 0; string < bar.Strings; ++string) {
+            const Core::Note& note = strum.Notes[string];
+            if (note.Fret.empty() || *HarmonicLabel(note.Harmonic) == 0) continue;
+            marks.Centered(at, SmallFont, HarmonicLabel(note.Harmonic));
+            break;
+        }
+    });
+    marks.Runs(technique(Core::PalmMute), [&](auto... run) { marks.DashedRun("P.M.", run...); });
+    marks.Runs(
+        [&](const Core::Strum& strum) {
+            return AnyNote(bar, strum, [](const Core::Note& note) { return note.LetRing; });
+        },
+        [&](auto... run) { marks.DashedRun("let ring", run...); });
+    marks.Runs(technique(Core::Vibrato), [&](auto... run) { marks.WaveRun(1.6, run...); });
+    marks.Runs(technique(Core::WideVibrato), [&](auto... run) { marks.WaveRun(2.6, run...); });
+    eachStrum([&](int at, const Core::Strum& strum) {
+        if (AnyNote(bar, strum, [](const Core::Note& note) { return note.HasTrill; })) marks.Trill(at);
+        if (technique(Core::Tapping)(strum)) marks.Centered(at, SmallFont, "T");
+        if (technique(Core::Slapping)(strum)) marks.Centered(at, SmallFont, "S");
+        if (technique(Core::Popping)(strum)) marks.Centered(at, SmallFont, "P");
+        if (technique(Core::FadeIn)(strum)) marks.FadeIn(at);
+        if (strum.HasTrem) marks.TremoloBar(at);
+    });
+}
+
+namespace {
+
+/// 0 for PPP to 7 for FFF.
+int Loudness(std::int32_t dynamic) {
+    static constexpr std::array<int, 8> loudness = {4, 5, 6, 7, 3, 2, 1, 0};
+    return dynamic >= 0 && dynamic < 8 ? loudness[static_cast<std::size_t>(dynamic)] : 4;
+}
+
+/// Of the loudest note, -1 without notes.
+int Loudness(const Core::Strum& strum) {
+    int loudest = -1;
+    for (int string = 0; string < Core::StringCount; ++string) {
+        const Core::Note& note = strum.Notes[string];
+        if (!note.Fret.empty()) loudest = std::max(loudest, Loudness(note.Dynamic));
+    }
+    return loudest;
+}
+
+/// Of the last notes before a bar; the unmarked dynamic at the track's start.
+int LoudnessBefore(const Core::Track& track, int bar) {
+    for (int b = bar - 1; b >= 0; --b) {
+        const auto& strums = track.Bars[b].Strums();
+        for (int s = strums.UpperBound(); s >= 0; --s) {
+            const int loudness = Loudness(strums[s]);
+            if (loudness >= 0) return loudness;
+        }
+    }
+    return Loudness(0);
+}
+
+/// One to three short beams, as through the stem of a tremolo.
+void DrawTremoloStrokes(Picture& picture, double x, double middle, int count) {
+    constexpr double half = 4, rise = 1.5, step = 3;
+    for (int i = 0; i < count; ++i) {
+        const double y = middle + step * (i - (count - 1) / 2.0);
+        picture.Polygon({{x - half, y + rise - 0.8},
+                         {x + half, y - rise - 0.8},
+                         {x + half, y - rise + 0.8},
+                         {x - half, y + rise + 0.8}});
+    }
+}
+
+/// Finger letters of a strum from the lowest string up.
+std::string Fingers(const TabBar& bar, const Core::Strum& strum, std::int32_t Core::Note::*finger,
+                    std::string_view letters) {
+    std::string text;
+    for (int string = bar.Strings - 1; string >= 0; --string) {
+        const Core::Note& note = strum.Notes[string];
+        const std::int32_t at = note.*finger;
+        if (!note.Fret.empty() && at >= 1 && at <= 5) text += letters[static_cast<std::size_t>(at) - 1];
+    }
+    return text;
+}
+
+}  // namespace
+
+void DrawMarksBelow(Picture& picture, TabBar& bar) {
+    static constexpr std::array<const char*, 8> dynamics = {"ppp", "pp", "p", "mp", "mf", "f", "ff", "fff"};
+    const Font dynamicFont{.Name = "Times New Roman", .Size = 8, .Bold = true, .Italic = true};
+    const auto below = [&](double left, double right) {
+        return bar.Around.TakeLevel(left, right, right, bar.Bottom + MarkStep, -(MarkStep - 2));
+    };
+    const auto centered = [&](int strum, const Font& font, const std::string& text, double drop) {
+        if (text.empty()) return;
+        picture.SetFont(font);
+        const double half = picture.TextWidth(text) / 2;
+        const double x = bar.Column(strum);
+        picture.Print(x, below(x - half, x + half) + drop, text, Anchor::Center);
+    };
+    int loudness = -1;
+    for (int at = 0; at < bar.StrumCount(); ++at) {
+        const Core::Strum& strum = bar.Strum(at);
+        const int own = Loudness(strum);
+        if (own < 0) continue;
+        int strokes = 0;
+        for (int string = 0; string < bar.Strings; ++string) {
+            const Core::Note& note = strum.Notes[string];
+            if (!note.Fret.empty() && note.Technique >= Core::TremoloPicking8ths &&
+                note.Technique <= Core::TremoloPicking32nds) {
+                strokes = std::max(strokes, note.Technique - Core::TremoloPicking8ths + 1);
+            }
+        }
+        const double x = bar.Column(at);
+        if (strokes > 0) DrawTremoloStrokes(picture, x, below(x - 4, x + 4), strokes);
+        centered(at, SmallFont, Fingers(bar, strum, &Core::Note::LeftFinger, "T1234"), SmallDrop);
+        centered(at, SmallFont, Fingers(bar, strum, &Core::Note::RightFinger, "TIMAO"), SmallDrop);
+        if (loudness < 0) loudness = LoudnessBefore(bar.Track, bar.Context.Bar);
+        if (own != loudness) centered(at, dynamicFont, dynamics[static_cast<std::size_t>(own)], SmallDrop);
+        loudness = own;
+    }
+}
+
+}  // namespace Quillon::Drawing

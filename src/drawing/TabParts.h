@@ -1,0 +1,116 @@
+// What the sources of the bar's painter share: the tab's geometry in a bar, and the room around it that is taken.
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "drawing/mod_TabDrawing.h"
+
+namespace Quillon::Drawing {
+
+constexpr int StringStep = 10;
+/// From the tab's offset, where the first figure's cell begins, to its top line.
+constexpr int FirstLineDrop = 6;
+/// Height of one mark above or below the tab.
+constexpr int MarkStep = 10;
+
+inline const Font SmallFont{.Name = "Small Fonts", .Size = 6};
+inline const Font AccentFont{.Name = "Arial", .Size = 7};
+inline const Font SignFont{.Name = "Arial", .Size = 8};
+
+struct Area {
+    double Left, Top, Right, Bottom;
+    bool IsBarNumber = false;  ///< a level run passes a bar number with a gap instead of going round it
+};
+
+/// What stands above and below a bar's tab, so that nothing is printed over anything else.
+class Room {
+public:
+    Room() { taken.reserve(32); }
+    void Take(const Area& area);
+    bool IsFree(const Area& area, bool passNumbers = false) const;
+    /// Takes the lowest free place of this width whose middle is `firstMiddle`, or that less a multiple of `step`.
+    /// Right of labelRight the mark is a thin run that may pass bar numbers. The middle is returned.
+    double TakeLevel(double left, double right, double labelRight, double firstMiddle, double step);
+    /// The parts of left..right at this height that no bar number stands in.
+    std::vector<Point> Pieces(double left, double right, double middle) const;
+
+private:
+    std::vector<Area> taken;
+};
+
+/// A bar that shows its tab.
+struct TabBar {
+    explicit TabBar(const BarContext& bar);
+
+    const BarContext& Context;
+    const Core::Track& Track;
+    const Core::Bar& Bar;
+    int Strings;
+    int Top;        ///< y of the first string's line
+    int Bottom;     ///< y of the last string's line
+    bool OnRowTop;  ///< no staff stands above the tab, so that it shares its room with the bar number
+    Room Around;
+
+    int StrumCount() const { return Bar.Strums().Count(); }
+    const Core::Strum& Strum(int strum) const { return Bar.Strums()[strum]; }
+    double Column(int strum) const;
+    /// x of the next column, and of the bar's right edge behind the last one.
+    double NextColumn(int strum) const;
+    int LineY(int string) const { return Top + StringStep * string; }
+    double Right() const { return Context.X + Context.Width; }
+    /// The bar `step` bars away when it stands on the same row beside the bars between, else null.
+    const Core::Bar* Beside(int step) const;
+    Color Ink() const { return Context.File.NoteFontColor; }
+};
+
+/// The next note on a string after a strum, in this bar or the next one.
+struct Partner {
+    const Core::Note* Note = nullptr;
+    double X = 0;           ///< of its column, or a little past the bar's end when it stands on another row
+    bool SameRow = false;   ///< it stands on this row
+    bool Adjacent = false;  ///< no other strum stands between
+};
+Partner NextOnString(const TabBar& bar, int strum, int string);
+
+Font NoteFont(const Core::TabFile& file);
+/// The text at a string of a strum, "" for none.
+std::string Figure(const Core::Track& track, int string, const Core::Note& note);
+/// Half the width of the figure as it is printed, 0 for none.
+double HalfFigure(Picture& picture, const TabBar& bar, int strum, int string);
+bool FretNumber(const std::string& fret, int& number);
+
+void Print(Picture& picture, const Font& font, double x, double baseline, std::string_view text,
+           Anchor anchor = Anchor::Center);
+/// A flat bow from left to right, its ends at y and its middle `rise` higher: thin at its ends, twice as thick in its
+/// middle.
+void DrawBow(Picture& picture, double left, double right, double y, double rise);
+/// A wave along `middle`.
+void DrawWave(Picture& picture, double left, double right, double middle, double amplitude);
+/// A filled arrowhead whose tip is at x, y; `direction` -1 points upward, 1 downward.
+void DrawArrowhead(Picture& picture, double x, double y, int direction, double size = 5);
+
+// The painters of a bar, in the order in which they are called.
+void DrawFigures(Picture& picture, const TabBar& bar, int strum);
+void DrawLinks(Picture& picture, TabBar& bar, int strum);      ///< hammer-ons, pull-offs, ties, slides
+void DrawLinksFromLastRow(Picture& picture, TabBar& bar);      ///< their ends when they began on the row before
+void DrawNoteSigns(Picture& picture, TabBar& bar, int strum);  ///< grace notes, trills, strokes, slashes
+void DrawBends(Picture& picture, TabBar& bar, int strum);
+void DrawChords(Picture& picture, TabBar& bar);
+void DrawMarks(Picture& picture, TabBar& bar);
+void TakeRoom(Picture& picture, TabBar& bar);  ///< bar numbers, signs, texts of the bar before
+void DrawTexts(Picture& picture, TabBar& bar);
+void DrawMarksBelow(Picture& picture, TabBar& bar);
+
+enum class Sign { DalSegno, Coda, ToCoda, Segno };
+/// A navigation sign at the left and top of its cell of 16 pixels.
+struct PlacedSign {
+    Sign What;
+    int X, Y;
+};
+std::vector<PlacedSign> SignsOf(const BarContext& bar);
+void DrawSign(Picture& picture, Sign what, int x, int y);
+/// What a sign covers.
+Area SignArea(Picture& picture, const PlacedSign& sign);
+
+}  // namespace Quillon::Drawing

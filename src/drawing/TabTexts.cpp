@@ -1,0 +1,101 @@
+// Free text and go-to points above the bar, and the room that is taken before any mark looks for its place.
+#include <algorithm>
+#include <string>
+
+#include "drawing/TabParts.h"
+
+namespace Quillon::Drawing {
+
+namespace {
+
+constexpr double TextMiddle = 22;  ///< of a strum's text above the row
+constexpr double TextLead = 4;     ///< of a text before its column
+constexpr double HalfText = 5;
+
+Font TextFont(const Core::TabFile& file) {
+    Font font = NoteFont(file);
+    font.Italic = true;
+    return font;
+}
+
+void TakeNumber(Picture& picture, TabBar& bar, const Core::Bar& of, int index, int x) {
+    const Label label = BarNumberLabel(of, index, x, bar.Context.Y);
+    picture.SetFont(SmallFont);
+    bar.Around.Take(
+        {static_cast<double>(label.X), label.Y + 1.0, label.X + picture.TextWidth(label.Text), label.Y + 8.0, true});
+}
+
+/// Texts of the bar before that reach over the bar line.
+void TakeOverhang(Picture& picture, TabBar& bar) {
+    const Core::Bar* before = bar.Beside(-1);
+    if (!before) return;
+    picture.SetFont(TextFont(bar.Context.File));
+    for (int at = 0; at < before->Strums().Count(); ++at) {
+        const std::string& text = before->Strums()[at].Text;
+        if (text.empty()) continue;
+        const double left = before->Place.StrumX[at] + (bar.Context.X - bar.Bar.Place.BarX) - TextLead;
+        const double right = left + picture.TextWidth(text);
+        if (right > bar.Context.X - 8) {
+            bar.Around.Take(
+                {left, bar.Context.Y - TextMiddle - HalfText, right + 3, bar.Context.Y - TextMiddle + HalfText});
+        }
+    }
+}
+
+/// The lowest free place at or above the band of texts; a text that meets something short steps right of it first.
+Area TextPlace(const TabBar& bar, double left, double width) {
+    constexpr double aside = 14, step = 4;
+    double middle = bar.Context.Y - TextMiddle;
+    const auto at = [&](double x) { return Area{x, middle - HalfText, x + width, middle + HalfText}; };
+    for (int level = 0; level < 40; ++level, middle -= step) {
+        for (double x = left; x <= left + aside; x += 2) {
+            if (bar.Around.IsFree(at(x))) return at(x);
+        }
+    }
+    return at(left);
+}
+
+}  // namespace
+
+void TakeRoom(Picture& picture, TabBar& bar) {
+    TakeNumber(picture, bar, bar.Bar, bar.Context.Bar, bar.Context.X);
+    if (const Core::Bar* next = bar.Beside(1)) {
+        TakeNumber(picture, bar, *next, bar.Context.Bar + 1, bar.Context.X + bar.Context.Width);
+    }
+    if (bar.Context.Info().RepeatClose > 0) {
+        picture.SetFont(SmallFont);
+        const double right = bar.Right() - 4;
+        const double width = picture.TextWidth(std::to_string(bar.Context.Info().RepeatClose) + "x");
+        bar.Around.Take({right - width, bar.Context.Y - 11.0, right, bar.Context.Y - 4.0, true});
+    }
+    for (const PlacedSign& sign : SignsOf(bar.Context)) bar.Around.Take(SignArea(picture, sign));
+    TakeOverhang(picture, bar);
+}
+
+void DrawTexts(Picture& picture, TabBar& bar) {
+    const Font font = TextFont(bar.Context.File);
+    for (int at = 0; at < bar.StrumCount(); ++at) {
+        const Core::Strum& strum = bar.Strum(at);
+        const double left = bar.Column(at) - TextLead;
+        if (!strum.Text.empty()) {
+            picture.SetFont(font);
+            const Area area = TextPlace(bar, left, picture.TextWidth(strum.Text) + 3);
+            picture.Print(area.Left, area.Top + HalfText + 4, strum.Text, Anchor::Left);
+            bar.Around.Take(area);
+        }
+        if (!strum.GotoText.empty()) {
+            picture.SetFont(SmallFont);
+            const double width = picture.TextWidth(strum.GotoText) + 4;
+            const Area area = TextPlace(bar, left, width + 1);
+            picture.Print(area.Left + 2, area.Top + HalfText + 3, strum.GotoText, Anchor::Left);
+            picture.Polyline({{area.Left, area.Top},
+                              {area.Left + width, area.Top},
+                              {area.Left + width, area.Bottom},
+                              {area.Left, area.Bottom},
+                              {area.Left, area.Top}});
+            bar.Around.Take(area);
+        }
+    }
+}
+
+}  // namespace Quillon::Drawing

@@ -1,0 +1,290 @@
+// What is drawn for each technique, as logs to be read.
+#include "drawing/mod_HighLevelDrawing.h"
+#include "drawing/mod_TabDrawing.h"
+#include "exchange/JsonDocument.h"
+#include "platform/Services.h"
+#include "platform/headless/MemoryStore.h"
+#include "platform/headless/PictureLog.h"
+#include "tests/support/Golden.h"
+
+using namespace Quillon;
+using namespace Quillon::Drawing;
+
+namespace {
+
+constexpr int X = 100, Y = 200, Step = 40;
+
+/// Bars of a tab-only track beside each other, their columns 40 pixels apart.
+struct Score {
+    Core::TabFile File;
+
+    explicit Score(std::initializer_list<int> strums, bool rowBreak = false) {
+        Core::Track& track = File.Tracks[0];
+        track.ShowTreble = false;
+        track.Bars.Resize(static_cast<int>(strums.size()));
+        File.BarInfos.Resize(static_cast<int>(strums.size()));
+        int index = 0;
+        int x = X;
+        for (const int count : strums) {
+            Core::Bar& bar = track.Bars.Edit(index);
+            bar.EditStrums().Resize(count);
+            Core::BarPlace& place = bar.Place;
+            place.BarX = static_cast<std::int16_t>(x);
+            place.BarY = rowBreak && index > 0 ? Y + 150 : Y;
+            place.BarWidth = static_cast<std::int16_t>(9 + Step * count);
+            place.StrumX.Resize(count);
+            for (int i = 0; i < count; ++i) place.StrumX[i] = static_cast<std::int16_t>(x + 9 + Step * i);
+            x = rowBreak ? X : x + place.BarWidth;
+            ++index;
+        }
+    }
+    Core::Strum& At(int strum, int bar = 0) { return File.Tracks[0].Bars.Edit(bar).EditStrums()[strum]; }
+    Core::Note& Note(int strum, int string, const char* fret, int bar = 0) {
+        Core::Note& note = At(strum, bar).Notes.Edit(string);
+        note.Fret = fret;
+        return note;
+    }
+    std::string Drawn() const {
+        PictureLog log;
+        for (int bar = 0; bar <= File.Tracks[0].Bars.UpperBound(); ++bar) {
+            const Core::BarPlace& place = File.Tracks[0].Bars[bar].Place;
+            log.Remark("-- bar " + std::to_string(bar));
+            const BarContext context{File, 0, bar, place.BarX, place.BarY, place.BarWidth};
+            DrawBarStrums(log, context);
+            DrawBarMarks(log, context);
+        }
+        return log.Text();
+    }
+};
+
+void Bend(Core::Note& note, std::initializer_list<double> points) {
+    note.HasBend = true;
+    auto& curve = note.BendPoints.Edit();
+    int i = 0;
+    double last = 0;
+    for (const double point : points) curve[i++] = last = point;
+    while (i < Core::BendPointCount) curve[i++] = last;
+}
+
+void Check(const char* name, const Score& score) {
+    Testing::CheckGolden(std::string("drawing/") + name + ".txt", score.Drawn());
+}
+
+}  // namespace
+
+TEST(TabDrawing, FiguresHaveWhiteBoxesOfTheirWidth) {
+    Score score({3});
+    score.Note(0, 0, "0");
+    score.Note(0, 5, "12");
+    Core::Note& note = score.Note(1, 2, "7");
+    note.Ghost = note.LetRing = true;
+    note.Harmonic = Core::PitchHarmonic;
+    score.Note(2, 6, "3");  // a string that the track does not use
+    Check("figures", score);
+}
+
+TEST(TabDrawing, HammerOnsPullOffsAndTies) {
+    Score score({4, 1});
+    score.Note(0, 2, "5").Technique = Core::HammerOnPullOff;
+    score.Note(1, 2, "7").Technique = Core::HammerOnPullOff;
+    score.Note(2, 2, "5").Tied = true;
+    score.Note(0, 0, "5").Technique = Core::HammerOnPullOff;  // meets a note two columns on
+    score.Note(2, 0, "x");
+    score.Note(3, 1, "3").Tied = true;     // over the bar line
+    score.Note(0, 1, "3", 1).Tied = true;  // to nothing
+    Check("links", score);
+}
+
+TEST(TabDrawing, LinksGoOnInTheNextRow) {
+    Score score({1, 1}, true);
+    score.Note(0, 2, "5").Technique = Core::HammerOnPullOff;
+    score.Note(0, 2, "7", 1);
+    score.Note(0, 4, "5").Technique = Core::LegatoSlide;
+    score.Note(0, 4, "3", 1);
+    Check("links-over-rows", score);
+}
+
+TEST(TabDrawing, Slides) {
+    Score score({6, 1});
+    score.Note(0, 1, "5").Technique = Core::SlideUp;
+    score.Note(1, 1, "5").Technique = Core::SlideDown;
+    score.Note(2, 1, "12").Technique = Core::SlideIntoUp;
+    score.Note(3, 1, "5").Technique = Core::SlideIntoDown;
+    score.Note(4, 1, "5").Technique = Core::LegatoSlide;
+    score.Note(5, 1, "7").Technique = Core::LegatoSlide;
+    score.Note(0, 1, "4", 1).Technique = Core::SlideIntoUp;
+    Check("slides", score);
+}
+
+TEST(TabDrawing, BendsReleasesAndBendsHeldFromTheStart) {
+    Score score({5});
+    Bend(score.Note(0, 1, "7"), {0, 2, 4, 6, 8});
+    Bend(score.Note(0, 2, "7"), {0, 2, 4, 6, 8});  // shares the amount
+    Bend(score.Note(1, 1, "7"), {0, 4, 4, 4, 2, 0});
+    Bend(score.Note(2, 1, "7"), {8});
+    Bend(score.Note(3, 1, "7"), {8, 8, 4, 4, 4, 12});
+    Bend(score.Note(4, 1, "7"), {0});
+    Check("bends", score);
+}
+
+TEST(TabDrawing, MarksStackUpwardInTheirOrder) {
+    Score score({2});
+    Core::Note& note = score.Note(0, 0, "12");
+    note.Accentuate = true;
+    note.Technique = Core::Staccato;
+    note.Harmonic = Core::ArtificialHarmonic12;
+    note.LetRing = true;
+    note.HasTrill = true;
+    note.TrillFret = 14;
+    score.At(0).Technique = Core::Vibrato;
+    score.At(0).HasTrem = true;
+    score.At(0).TremRange = "1½";
+    score.At(0).TremPoints.Edit()[3] = -4;
+    score.At(0).Text = "rit.";
+    score.At(0).GotoText = "A";
+    Check("stack", score);
+}
+
+TEST(TabDrawing, RunsPassBarLinesAndLeaveBarNumbersReadable) {
+    Score score({3, 2, 1});
+    for (const auto& [strum, bar] : {std::pair{1, 0}, {2, 0}, {0, 1}, {1, 1}, {0, 2}}) {
+        score.Note(strum, 4, "2", bar);
+        score.At(strum, bar).Technique = bar == 2 ? Core::WideVibrato : Core::PalmMute;
+    }
+    score.Note(0, 4, "2", 1).Accentuate = true;  // the run goes over it
+    Check("runs", score);
+}
+
+TEST(TabDrawing, SingleMarks) {
+    Score score({5});
+    int strum = 0;
+    for (const int technique : {Core::Tapping, Core::Slapping, Core::Popping, Core::FadeIn}) {
+        score.Note(strum, 3, "2");
+        score.At(strum++).Technique = technique;
+    }
+    score.Note(4, 3, "2");
+    score.At(4).HasTrem = true;
+    for (double& point : score.At(4).TremPoints.Edit()) point = 8;  // raised and held
+    Check("single-marks", score);
+}
+
+TEST(TabDrawing, GraceNotesStrokesAndSlashes) {
+    Score score({5});
+    for (const int strum : {0, 1}) {
+        Core::Note& note = score.Note(strum, 1, "7");
+        note.HasGrace = true;
+        note.GraceFret = "5";
+        score.Note(strum, 4, "10");
+        score.At(strum).Stroke = 1 + strum;
+    }
+    score.At(2).Stroke = 2;
+    score.At(3).Hash = 1;
+    score.At(4).Hash = 1;
+    score.Note(4, 0, "1");
+    Check("note-signs", score);
+}
+
+TEST(TabDrawing, FingersTremoloPickingAndDynamicsStandBelow) {
+    Score score({4, 2});
+    Core::Note& low = score.Note(0, 5, "3");
+    low.LeftFinger = 4;
+    low.RightFinger = 1;
+    low.Technique = Core::TremoloPicking16ths;
+    Core::Note& high = score.Note(0, 0, "0");
+    high.LeftFinger = 1;
+    high.RightFinger = 4;
+    score.Note(1, 0, "0").Dynamic = 7;
+    score.Note(2, 0, "0").Dynamic = 7;
+    score.Note(3, 0, "0").Dynamic = 3;
+    score.Note(3, 1, "0").Dynamic = 7;  // the loudest counts
+    score.Note(1, 0, "0", 1);           // back to the unmarked dynamic
+    Check("below", score);
+}
+
+TEST(TabDrawing, ChordsWithChartsAndWithout) {
+    Score score({4});
+    const auto chord = [&](int strum, const char* name, std::initializer_list<std::string> frets, int base) {
+        Core::Strum& column = score.At(strum);
+        column.HasChord = true;
+        column.ChordName = name;
+        column.ChordFrets.Edit() = Core::Row<std::string, Core::StringCount>(frets);
+        column.ChordValueA = static_cast<std::int16_t>(base);
+    };
+    chord(0, "C", {"0", "1", "0", "2", "3", "x"}, 0);
+    chord(1, "Bm", {"0", "1", "2", "2", "0", "x"}, 7);
+    score.At(1).ChordFlag = true;
+    chord(2, "N.C.", {}, 0);
+    chord(3, "G5", {"x", "x", "5", "5", "3", "99999999999"}, 0);
+    Check("chords", score);
+    score.File.AlwaysCharts = false;
+    Check("chords-without-charts", score);
+}
+
+TEST(TabDrawing, TextsAvoidSignsMarksAndEachOther) {
+    Score score({3, 1});
+    score.File.BarInfos.Edit(0).Segno = 1;
+    score.File.BarInfos.Edit(1).ToCoda = 1;
+    score.File.BarInfos.Edit(1).DalSegno = 1;
+    score.At(0).Text = "Moderato";
+    score.At(1).Text = "a longer direction";
+    score.At(2).Text = "this one reaches into the next bar";
+    score.At(0, 1).Text = "here";
+    Check("texts", score);
+}
+
+TEST(TabDrawing, FramesOfEveryKind) {
+    PictureLog log;
+    const struct {
+        const char* Name;
+        bool Treble, Bass, Tab, Figures, Opens;
+        int Closes, Strings, Bar;
+    } rows[] = {{"tab with figures", false, false, true, true, false, 0, 6, 0},
+                {"treble and tab, repeated", true, false, true, false, true, 3, 7, 0},
+                {"all staves, figures", true, true, true, true, true, 0, 4, 0},
+                {"bass at the end", false, true, false, false, false, 0, 6, 1},
+                {"one string", false, false, true, false, true, 2, 1, 1},
+                {"nothing shown", false, false, false, true, false, 0, 6, 0}};
+    for (const auto& row : rows) {
+        Score score({2, 2});
+        Core::Track& track = score.File.Tracks[0];
+        track.ShowTreble = row.Treble;
+        track.ShowBass = row.Bass;
+        track.ShowTab = row.Tab;
+        track.Strings = static_cast<std::int16_t>(row.Strings);
+        score.File.BarInfos.Edit(row.Bar).RepeatOpen = row.Opens;
+        score.File.BarInfos.Edit(row.Bar).RepeatClose = static_cast<std::int16_t>(row.Closes);
+        const Core::BarPlace& place = track.Bars[row.Bar].Place;
+        track.Bars[row.Bar].Place.ShowTimeSig = row.Figures;
+        log.Remark(std::string("-- ") + row.Name);
+        DrawBarFrame(log, {score.File, 0, row.Bar, place.BarX, place.BarY, place.BarWidth});
+    }
+    Testing::CheckGolden("drawing/frames.txt", log.Text());
+}
+
+TEST(TabDrawing, LyricsShrinkUntilTheyStandClear) {
+    Score score({4, 2});
+    const auto syllable = [&](int strum, int line, const char* text, int bar = 0) {
+        score.At(strum, bar).Length = 2;
+        score.At(strum, bar).Syllables.Edit()[line] = text;
+    };
+    for (int strum = 0; strum < 4; ++strum) syllable(strum, 0, strum == 1 ? "won" : "Twin");
+    syllable(0, 4, "last");
+    syllable(0, 0, "like", 1);
+    PictureLog log;
+    for (const int bar : {0, 1}) {
+        const Core::BarPlace& place = score.File.Tracks[0].Bars[bar].Place;
+        DrawLyrics(log, {score.File, 0, bar, place.BarX, place.BarY, place.BarWidth}, 0);
+    }
+    Testing::CheckGolden("drawing/lyrics.txt", log.Text());
+}
+
+TEST(TabDrawing, ThousandsOfStrumsOnOneSpotDoNotHang) {
+    Score score({4000});
+    for (int strum = 0; strum < 4000; ++strum) {
+        Core::Note& note = score.Note(strum, 0, "1");
+        note.Accentuate = note.LetRing = note.Tied = true;
+        score.At(strum).Text = "x";
+        score.File.Tracks[0].Bars[0].Place.StrumX[strum] = X;
+    }
+    EXPECT_FALSE(score.Drawn().empty());
+}
