@@ -186,9 +186,17 @@ constexpr const char* DrumSounds[] = {"-",
                                       "Open Triangle"};
 static_assert(std::size(DrumSounds) == 47);
 
+// Small and capital letters are different sounds, and their fields have names of their own history.
+constexpr PercussionLetter Letters[] = {
+    {"F", &PercAssignment::dbf}, {"O", &PercAssignment::dbo}, {"S", &PercAssignment::dbs}, {"X", &PercAssignment::dbx},
+    {"c", &PercAssignment::dlc}, {"f", &PercAssignment::dlf}, {"o", &PercAssignment::dlo}, {"r", &PercAssignment::dlr},
+    {"s", &PercAssignment::dls}, {"t", &PercAssignment::dlt}, {"x", &PercAssignment::dlx}, {"~", &PercAssignment::dro},
+};
+
 }  // namespace
 
 std::span<const char* const> InstrumentNames() { return Instruments; }
 std::span<const char* const> DrumSoundNames() { return DrumSounds; }
+std::span<const PercussionLetter> PercussionLetters() { return Letters; }
 
 }  // namespace Quillon::Core

@@ -11,12 +11,13 @@ namespace Quillon::Shell {
 struct Command {
     enum class Kind : std::uint8_t { Plain, RecentFiles };
 
-    std::string_view Name;      ///< of the menu item: "mnuFileNew" is handled by mnuFileNew_Click
-    std::string_view Menu;      ///< text keys of the menu and its submenus, joined by "/"
-    std::string_view Text;      ///< text key of the caption
-    std::string_view Shortcut;  ///< as "Ctrl+Shift+S", "" for none; further ones follow behind a blank
-    std::string_view Icon;      ///< name of an SVG icon without its ending, "" for none
-    std::string_view Toolbar;  ///< the toolbar that shows it: "File" is the "File Toolbar" of the settings; "" for none
+    std::string_view Name = {};      ///< of the menu item: "mnuFileNew" is handled by mnuFileNew_Click
+    std::string_view Menu = {};      ///< text keys of the menu and its submenus, joined by "/"
+    std::string_view Text = {};      ///< text key of the caption
+    std::string_view Shortcut = {};  ///< as "Ctrl+Shift+S", "" for none; further ones follow behind a blank
+    std::string_view Icon = {};      ///< name of an SVG icon without its ending, "" for none
+    std::string_view Toolbar =
+        {};  ///< the toolbar that shows it: "File" is the "File Toolbar" of the settings; "" for none
     bool SeparatorBefore = false;
     void (*Run)() = nullptr;
     bool (*Enabled)() = nullptr;  ///< nothing: always

@@ -40,14 +40,15 @@ struct TrackPropertiesModel {
     void Load(int track);
     std::string_view Validate() const;
     bool Apply() const;
-    /// Takes a General MIDI program with its name; a drum track has none.
+    /// Takes a General MIDI program 0 to 127 with its name; raises outside.
     void ChooseInstrument(int program);
 };
 
 struct OptionsModel {
-    Core::SettingsRecord Settings;
+    Core::SettingsRecord Settings;  ///< AutoScroll and AutoPageStretch are edited
     std::int16_t MinTabX = 0;
     std::int16_t MaxTabX = 0;
+    std::int16_t Theme = 0;  ///< as ProgramState::Theme
     std::string Language;
     std::vector<std::string> Languages;  ///< to choose from
 
@@ -57,7 +58,7 @@ struct OptionsModel {
 };
 
 struct PageSetupModel {
-    Drawing::PageSetup Page;
+    Drawing::PageSetup Page;  ///< a copy, of which paper, orientation, margins and scale are edited
 
     void Load();
     std::string_view Validate() const;

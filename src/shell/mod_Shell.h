@@ -3,7 +3,9 @@
 // The window implements ShellView and Dialogs and forwards; every decision stands here, where a test reaches it.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -34,6 +36,8 @@ struct ShellView {
     virtual void UpdateZoom() = 0;
     /// Captions are to be set anew from the language.
     virtual void LanguageChanged() = 0;
+    /// Windows take the colours of Program.Theme.
+    virtual void ThemeChanged() = 0;
     /// Splitters, toolbars and the window take their kept places.
     virtual void RestorePlaces() = 0;
     /// The splash window goes and the main window comes.
@@ -67,29 +71,34 @@ struct ProgramState {
     Shell::Dialogs* Dialogs = nullptr;
     bool PasswordGiven = false;  ///< the open file's password was given since it was opened
     int ZoomPercent = 100;       ///< of the painting alone; the layout's pixels stay
+    std::int16_t Theme = 0;      ///< 0 as the system, 1 light, 2 dark
 };
 extern ProgramState Program;
 
 // Start and stop -----------------------------------------------------------------------------------------------------
 
 /// The base folder: --base, else QUILLON_BASE, else the program's own folder when QL4.ini or Data stands there, else
-/// the user's data folder. `own` and `environment` are given so that a test can.
+/// quillon in the user's data folder. `environment` gives a variable's value or nothing, as std::getenv.
 std::filesystem::path BaseFolder(const std::string& baseOption, const std::filesystem::path& programFolder,
-                                 const char* (*environment)(const char* name));
+                                 const std::function<const char*(const char*)>& environment);
 
-/// One step of the start or the stop.
+/// One step of the start or the stop. False ends the list: a stop that was refused.
 struct Step {
     const char* Name;
-    /// False ends the list: a stop that was refused.
-    bool (*Run)(const std::string& commandLineFile);
+    std::function<bool()> Run;
 };
+/// The steps in their order; later ones build on what earlier ones made.
+std::vector<Step> StartSteps(const std::string& commandLineFile);
+std::vector<Step> StopSteps();
 
-/// Starts the system in the order of its list. Services and Program are filled before. A step that raises shows its
-/// message, and the start goes on.
+/// Starts the system. Services and Program are filled before. A step that raises shows its message, and the start goes
+/// on. `commandLineFile` is a path or "".
 void Start(const std::string& commandLineFile);
 /// Asks about changes, then ends the system: settings written, scratch files deleted. False when the person chose to
 /// stay; the window then stays too.
 bool Stop();
+/// Deletes \Data\temp and \Data\temp2, unless another program on this base folder is at them.
+void DelTempFiles();
 
 // The open document and its file -------------------------------------------------------------------------------------
 
@@ -107,13 +116,21 @@ bool OpenDroppedFile(const std::filesystem::path& path);
 /// Saves under a name; holds it as the document's from then on. False when it was not saved.
 bool SaveFileAs(const std::filesystem::path& path);
 
+/// The document was replaced by another: caption, track list, scroll bars and the painting follow.
+void DocumentReplaced();
+
 void mnuFileNew_Click();
 void mnuFileOpen_Click();
-bool mnuFileSave_Click();
-bool mnuFileSaveAs_Click();
+bool mnuFileSave_Click();    ///< false when it was not saved
+bool mnuFileSaveAs_Click();  ///< likewise
 void mnuFileProperties_Click();
 void mnuFilePageSetup_Click();
+void mnuFileExportPicture_Click();
+void mnuFileOptions_Click();
 void mnuFileExit_Click();
+
+/// What the act raises becomes a message box; false then.
+bool Guarded(const std::function<void()>& act);
 
 /// The path in its absolute, plain form, links within it kept. "file://" addresses are taken too.
 std::filesystem::path GetLongFilename(const std::string& path);
@@ -135,6 +152,10 @@ void mnuFileOpenRecentItem_Click(int index);
 
 // The view -----------------------------------------------------------------------------------------------------------
 
+constexpr int LeastTabX = 1;  ///< limits of MinTabX and MaxTabX, pixels
+constexpr int MostTabX = 1000;
+constexpr int MostMargin = 600;  ///< of a page, pixels
+constexpr int MostTheme = 2;
 constexpr int LeastZoom = 50;
 constexpr int MostZoom = 400;
 /// Goes that many steps up or down the list of zooms: Ctrl with the wheel.
@@ -145,11 +166,21 @@ void mnuViewZoomOut_Click();
 void mnuViewZoom100_Click();
 /// Makes a track the current one and shows it; a bad index does nothing.
 void ShowTrack(int track);
+void mnuTrackProperties_Click();
+void mnuTrackNext_Click();
+void mnuTrackPrevious_Click();
 
 /// Toolbars go by the name that Command::Toolbar holds. Whether they show and are docked is kept in the settings.
 bool IsToolbarVisible(std::string_view toolbar);
 void SetToolbarVisible(std::string_view toolbar, bool visible);
 bool IsToolbarDocked(std::string_view toolbar);
 void SetToolbarDocked(std::string_view toolbar, bool docked);
+
+/// Hands the settings to the modules that work by them.
+void ApplySettings();
+/// What the store keeps beside QL4.ini: spacing limits, page setup, zoom and theme. A damaged value has its first-run
+/// one.
+void LoadStoredState();
+void SaveStoredState();
 
 }  // namespace Quillon::Shell

@@ -1,0 +1,105 @@
+// The start and the stop of the system, each one list of steps in the order that they need.
+#include "core/mod_Language.h"
+#include "core/mod_Settings.h"
+#include "core/mod_TabFileManipulation.h"
+#include "drawing/mod_PageLayout.h"
+#include "platform/FileSystem.h"
+#include "platform/Services.h"
+#include "platform/SettingsStore.h"
+#include "shell/Recovery.h"
+#include "shell/mod_Shell.h"
+
+namespace Quillon::Shell {
+
+namespace fs = std::filesystem;
+using Core::Open;
+
+namespace {
+
+fs::path DataFolder() { return Services.BaseFolder / "Data"; }
+
+bool NewDocument() {
+    Core::NewTabFile();
+    Open.FileName.clear();
+    return true;
+}
+
+bool FirstRun() {
+    if (Core::INISettingsExist()) return true;
+    Core::SetDefaultVars();
+    Core::SaveINISettings();
+    Services.Settings->Flush();
+    return true;
+}
+
+bool OpenCommandLineFile(const std::string& file) {
+    if (!file.empty()) OpenFileByEnding(GetLongFilename(file));
+    Open.FileChanged = false;
+    return true;
+}
+
+bool ShowAll() {
+    DocumentReplaced();
+    Program.View->ThemeChanged();
+    Program.View->RestorePlaces();
+    Program.View->FillRecentFiles();
+    Program.View->UpdateZoom();
+    return true;
+}
+
+bool WriteSettings() {
+    Core::SaveINISettings();
+    SaveStoredState();
+    Services.Settings->Flush();
+    return true;
+}
+
+}  // namespace
+
+std::vector<Step> StartSteps(const std::string& commandLineFile) {
+    return {
+        {"Language", [] { return Core::LoadLanguage(*Services.Files, Services.BaseFolder), true; }},
+        {"Data folder", [] { return Services.Files->MakeFolder(DataFolder()), true; }},
+        {"Language files", [] { return Core::InstallLanguages(*Services.Files, Services.BaseFolder), true; }},
+        {"Settings", [] { return Core::LoadINISettings(), true; }},
+        {"Stored state", [] { return LoadStoredState(), true; }},
+        {"New document", NewDocument},
+        {"First run", FirstRun},
+        {"Command line", [commandLineFile] { return OpenCommandLineFile(commandLineFile); }},
+        {"Show document", ShowAll},
+        {"Show window", [] { return Program.View->ShowWindow(), true; }},
+        // Asked over the window, so that a person sees which program it is that asks.
+        {"Recovery", [] { return OfferRecovery(), true; }},
+    };
+}
+
+std::vector<Step> StopSteps() {
+    return {
+        {"Ask about changes", ContinueWithOp},
+        {"Settings", WriteSettings},
+        {"Scratch files", [] { return DelTempFiles(), true; }},
+        {"Recovery", [] { return EndRecovery(), true; }},
+    };
+}
+
+void Start(const std::string& commandLineFile) {
+    for (const Step& step : StartSteps(commandLineFile)) Guarded([&] { step.Run(); });
+}
+
+bool Stop() {
+    for (const Step& step : StopSteps()) {
+        bool goOn = true;
+        Guarded([&] { goOn = step.Run(); });
+        if (!goOn) return false;
+    }
+    return true;
+}
+
+void DelTempFiles() {
+    if (!Services.Files->Exists(DataFolder())) return;
+    const auto lock = Services.Files->TryLock(DataFolder() / "temp.lock");
+    if (!lock) return;
+    for (const char* name : {"temp", "temp2", "temp.lock"}) Services.Files->Delete(DataFolder() / name);
+}
+
+}  // namespace Quillon::Shell

@@ -1,0 +1,86 @@
+#include "core/mod_Common.h"
+#include "core/mod_Instruments.h"
+#include "core/mod_TabFileManipulation.h"
+#include "drawing/mod_PageLayout.h"
+#include "editing/mod_Cursor.h"
+#include "shell/DialogModels.h"
+
+namespace Quillon::Shell {
+
+using Core::Open;
+using Core::PercAssignment;
+using Core::StringCount;
+
+namespace {
+
+constexpr int MostVolume = 127;
+constexpr int MostChannel = 15;
+constexpr int MostCapo = 24;
+
+bool InRange(int value, int most) { return value >= 0 && value <= most; }
+
+/// The track that the model stands for, its tuning taken from the note names.
+Core::Track Result(const TrackPropertiesModel& model) {
+    Core::Track track = model.Track;
+    for (int s = 0; s < StringCount; ++s) {
+        const int pitch = Core::PitchOfNoteName(model.OpenNotes[s]);
+        // A name left as it was loaded may stand for a pitch that no name can be typed for.
+        if (pitch >= 0) track.Tuning[s] = Core::ToInt16(pitch - Core::StandardPitches[s]);
+    }
+    track.Bars = Open.TabFile.Tracks[model.Index].Bars;
+    return track;
+}
+
+}  // namespace
+
+void TrackPropertiesModel::Load(int track) {
+    Index = track;
+    Track = Open.TabFile.Tracks[track];
+    for (int s = 0; s < StringCount; ++s) OpenNotes[s] = Core::NoteName(Core::OpenPitch(Track, s));
+    TrackNames.clear();
+    for (const Core::Track& each : Open.TabFile.Tracks) TrackNames.push_back(each.Name);
+}
+
+void TrackPropertiesModel::ChooseInstrument(int program) {
+    if (!InRange(program, static_cast<int>(Core::InstrumentNames().size()) - 1)) RaiseSubscriptOutOfRange();
+    Track.Instrument = static_cast<std::int16_t>(program);
+    Track.InstrumentName = Core::InstrumentNames()[static_cast<std::size_t>(program)];
+}
+
+std::string_view TrackPropertiesModel::Validate() const {
+    if (!InRange(Track.Volume, MostVolume) || !InRange(Track.ChordVolume, MostVolume)) return "str_VolumeOutOfRange";
+    if (!InRange(Track.Instrument, 127)) return "str_InstrumentOutOfRange";
+    if (!InRange(Track.Channel, MostChannel) || !InRange(Track.EffectChannel, MostChannel)) {
+        return "str_ChannelOutOfRange";
+    }
+    if (Track.Strings < 1 || Track.Strings > StringCount) return "str_StringsOutOfRange";
+    if (!InRange(Track.Capo, MostCapo)) return "str_CapoOutOfRange";
+    for (int s = 0; s < Track.Strings; ++s) {
+        const bool unchanged = OpenNotes[s] == Core::NoteName(Core::OpenPitch(Track, s));
+        if (!unchanged && Core::PitchOfNoteName(OpenNotes[s]) < 0) return "str_TuningUnknown";
+    }
+    if (Track.LyricsOfOtherTrack == 1 && !InRange(Track.LyricsTrack, Open.TabFile.Tracks.UpperBound())) {
+        return "str_LyricsTrackMissing";
+    }
+    if (Track.OctaveUp && Track.OctaveDown) return "str_OctaveBothWays";
+    if (!Track.ShowTreble && !Track.ShowBass && !Track.ShowTab) return "str_NothingShown";
+    const int mostSound = static_cast<int>(Core::DrumSoundNames().size()) - 1;
+    for (const PercAssignment& assignment : Track.PercStrings) {
+        for (const Core::PercussionLetter& letter : Core::PercussionLetters()) {
+            if (!InRange(assignment.*letter.Sound, mostSound)) return "str_DrumSoundOutOfRange";
+        }
+    }
+    return "";
+}
+
+bool TrackPropertiesModel::Apply() const {
+    Core::Track track = Result(*this);
+    if (track == Open.TabFile.Tracks[Index]) return false;
+    Open.TabFile.Tracks[Index] = std::move(track);
+    Open.FileChanged = true;
+    Drawing::Page.LayoutDirty = 1;
+    Editing::ClampCursor();
+    return true;
+}
+
+}  // namespace Quillon::Shell
