@@ -1,0 +1,128 @@
+#include <algorithm>
+
+#include "core/mod_TabFileManipulation.h"
+#include "drawing/mod_HighLevelDrawing.h"
+#include "platform/MessageBox.h"
+#include "platform/RunTimeError.h"
+#include "platform/Services.h"
+#include "platform/headless/PictureLog.h"
+
+using namespace Quillon;
+using namespace Quillon::Drawing;
+using Core::Open;
+
+namespace {
+
+struct CountingBox final : MessageBox {
+    Answer Show(const std::string&, const std::string&, Buttons, BoxIcon) override {
+        ++Shown;
+        return Answer::Ok;
+    }
+    int Shown = 0;
+};
+
+class DrawDocumentTest : public testing::Test {
+protected:
+    void SetUp() override {
+        Open = {};
+        Page = {};
+        View = {};
+        Services.Messages = &box;
+        Core::Track& track = Open.TabFile.Tracks[0];
+        track.ShowTreble = false;
+        track.Bars.Resize(200);
+        Open.TabFile.BarInfos.Resize(200);
+        for (int bar = 0; bar < 200; ++bar) {
+            Core::SetBarStrums(track.Bars.Edit(bar), 3);
+            for (Core::Strum& strum : track.Bars.Edit(bar).EditStrums()) strum.Length = 2;
+            track.Bars.Edit(bar).EditStrums()[0].Notes.Edit(bar % 6).Fret = std::to_string(bar % 25);
+        }
+    }
+    void TearDown() override { Services.Messages = nullptr; }
+
+    static std::string Draw() {
+        PictureLog log;
+        DrawDocument(log);
+        return log.Text();
+    }
+    static bool CursorRowInView() {
+        const Core::BarPlace& place = Core::ReadBar(0, Open.CurBar).Place;
+        return place.BarY >= 0 && place.BarY + RowHeight(Open.TabFile.Tracks[0]) <= View.ScaleHeight;
+    }
+
+    CountingBox box;
+};
+
+}  // namespace
+
+TEST_F(DrawDocumentTest, TheFastPassPaintsWhatTheFullPassPaints) {
+    View.VScroll = 60;
+    View.FollowCursor = false;
+    Page.LayoutDirty = 1;
+    const std::string full = Draw();
+    EXPECT_EQ(Page.LayoutDirty, 0);
+    EXPECT_EQ(Draw(), full);
+    Page.LayoutDirty = 1;
+    EXPECT_EQ(Draw(), full);
+}
+
+TEST_F(DrawDocumentTest, ScrollingFollowsTheCursorDownAndUp) {
+    Draw();
+    for (const std::int16_t bar : std::initializer_list<std::int16_t>{20, 60, 199, 120, 3}) {
+        Open.CurBar = bar;
+        Draw();
+        EXPECT_TRUE(CursorRowInView()) << bar << " at " << Core::ReadBar(0, bar).Place.BarY;
+    }
+    EXPECT_LE(View.VScroll, View.VScrollMax);
+    View.FollowCursor = false;
+    View.VScroll = View.VScrollMax;
+    Draw();
+    EXPECT_EQ(View.VScroll, View.VScrollMax);
+    EXPECT_FALSE(CursorRowInView());
+}
+
+TEST_F(DrawDocumentTest, AnotherTrackOrAnotherViewIsLaidOutAfresh) {
+    Open.TabFile.Tracks.Add(Open.TabFile.Tracks[0]);
+    Open.TabFile.Tracks[1].Bars.Edit(0).EditStrums().Resize(1);
+    View.VScroll = 2;
+    Draw();
+    const int x = Core::ReadBar(0, 0).Place.BarX;
+    Open.CurTrack = 1;
+    Draw();
+    EXPECT_NE(Core::ReadBar(1, 0).Place.BarWidth, Core::ReadBar(0, 0).Place.BarWidth);
+    Open.CurTrack = 0;
+    View.ScaleWidth += 200;
+    Draw();
+    EXPECT_EQ(Core::ReadBar(0, 0).Place.BarX, x + 100);
+}
+
+TEST_F(DrawDocumentTest, EveryBarStandsOnOnePage) {
+    const int pages = CountPages(0);
+    EXPECT_GT(pages, 1);
+    int bars = 0;
+    for (int page = 0; page < pages; ++page) {
+        PictureLog log;
+        DrawPage(log, 0, page);
+        for (const Core::Bar& bar : Open.TabFile.Tracks[0].Bars) bars += bar.Place.Page == page ? 1 : 0;
+    }
+    EXPECT_EQ(bars, 200);
+    EXPECT_EQ(Page.LayoutDirty, 1);
+}
+
+TEST_F(DrawDocumentTest, APageTooSmallIsToldOnceAndDrawnEmpty) {
+    Open.TabFile.RowSpacing = 2000;
+    Draw();
+    Draw();
+    EXPECT_EQ(box.Shown, 1);
+    EXPECT_EQ(LastPage(), 0);
+    EXPECT_EQ(Core::ReadBar(0, 0).Place.Page, -1);
+    Open.TabFile.RowSpacing = 100;
+    Draw();
+    EXPECT_EQ(Core::ReadBar(0, 0).Place.Page, 0);
+}
+
+TEST_F(DrawDocumentTest, AColumnPast32767Overflows) {
+    Core::SetBarStrums(Open.TabFile.Tracks[0].Bars.Edit(0), 9999);
+    for (Core::Strum& strum : Open.TabFile.Tracks[0].Bars.Edit(0).EditStrums()) strum.Length = 0;
+    EXPECT_THROW(Draw(), RunTimeError);
+}
