@@ -21,9 +21,11 @@ fs::path ScratchFile(const char* name) { return Services.BaseFolder / "Data" / n
 fs::path Temp() { return ScratchFile("temp"); }
 fs::path Temp2() { return ScratchFile("temp2"); }
 
+fs::path TempLock() { return ScratchFile("temp.lock"); }
+
 std::unique_ptr<FileLock> LockScratchFiles() {
     Services.Files->MakeFolder(Services.BaseFolder / "Data");
-    return Services.Files->Lock(ScratchFile("temp.lock"));
+    return Services.Files->Lock(TempLock());
 }
 
 clsCryptAPI Crypt() { return {*Services.Files, *Services.StreamCipher}; }
@@ -48,6 +50,13 @@ bool MaySave(const fs::path& path) {
 }
 
 }  // namespace
+
+void DeleteScratchFiles() {
+    if (!Services.Files->Exists(TempLock())) return;  // never used
+    const auto lock = Services.Files->TryLock(TempLock());
+    if (!lock) return;
+    for (const fs::path& file : {Temp(), Temp2(), TempLock()}) Services.Files->Delete(file);
+}
 
 std::string DecipherMusicFile(std::string_view fileBytes) {
     return Crypt().DecryptByte(fileBytes, MusicFilePassPhrase);

@@ -96,6 +96,8 @@ bool ForceSaveFile(const std::filesystem::path& path);
 void WriteTabFile();
 /// Parses the enciphered \Data\temp into the open document.
 OpenOutcome ReadTabFile();
+/// Deletes the scratch files and their lock, unless another program is using them.
+void DeleteScratchFiles();
 /// The plain text of a music file's bytes, and back.
 std::string DecipherMusicFile(std::string_view fileBytes);
 std::string EncipherMusicFile(std::string_view text);

@@ -1,0 +1,87 @@
+#include "cli/DocumentFiles.h"
+
+#include "cli/Commands.h"
+#include "core/mod_Common.h"
+#include "exchange/JsonDocument.h"
+#include "platform/FileSystem.h"
+#include "platform/RunTimeError.h"
+#include "platform/Services.h"
+
+namespace Quillon::Cli {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+Core::OpenOutcome OpenJson(const fs::path& path) {
+    const std::string bytes = Services.Files->Read(path);
+    try {
+        Core::Open = {};
+        Core::Open.TabFile = Exchange::ReadJson(bytes, *Services.Settings);
+    } catch (const RunTimeError& error) {
+        throw CommandFailure(path.string() + ": " + error.Description());
+    }
+    return Core::OpenOutcome::Opened;
+}
+
+bool WriteMusicFile(const fs::path& path, const ConvertOptions&) { return Core::ForceSaveFile(path); }
+
+bool WriteJsonFile(const fs::path& path, const ConvertOptions&) {
+    Services.Files->Replace(path, Exchange::WriteJson(Core::Open.TabFile));
+    return true;
+}
+
+constexpr DocumentReader Readers[] = {
+    {".qlm", &Core::ForceOpenFile},
+    {".ql4", &Core::ForceOpenFile},  // older files, which it tells
+    {".json", &OpenJson},
+};
+
+constexpr DocumentWriter Writers[] = {
+    {".qlm", &WriteMusicFile},
+    {".json", &WriteJsonFile},
+};
+
+/// The row of a path's ending.
+template <class Row>
+const Row& RowFor(std::span<const Row> rows, const fs::path& path, const char* what) {
+    const std::string ending = Core::LowerAscii(path.extension().string());
+    std::string known;
+    for (const Row& row : rows) {
+        if (row.Ending == ending) return row;
+        known.append(known.empty() ? "" : " ").append(row.Ending);
+    }
+    throw UsageError(path.string() + ": " + what + " files end in " + known);
+}
+
+}  // namespace
+
+std::span<const DocumentReader> DocumentReaders() { return Readers; }
+std::span<const DocumentWriter> DocumentWriters() { return Writers; }
+
+Core::OpenOutcome OpenDocument(const fs::path& path) {
+    const Core::OpenOutcome outcome = RowFor(DocumentReaders(), path, "input").Open(path);
+    if (outcome != Core::OpenOutcome::Opened && outcome != Core::OpenOutcome::Damaged) {
+        throw CommandFailure(path.string() + ": not opened");  // a box told why
+    }
+    return outcome;
+}
+
+void OpenWholeDocument(const fs::path& path) {
+    if (OpenDocument(path) != Core::OpenOutcome::Opened) {
+        throw CommandFailure(path.string() + ": the file is damaged; nothing was written");
+    }
+}
+
+const DocumentWriter& WriterFor(const fs::path& path) { return RowFor(DocumentWriters(), path, "output"); }
+
+void ChooseTrack(int track) {
+    const int tracks = Core::Open.TabFile.Tracks.Count();
+    if (track < 0 || track >= tracks) {
+        throw CommandFailure("track " + std::to_string(track) + ": the document has the tracks 0 to " +
+                             std::to_string(tracks - 1));
+    }
+    Core::Open.CurTrack = Core::ToInt16(track);
+}
+
+}  // namespace Quillon::Cli

@@ -1,0 +1,43 @@
+// Documents by the ending of their files: how each kind is opened and written.
+//
+// A new kind is a row in the tables of DocumentFiles.cpp; its work stands in a module of exchange/ or drawing/.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <span>
+#include <string_view>
+
+#include "core/mod_MusicFile.h"
+
+namespace Quillon::Cli {
+
+struct ConvertOptions {
+    std::optional<int> Track;  ///< from 0: the current track, for outputs that show one
+};
+
+struct DocumentReader {
+    std::string_view Ending;  ///< ".qlm", in small letters
+    /// Makes the file the open document. Raises what the file system raises, and RunTimeError for what can't be read.
+    Core::OpenOutcome (*Open)(const std::filesystem::path& path);
+};
+struct DocumentWriter {
+    std::string_view Ending;
+    /// Writes the open document, all or nothing; false when a question was answered against it.
+    bool (*Write)(const std::filesystem::path& path, const ConvertOptions& options);
+};
+
+std::span<const DocumentReader> DocumentReaders();
+std::span<const DocumentWriter> DocumentWriters();
+
+/// Opens a document by its ending, in capital or small letters. Raises UsageError for an ending without a row, and
+/// CommandFailure when nothing was opened. The outcome is Opened or Damaged.
+Core::OpenOutcome OpenDocument(const std::filesystem::path& path);
+/// As OpenDocument, but a damaged file is a failure too.
+void OpenWholeDocument(const std::filesystem::path& path);
+/// Raises UsageError for an ending without a row.
+const DocumentWriter& WriterFor(const std::filesystem::path& path);
+/// Makes a track the current one; raises CommandFailure for one that the document lacks.
+void ChooseTrack(int track);
+
+}  // namespace Quillon::Cli
