@@ -1,0 +1,66 @@
+// What the fuzzers do with bytes from outside. Each target is a function that throws, or trips a sanitizer, when the
+// bytes find a fault; the fuzz programs call it, and the tests replay fuzz/corpus/ through it.
+#pragma once
+
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+#include "core/clsCryptAPI.h"
+#include "core/mod_MusicFile.h"
+#include "exchange/JsonDocument.h"
+#include "platform/RunTimeError.h"
+#include "platform/headless/MemoryStore.h"
+#include "platform/portable/Rc4Md5.h"
+
+namespace Quillon::Fuzz {
+
+inline void Require(bool holds, const char* what) {
+    if (!holds) throw std::logic_error(what);
+}
+
+/// Plain text of a music file: read it, and what was read must settle after one more round trip.
+inline void MusicText(std::string_view bytes) {
+    const Core::MusicReadResult read = Core::ReadTabFileText(bytes, {});
+    if (!read.Kind) return;
+    if (read.Stopped) Require(!read.Stopped->Message().empty(), "damage without a message");
+    for (const Core::Loss& loss : Core::SaveLosses(read.Document)) Core::LossText(loss);
+    // The first round may lose what the format can't hold, a harmonic say; the second must not lose more.
+    const Core::MusicReadResult first = Core::ReadTabFileText(Core::WriteTabFileText(read.Document), {});
+    const std::string text = Core::WriteTabFileText(first.Document);
+    const Core::MusicReadResult second = Core::ReadTabFileText(text, {});
+    if (second.Stopped) return;
+    Require(Core::WriteTabFileText(second.Document) == text, "the music file does not settle");
+}
+
+/// A music file as it lies on the disk.
+inline void Cipher(std::string_view bytes) {
+    const Rc4Md5 cipher;
+    const std::string text = cipher.Apply(bytes, Core::MusicFilePassPhrase);
+    Require(cipher.Apply(text, Core::MusicFilePassPhrase) == bytes, "the cipher does not undo itself");
+    if (!Core::IsOldMusicFile(bytes)) MusicText(text);
+}
+
+inline void Json(std::string_view bytes) {
+    Core::TabFile file;
+    try {
+        file = Exchange::ReadJson(bytes, MemoryStore{});
+    } catch (const RunTimeError& refusal) {
+        return Require(!refusal.Description().empty(), "a refusal without a reason");
+    }
+    const std::string text = Exchange::WriteJson(file);
+    Require(Exchange::WriteJson(Exchange::ReadJson(text, MemoryStore{})) == text, "JSON does not settle");
+    MusicText(Core::WriteTabFileText(file));
+}
+
+struct Target {
+    std::string_view Name;  ///< of its folder below fuzz/corpus/
+    void (*Run)(std::string_view bytes);
+};
+inline constexpr Target Targets[] = {
+    {"music_text", &MusicText},
+    {"cipher", &Cipher},
+    {"json", &Json},
+};
+
+}  // namespace Quillon::Fuzz
