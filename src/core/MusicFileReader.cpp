@@ -83,11 +83,11 @@ const TagIndex& Tags() {
 
 /// What a text of this size may ask for. A count costs a few bytes of text however large it is, so counts are charged
 /// here before anything is sized by them. The shares per byte are ample for any document that was really written: a
-/// strum of its own has a length tag of five bytes, a copied bar some twenty bytes of tags.
+/// strum of its own has a length tag of five bytes, and a bar that copies another has twenty bytes of tags.
 class Limits {
 public:
     explicit Limits(std::size_t textSize)
-        : places(262'144 + 8 * static_cast<std::int64_t>(textSize)),
+        : places(65'536 + 4 * static_cast<std::int64_t>(textSize)),
           copies(65'536 + static_cast<std::int64_t>(textSize) / 3) {}
 
     /// Bars and strums that the document gets to hold, equal ones counted apart.
@@ -252,7 +252,7 @@ private:
     void CopyBar(const Place& to, int from) {
         Track& track = file.Tracks[to.Track];
         const Bar copied = track.Bars[from];
-        limits.Hold(copied.Strums().Count());
+        limits.Hold(std::max(0, copied.Strums().Count() - track.Bars[to.Bar].Strums().Count()));
         track.Bars.Edit(to.Bar) = copied;
         MoveToNextBar();
     }
