@@ -4,10 +4,10 @@ from tabwriter import KEY_C, Song
 
 song = Song(
     time=(3, 4), key=(KEY_C, False),
-    Title="Amazing Grace", SubTitle="Tune: New Britain", Artist="Traditional", Author="John Newton (words, 1779), traditional",
+    Title="Amazing Grace", SubTitle="to the tune New Britain", Artist="Words: John Newton, 1779. Tune: traditional",
     TabbedBy="Quillon", Copyright="Public domain",
     Instructions="Verses 1 and 2, back to the sign, verses 3 and 4, then the coda.",
-    Notes="The order of play: bars 1 to 18, 3 to 20, 3 to 18 twice, 21 to 24.", Tempo=84, RowSpacing=185,
+    Notes="The order of play: bars 1 to 18, 3 to 20, 3 to 18 twice, 21 to 24.", Tempo=84, RowSpacing=190,
     AlwaysCharts=True, FontSize=13)
 melody = song.AddTrack("Melody and chords", 25, "A. Guitar (Steel)", Volume=24)
 picking = song.AddTrack("Picking", 24, "A. Guitar (Nylon)", Volume=30, LyricsOfOtherTrack=1, LyricsTrack=0)
@@ -20,11 +20,10 @@ melody.Sing(
     "ma- ny dan- gers, toils and snares, I have al- rea- dy come; "
     "'Tis grace hath brought me safe thus far, And grace will lead me home.",
     "we've been there ten thou- sand years, Bright shi- ning as the sun, "
-    "We've no less days to sing God's praise Than when we'd first be- gun.",
-    27 * "_ " + "when we'd first be- gun.")
+    "We've no less days to sing God's praise Than when we'd first be- gun.")
 melody.Play(
     # Introduction; the upbeat of the first verse.
-    "4 5:3+2:1;c=C 4:2+3:0;dn 2:1 | 4:0+3:0;c=G7 3:0+2:0+1:1;dn 3:0;y=1:A-",
+    "4 5:3+2:1 4:2+3:0;c=C;dn 2:1 | 4:0+3:0;c=G7 3:0+2:0+1:1;dn 3:0;y=1:A-",
     # The verse.
     "4 5:3+2:1;c=C;go=Verse;y 4:2+3:0;dn 8 1:0;y 2:1",
     "4 5:3+1:0;c=C7;y 3:3+2:1;dn 2:3;y",
@@ -41,13 +40,13 @@ melody.Play(
     "4 5:0+2:1;c=Am;y 4:2+3:2;dn 8 1:0;y 2:1",
     "4 6:3+1:0;c=G7;y 4:0+3:0;dn 2:3;y",
     "4 5:3+2:1;c=C;y 4:2+3:0;dn 2:1;dn",
-    "4 4:3+3:2+2:1;c=F 5:3+4:2+2:1;c=C 3:0;y=2:'Twas;y=4:When;y=5:Than",
+    "4 4:3+3:2+2:1;c=F 5:3+4:2+2:1;c=C 3:0;y=1:'Twas;y=3:When;y=4:Than",
     # Interlude, back to the sign.
-    "4 4:3+2:1;c=F;go=Interlude 3:2+2:1;dn 1:1 | 5:3+1:0;c=C 3:0+2:1;dn 3:0;y=3:Through",
+    "4 4:3+2:1;c=F;go=Interlude 3:2+2:1;dn 1:1 | 5:3+1:0;c=C 3:0+2:1;dn 3:0;y=2:Through",
     # Coda.
-    "4 5:0+2:1;c=Am;go=Coda;y 4:2+3:2;dn 8 1:0;y 2:1",
-    "4 6:3+1:0;c=G7;t=rit.;y 4:0+3:0;dn 2:3;y",
-    "4 4:3+2:1;c=F;y 4:3+3:2;dn 2:1;dn",
+    "4 5:0+2:1;c=Am;go=Coda;y=1:when 4:2+3:2;dn 8 1:0;y=1:we'd 2:1",
+    "4 6:3+1:0;c=G7;t=rit.;y=1:first 4:0+3:0;dn 2:3;y=1:be-",
+    "4 4:3+2:1;c=F;y=1:gun. 4:3+3:2;dn 2:1;dn",
     "2. 5:3+4:2+3:0+2:1+1:0;c=C;dn")
 
 # The second guitar picks the chords, thumb first; its page shows the words of the first.

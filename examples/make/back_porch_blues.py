@@ -4,7 +4,7 @@ from tabwriter import KEY_A, Song
 
 song = Song(
     time=(12, 8), key=(KEY_A, False),
-    Title="Back Porch Blues", SubTitle="Two choruses in A", Artist="Quillon", Author="Quillon",
+    Title="Back Porch Blues", SubTitle="Two choruses in A", Author="Quillon",
     TabbedBy="Quillon", Copyright="Part of Quillon, under its licence",
     Instructions="Slow and behind the beat.", Tempo=108, RowSpacing=90)
 lead = song.AddTrack("Lead guitar", 27, "E. Guitar (Clean)", Volume=45)

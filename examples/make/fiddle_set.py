@@ -5,17 +5,17 @@ from tabwriter import KEY_D, KEY_G, Song
 song = Song(
     key=(KEY_D, False),
     Title="Drowsy Maggie", SubTitle="and The Irish Washerwoman, a reel and a jig", Artist="Traditional",
-    Author="Traditional", TabbedBy="Quillon", Copyright="Public domain",
+    TabbedBy="Quillon", Copyright="Public domain",
     Instructions="Keep the right hand moving in eighths.", Tempo=168, RowSpacing=100)
 lead = song.AddTrack("Lead guitar", 25, "A. Guitar (Steel)", Volume=45)
 rhythm = song.AddTrack("Rhythm guitar", 25, "A. Guitar (Steel)", Volume=18)
 
-maggie = "4 4:2g[0] 8 2:0 4:2 2:3 4:2 2:0 4:2"
+maggie = "4 4:2 8 2:0 4:2 2:3g[2] 4:2 2:0 4:2"
 babc = "8 2:0 3:2 2:0h 2:2s 2:3 3:2 4:4 4:0"
 dfd = "4 2:3 8 1:2 2:3 4 2:2 8 1:0 2:2"
 climb = "8 2:3 1:0h 1:2h 1:3 1:5 1:2 1:3h 1:0"
 reel = [
-    maggie.replace("4:2g[0]", "4:2g[0];t=Reel;go=Reel"), "4 4:2 8 2:0 4:2 3:2 4:4h 4:0 4:4", maggie, babc,
+    maggie.replace("4:2", "4:2;go=Reel", 1), "4 4:2 8 2:0 4:2 3:2 4:4h 4:0 4:4", maggie, babc,
     dfd, climb, dfd, "8 2:0 3:2 2:0h 2:2s 2:3 3:2 4:4 3:2",
     dfd, climb, "8 1:5h 1:2 1:3h 1:0 1:2 2:3 1:0 2:2", babc,
 ]
@@ -24,11 +24,11 @@ washerwoman = "8 2:0> 3:0 3:0 4:0> 3:0 3:0"
 turn = "8 2:0> 3:0 2:0 2:3>h 2:1h 2:0"
 cadence = "8 2:1>h 2:0h 2:1 3:2> 2:3h 2:1"
 jig = [
-    washerwoman.replace("2:0>", "2:0>;t=Jig;go=Jig", 1), turn, "8 2:1> 3:2 3:2 4:2> 3:2 3:2", "8 2:1> 3:2 2:1 1:0> 2:3h 2:1",
+    washerwoman.replace("2:0>", "2:0>;go=Jig", 1), turn, "8 2:1> 3:2 3:2 4:2> 3:2 3:2", "8 2:1> 3:2 2:1 1:0> 2:3h 2:1",
     washerwoman, turn, cadence, "8 2:0> 3:0 3:0 3:0> 2:3h 2:1",
-    "8 1:7>i 1:3 1:3 2:3> 1:3 1:3", "8 1:7> 1:3 1:7 1:7>s 1:5h 1:3",
-    "8 1:5>i 1:2 1:2 2:3> 1:2 1:2", "8 1:5> 1:2 1:5 1:5>h 1:3h 1:2",
-    "8 1:0> 1:3 1:3 2:3> 1:3 1:3", "8 2:1> 1:3 1:3 2:0> 1:3 1:3", cadence, "8 2:0> 3:0 3:0 4. 3:0>",
+    "8 1:7> 1:3 1:3 2:3> 1:3 1:3", "8 1:7> 1:3 1:7 1:7>s 1:5h 1:3",
+    "8 1:5> 1:2 1:2 2:3> 1:2 1:2", "8 1:5> 1:2 1:5 1:5>h 1:3h 1:2",
+    "8 1:0> 1:3i 1:3 2:3> 1:3 1:3", "8 2:1> 1:3 1:3 2:0> 1:3 1:3", cadence, "8 2:0> 3:0 3:0 4. 3:0>",
 ]
 lead.Play(*reel, link, *jig, "2. 6:3+5:2+4:0+3:0+2:0+1:3;dn")
 

@@ -4,7 +4,7 @@ from tabwriter import KEY_C, Song
 
 song = Song(
     time=(6, 8), key=(KEY_C, True),
-    Title="Greensleeves", SubTitle="Study with a variation", Artist="English, 16th century", Author="Traditional",
+    Title="Greensleeves", SubTitle="Study with a variation", Artist="English, 16th century",
     TabbedBy="Quillon", Copyright="Public domain", Instructions="Let the bass ring under the melody.",
     Notes="First strain, refrain, and the first strain once more in sixteenths.", Tempo=120, RowSpacing=75)
 guitar = song.AddTrack("Guitar", 24, "A. Guitar (Nylon)")
@@ -34,10 +34,8 @@ refrain = [
     "8 {* 5:0+3:2 4:2 2:1 1:0 2:1 } 4:2",
 ]
 
-lastStrain = strain[7].replace("8 {* 5:0+3:2", "8 {* 5:0+3:2;go=Variation", 1)
-
 variation = [
-    "16 {* \\mp 5:0+2:1;t=Variation 4:2 3:2 4:2 2:3 3:2 5:0+1:0 3:2 4:2 } 1:2 1:0 3:2",
+    "16 {* \\mp 5:0+2:1;go=Variation 4:2 3:2 4:2 2:3 3:2 5:0+1:0 3:2 4:2 } 1:2 1:0 3:2",
     "16 {* 6:3+2:3 4:0 3:0 4:0 2:0 3:0 5:2+3:0 4:0 5:2 } 3:2 2:0 4:0",
     "16 {* 4:3+2:1 5:3 4:3 5:3 3:2 4:3 5:0+3:2 4:2 5:0 } 3:1 3:2 4:2",
     "16 {* 6:0+2:0 4:2 3:1 4:2 3:1 5:2 6:0+4:2 5:2 3:1 2:0 8 } 3:2",
@@ -47,6 +45,6 @@ variation = [
     "16 {* \\p 5:0+3:2 4:2 2:1 1:0 1:5 1:0 8 2:1;t=rit. 3:2 4:2 }",
 ]
 
-guitar.Play(opening, *strain, *refrain, lastStrain, *variation, "2. \\pp 5:0*+4:2*+3:2*+2:1*+1:0*;dn")
+guitar.Play(opening, *strain, *refrain, strain[7], *variation, "2. \\pp 5:0*+4:2*+3:2*+2:1*+1:0*;dn")
 song.Repeat(2, 9)
 song.Repeat(10, 17)

@@ -6,7 +6,7 @@ song = Song(
     key=(KEY_C, True),
     Title="In the Hall of the Mountain King", SubTitle="for a very loud band", Artist="Edvard Grieg, 1875",
     Author="Edvard Grieg", TabbedBy="Quillon", Copyright="Public domain",
-    Instructions="Seven-string guitar and five-string bass with the lowest string tuned down to A.",
+    Instructions="The lowest strings are tuned down to A.",
     Notes="Creep in, then give everything.", Tempo=144, RowSpacing=95, FontBold=True)
 lead = song.AddTrack("Lead guitar", 30, "E. Guitar (Distortion)", Volume=40)
 rhythm = song.AddTrack("Rhythm guitar", 29, "E. Guitar (Overdrive)", tuning=[64, 59, 55, 50, 45, 40, 33], Volume=36)
