@@ -29,12 +29,11 @@ struct Chart {
     }
 };
 
-/// The chart of a strum's chord; without strings when it has none. Stored frets count from the record's base fret,
-/// ChordValueA; its number of strings is ChordValueB.
+/// The chart of a strum's chord; without strings when it has none. A strum's frets are those to be played: its base
+/// fret, ChordValueA, is counted in, unlike in a chord of the library. ChordValueB is its number of strings.
 Chart ChartOf(const Core::Strum& strum) {
     Chart chart;
     const auto& frets = strum.ChordFrets.Read();
-    const int base = std::max<int>(strum.ChordValueA, 0);
     int lowest = 0, highest = 0;
     for (int string = 0; string < Core::StringCount; ++string) {
         const std::string text(Core::TrimBlanks(frets[string]));
@@ -43,7 +42,7 @@ Chart ChartOf(const Core::Strum& strum) {
         if (text == "x" || text == "X") {
             fret = Chart::Muted;
         } else if (FretNumber(text, number) && number >= 0 && number <= 36) {
-            fret = number + base;
+            fret = number;
         }
         chart.Frets[static_cast<std::size_t>(string)] = fret;
         if (fret != Chart::Unused) chart.Strings = string + 1;

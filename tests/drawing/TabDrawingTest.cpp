@@ -211,7 +211,7 @@ TEST(TabDrawing, ChordsWithChartsAndWithout) {
         column.ChordValueA = static_cast<std::int16_t>(base);
     };
     chord(0, "C", {"0", "1", "0", "2", "3", "x"}, 0);
-    chord(1, "Bm", {"0", "1", "2", "2", "0", "x"}, 7);
+    chord(1, "Bm", {"7", "8", "9", "9", "7", "x"}, 7);  // the base fret is counted in
     score.At(1).ChordFlag = true;
     chord(2, "N.C.", {}, 0);
     chord(3, "G5", {"x", "x", "5", "5", "3", "99999999999"}, 0);
