@@ -52,8 +52,11 @@ def Accompany(pattern, chords):
 
 reelChords = "Em|Em D|Em|Bm D|D A|D A|D A|Bm D|D A|D A|D A|Bm D"
 jigChords = "G|G|Am|Am D7|G|G|C D7|G|G|G|D|D|C G|C G|C D7|G"
+reelBars = Accompany("4 {full}{chart};dn 8 {top};dn {top};up", reelChords)
+# The first chart stands on the second strum: over the first it would meet the tempo of the page's header.
+reelBars[0] = reelBars[0].replace(";c=Em;dn 8 3:0+2:0+1:0", ";dn 8 3:0+2:0+1:0;c=Em")
 rhythm.Play(
-    *Accompany("4 {full}{chart};dn 8 {top};dn {top};up", reelChords),
+    *reelBars,
     f"2 {FULL['Em']}>;c=Em;dn 4 r {FULL['D7']};c=D7;dn",
     *Accompany("4 {full}{chart};dn 8 {top};up", jigChords),
     f"2. {FULL['G']};c=G;dn")

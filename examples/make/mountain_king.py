@@ -37,7 +37,7 @@ def Tap(high, base, middle):
 
 lead.Play(
     "1 r;go=Introduction", "2 r 4 6:xd r",
-    "\\pp 1 4:7+3:5;fade;go=Theme", "2 3:4+2:4;fade 3:3+2:3;fade", "1 4:7+3:5;fade", "2 3:5+2:5;fade 4 r 8 r 4:5h",
+    "\\pp 1 4:7+3:5;fade;go=Theme", "2 3:4+2:4;fade 3:3+2:3;fade", "1 4:7+3:5;fade", "2 3:5+2:5;fade 4 r 8 r 4:5",
     "\\mf " + theme[0], *theme[1:],
     "\\f " + dominant[0], *dominant[1:],
     "\\ff " + picked[0], *picked[1:],
