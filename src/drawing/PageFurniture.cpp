@@ -45,7 +45,7 @@ enum HeaderLine : std::int16_t {
     FirstLine = 85,
     SecondLine = 101,
     ThirdLine = 117,
-    TempoLine = 137
+    TempoLine = 131
 };
 
 /// Cuts a text at its end so that it fits, with an ellipsis.
@@ -135,7 +135,7 @@ private:
 
     /// A quarter note and its beats a minute.
     void DrawTempo() {
-        const double x = left + page.PageLeftMargin + 4;
+        const double x = left + page.PageLeftMargin + 2;
         const double y = top + TempoLine + 3;
         picture.SetColor(file.FontColor);
         picture.Polygon({{x - 3.6, y + 1.4},
@@ -146,7 +146,8 @@ private:
                          {x + 3.2, y + 0.4},
                          {x + 1.2, y + 2.2},
                          {x - 1.8, y + 2.8}});
-        picture.Line(x + 3, y - 1, x + 3, y - 15);
+        picture.Line(x + 3, y - 1, x + 3, y - 13);
+        SetFont(picture, "Arial", 8, false, false, false, file.FontColor);
         const std::string beats =
             Core::FormatSingle(file.Tempo) + (file.Shuffle ? "  " + LanguageText("str_HeaderShuffle") : "");
         picture.Print(x + 8, y + 2, "= " + beats);
