@@ -18,6 +18,8 @@ function(quillon_folder name)
   target_link_libraries(quillon_${name} ${visibility} quillon_options ${arg_LINKS})
   if(arg_QT AND sources)
     set_target_properties(quillon_${name} PROPERTIES AUTOMOC ON)
+    # "slots" and "signals" are words that our own code uses.
+    target_compile_definitions(quillon_${name} PUBLIC QT_NO_KEYWORDS)
     target_precompile_headers(quillon_${name} PRIVATE <QtWidgets>)
   endif()
 endfunction()

@@ -41,6 +41,7 @@ bool OpenCommandLineFile(const std::string& file) {
 bool ShowAll() {
     DocumentReplaced();
     Program.View->ThemeChanged();
+    Program.View->LanguageChanged();
     Program.View->RestorePlaces();
     Program.View->FillRecentFiles();
     Program.View->UpdateZoom();

@@ -1,0 +1,166 @@
+#include "forms/ModelDialog.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+#include "forms/ColorButton.h"
+#include "forms/FontField.h"
+#include "forms/Text.h"
+#include "forms/WindowPlace.h"
+
+namespace Quillon::Forms {
+
+ModelDialog::ModelDialog(QWidget* parent, std::string_view titleKey, std::string placeSection)
+    : QDialog(parent), body(new QVBoxLayout(this)), section(std::move(placeSection)) {
+    setWindowTitle(Text(titleKey));
+}
+
+ModelDialog::~ModelDialog() = default;
+
+QFormLayout* ModelDialog::AddPage(std::string_view titleKey) {
+    auto* const page = new QWidget(this);
+    auto* const form = new QFormLayout(page);
+    form->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
+    form->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    if (titleKey.empty()) {
+        form->setContentsMargins(0, 0, 0, 0);
+        body->addWidget(page);
+        return form;
+    }
+    if (!tabs) {
+        tabs = new QTabWidget(this);
+        body->addWidget(tabs);
+    }
+    form->setContentsMargins(14, 14, 14, 14);
+    tabs->addTab(page, Text(titleKey));
+    return form;
+}
+
+void ModelDialog::Finish(std::function<std::string_view()> complaint) {
+    validate = std::move(complaint);
+    lblComplaint = new QLabel(this);
+    lblComplaint->setObjectName("lblComplaint");
+    lblComplaint->setWordWrap(true);
+    lblComplaint->setTextFormat(Qt::PlainText);
+    lblComplaint->setForegroundRole(QPalette::Link);
+    lblComplaint->hide();
+    body->addWidget(lblComplaint);
+    if (!tabs) body->addStretch();
+    auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+    buttons->button(QDialogButtonBox::Ok)->setText(Text("str_OK"));
+    buttons->button(QDialogButtonBox::Cancel)->setText(Text("str_Cancel"));
+    connect(buttons, &QDialogButtonBox::accepted, this, &ModelDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &ModelDialog::reject);
+    body->addWidget(buttons);
+    connect(this, &QDialog::finished, this, [this] { KeepPlace(*this, section); });
+    RestorePlace(*this, section, sizeHint().expandedTo(QSize(420, 0)));
+}
+
+void ModelDialog::accept() {
+    for (const auto& store : stores) store();
+    const std::string_view complaint = validate ? validate() : std::string_view();
+    if (complaint.empty()) return QDialog::accept();
+    lblComplaint->setText(Text(complaint));
+    lblComplaint->show();
+    // Spoken too: a screen reader follows the focus.
+    lblComplaint->setFocusPolicy(Qt::StrongFocus);
+    lblComplaint->setFocus();
+}
+
+QLineEdit* ModelDialog::AddText(QFormLayout* page, const char* name, std::string_view labelKey, std::string& value) {
+    auto* const field = new QLineEdit(ToQString(value), this);
+    field->setObjectName(name);
+    field->setCursorPosition(0);
+    page->addRow(Text(labelKey), field);
+    OnStore([field, &value] {
+        if (field->isModified()) value = field->text().toStdString();
+    });
+    return field;
+}
+
+QPlainTextEdit* ModelDialog::AddLines(QFormLayout* page, const char* name, std::string_view labelKey,
+                                      std::string& value) {
+    auto* const field = new QPlainTextEdit(ToQString(value), this);
+    field->setObjectName(name);
+    field->setTabChangesFocus(true);
+    field->setMinimumHeight(fontMetrics().lineSpacing() * 4);
+    page->addRow(Text(labelKey), field);
+    OnStore([field, &value] {
+        // Lines end as in the system's files.
+        if (field->document()->isModified()) value = field->toPlainText().replace("\n", "\r\n").toStdString();
+    });
+    return field;
+}
+
+QCheckBox* ModelDialog::AddCheck(QFormLayout* page, const char* name, std::string_view labelKey, bool& value) {
+    auto* const field = new QCheckBox(Text(labelKey), this);
+    field->setObjectName(name);
+    field->setChecked(value);
+    page->addRow(QString(), field);
+    OnStore([field, &value] { value = field->isChecked(); });
+    return field;
+}
+
+QSpinBox* ModelDialog::AddNumber(QFormLayout* page, const char* name, std::string_view labelKey, std::int16_t& value,
+                                 int least, int most, std::string_view unitKey) {
+    auto* const field = new QSpinBox(this);
+    field->setObjectName(name);
+    field->setRange(least, most);
+    field->setValue(value);
+    if (!unitKey.empty()) field->setSuffix(" " + Text(unitKey));
+    page->addRow(Text(labelKey), field);
+    OnStore([field, &value, shown = field->value()] {
+        if (field->value() != shown) value = static_cast<std::int16_t>(field->value());
+    });
+    return field;
+}
+
+QComboBox* ModelDialog::AddChoice(QFormLayout* page, const char* name, std::string_view labelKey, std::int16_t& value,
+                                  const QStringList& entries, int first) {
+    auto* const field = new QComboBox(this);
+    field->setObjectName(name);
+    field->addItems(entries);
+    field->setCurrentIndex(value - first);
+    page->addRow(Text(labelKey), field);
+    OnStore([field, &value, first, shown = field->currentIndex()] {
+        if (field->currentIndex() != shown) value = static_cast<std::int16_t>(field->currentIndex() + first);
+    });
+    return field;
+}
+
+void ModelDialog::AddFont(QFormLayout* page, const char* name, std::string_view labelKey, const Font& shown,
+                          std::function<void(const Font&)> store) {
+    auto* const field = new FontField(shown, this);
+    field->setObjectName(name);
+    page->addRow(Text(labelKey), field);
+    OnStore([field, shown, write = std::move(store)] {
+        if (field->Chosen() != shown) write(field->Chosen());
+    });
+}
+
+void ModelDialog::AddColor(QFormLayout* page, const char* name, std::string_view labelKey, std::int32_t& value) {
+    auto* const field = new ColorButton(value, Text(labelKey).remove('&'), this);
+    field->setObjectName(name);
+    page->addRow(Text(labelKey), field);
+    OnStore([field, &value, before = field->Chosen()] {
+        if (field->Chosen() != before) value = field->Chosen();
+    });
+}
+
+void ModelDialog::AddNote(QFormLayout* page, std::string_view textKey) {
+    auto* const note = new QLabel(Text(textKey));
+    note->setWordWrap(true);
+    note->setEnabled(false);
+    page->addRow(QString(), note);
+}
+
+}  // namespace Quillon::Forms

@@ -1,0 +1,70 @@
+// The frame of the dialogs that edit a model of the shell: pages of labelled fields, each bound to a value of the
+// model, and OK and Cancel. Nothing is written before OK; then a complaint of the model keeps the dialog open.
+#pragma once
+
+#include <QDialog>
+#include <QString>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/Picture.h"
+
+class QCheckBox;
+class QComboBox;
+class QFormLayout;
+class QLabel;
+class QLineEdit;
+class QPlainTextEdit;
+class QSpinBox;
+class QTabWidget;
+class QVBoxLayout;
+
+namespace Quillon::Forms {
+
+class ModelDialog : public QDialog {
+    Q_OBJECT
+
+public:
+    /// Writes the fields to the model; closes unless the model complains.
+    void accept() override;
+
+protected:
+    /// `section` keeps the dialog's place in the settings store.
+    ModelDialog(QWidget* parent, std::string_view titleKey, std::string section);
+    ~ModelDialog() override;
+
+    /// A page of its own tab; the first call without a title makes a dialog of one page.
+    QFormLayout* AddPage(std::string_view titleKey = {});
+    /// Runs at OK, before the model is asked for complaints.
+    void OnStore(std::function<void()> store) { stores.push_back(std::move(store)); }
+    /// Adds the buttons. `complaint` gives a text key, "" when all is well.
+    void Finish(std::function<std::string_view()> complaint);
+
+    // Fields. `name` is the widget's name; a value is written only when the person changed what was shown, so that a
+    // value that the field can't show stays as it is.
+    QLineEdit* AddText(QFormLayout* page, const char* name, std::string_view labelKey, std::string& value);
+    QPlainTextEdit* AddLines(QFormLayout* page, const char* name, std::string_view labelKey, std::string& value);
+    QCheckBox* AddCheck(QFormLayout* page, const char* name, std::string_view labelKey, bool& value);
+    QSpinBox* AddNumber(QFormLayout* page, const char* name, std::string_view labelKey, std::int16_t& value, int least,
+                        int most, std::string_view unitKey = {});
+    /// The value is the entry's index plus `first`.
+    QComboBox* AddChoice(QFormLayout* page, const char* name, std::string_view labelKey, std::int16_t& value,
+                         const QStringList& entries, int first = 0);
+    void AddFont(QFormLayout* page, const char* name, std::string_view labelKey, const Font& shown,
+                 std::function<void(const Font&)> store);
+    void AddColor(QFormLayout* page, const char* name, std::string_view labelKey, std::int32_t& value);
+    static void AddNote(QFormLayout* page, std::string_view textKey);
+
+private:
+    QVBoxLayout* body;
+    QTabWidget* tabs = nullptr;
+    QLabel* lblComplaint = nullptr;
+    std::string section;
+    std::vector<std::function<void()>> stores;
+    std::function<std::string_view()> validate;
+};
+
+}  // namespace Quillon::Forms

@@ -1,0 +1,62 @@
+#include "forms/Theme.h"
+
+#include <QApplication>
+#include <QStyle>
+#include <QStyleFactory>
+
+namespace Quillon::Forms {
+
+namespace {
+
+QPalette DarkPalette() {
+    const QColor window(0x2b, 0x2d, 0x31);
+    const QColor base(0x1f, 0x21, 0x24);
+    const QColor text(0xe6, 0xe7, 0xe9);
+    const QColor faint(0x86, 0x8a, 0x91);
+    QPalette palette(text, QColor(0x3a, 0x3d, 0x42), QColor(0x55, 0x59, 0x60), QColor(0x16, 0x17, 0x19),
+                     QColor(0x24, 0x26, 0x29), text, Qt::white, base, window);
+    palette.setColor(QPalette::AlternateBase, QColor(0x26, 0x28, 0x2c));
+    palette.setColor(QPalette::Highlight, QColor(0x3d, 0x7d, 0xd8));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::Link, QColor(0x6d, 0xb1, 0xff));
+    palette.setColor(QPalette::LinkVisited, QColor(0xb1, 0x9c, 0xf2));
+    palette.setColor(QPalette::ToolTipBase, QColor(0x3a, 0x3d, 0x42));
+    palette.setColor(QPalette::ToolTipText, text);
+    palette.setColor(QPalette::PlaceholderText, faint);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(QPalette::Disabled, role, faint);
+    }
+    palette.setColor(QPalette::Disabled, QPalette::Highlight, QColor(0x4a, 0x4d, 0x53));
+    return palette;
+}
+
+QPalette LightPalette() {
+    QPalette palette(QColor(0x20, 0x22, 0x26), QColor(0xf3, 0xf4, 0xf6), Qt::white, QColor(0x9a, 0x9d, 0xa3),
+                     QColor(0xc6, 0xc9, 0xce), QColor(0x20, 0x22, 0x26), Qt::white, Qt::white,
+                     QColor(0xf3, 0xf4, 0xf6));
+    palette.setColor(QPalette::AlternateBase, QColor(0xf7, 0xf8, 0xfa));
+    palette.setColor(QPalette::Highlight, QColor(0x2a, 0x6f, 0xdb));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::Link, QColor(0x1f, 0x5f, 0xc4));
+    palette.setColor(QPalette::PlaceholderText, QColor(0x86, 0x8a, 0x91));
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(QPalette::Disabled, role, QColor(0x9a, 0x9d, 0xa3));
+    }
+    return palette;
+}
+
+}  // namespace
+
+void ApplyTheme(Theme theme) {
+    static const QString systemStyle = QApplication::style()->name();
+    if (theme == Theme::System) {
+        if (QApplication::style()->name() != systemStyle) QApplication::setStyle(systemStyle);
+        QApplication::setPalette(QPalette());
+        return;
+    }
+    // Other styles paint with colours of their own.
+    if (QApplication::style()->name() != "fusion") QApplication::setStyle("fusion");
+    QApplication::setPalette(theme == Theme::Dark ? DarkPalette() : LightPalette());
+}
+
+}  // namespace Quillon::Forms

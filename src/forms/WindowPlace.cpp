@@ -1,0 +1,61 @@
+#include "forms/WindowPlace.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+#include <QWidget>
+#include <charconv>
+#include <optional>
+
+#include "platform/Services.h"
+#include "platform/SettingsStore.h"
+
+namespace Quillon::Forms {
+
+namespace {
+
+std::optional<int> Number(std::string_view section, std::string_view key) {
+    const auto text = Services.Settings->Find(section, key);
+    int value = 0;
+    if (!text || std::from_chars(text->data(), text->data() + text->size(), value).ec != std::errc{}) return {};
+    return value;
+}
+
+}  // namespace
+
+void RestorePlace(QWidget& window, std::string_view section, const QSize& otherwise) {
+    const auto left = Number(section, "Left");
+    const auto top = Number(section, "Top");
+    const auto width = Number(section, "Width");
+    const auto height = Number(section, "Height");
+    window.resize(width && height ? QSize(*width, *height) : otherwise);
+    if (left && top) {
+        const QRect place(QPoint(*left, *top), window.size());
+        for (const QScreen* screen : QGuiApplication::screens()) {
+            // Enough of the title bar must be in reach to drag the window.
+            const QRect shown = screen->availableGeometry() & place;
+            if (shown.width() >= 100 && shown.height() >= 50) {
+                window.move(place.topLeft());
+                break;
+            }
+        }
+    }
+    if (Number(section, "Maximized").value_or(0) == 1) {
+        window.setWindowState(window.windowState() | Qt::WindowMaximized);
+    }
+}
+
+void KeepPlace(const QWidget& window, std::string_view section) {
+    const auto save = [section](std::string_view key, int value) {
+        Services.Settings->Save(section, key, std::to_string(value));
+    };
+    const bool maximized = window.isMaximized() || window.isFullScreen();
+    save("Maximized", maximized ? 1 : 0);
+    const QRect place = maximized ? window.normalGeometry() : QRect(window.pos(), window.size());
+    if (!place.isValid()) return;
+    save("Left", place.left());
+    save("Top", place.top());
+    save("Width", place.width());
+    save("Height", place.height());
+}
+
+}  // namespace Quillon::Forms

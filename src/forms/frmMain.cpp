@@ -1,0 +1,181 @@
+#include "forms/frmMain.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QElapsedTimer>
+#include <QFileDialog>
+#include <QLabel>
+#include <QMenu>
+#include <QSignalBlocker>
+#include <QSlider>
+#include <QTimer>
+#include <QToolBar>
+#include <QToolButton>
+
+#include "core/mod_TabFileStructure.h"
+#include "drawing/mod_HighLevelDrawing.h"
+#include "forms/SvgIcon.h"
+#include "forms/Text.h"
+#include "forms/Theme.h"
+#include "forms/WindowPlace.h"
+#include "forms/picDocument.h"
+#include "platform/Services.h"
+#include "platform/SettingsStore.h"
+#include "shell/Commands.h"
+#include "shell/CursorText.h"
+#include "shell/Recovery.h"
+
+namespace Quillon::Forms {
+
+using Core::Open;
+
+namespace {
+
+constexpr std::string_view PlaceSection = "MainWindowDetails";
+constexpr std::string_view ToolbarsKey = "Toolbars";
+
+QElapsedTimer StartedClock() {
+    QElapsedTimer clock;
+    clock.start();
+    return clock;
+}
+
+}  // namespace
+
+frmMain::frmMain() {
+    setObjectName("frmMain");
+    setWindowIcon(SvgIcon("quillon"));
+    document = new picDocument(this);
+    document->setObjectName("picDocument");
+    setCentralWidget(document);
+    BuildMenus();
+    BuildStatusBar();
+    connect(document, &picDocument::Drawn, this, [this] {
+        FillStatus();
+        if (painted) return;
+        painted = true;
+        // Behind the paint event that runs now.
+        QTimer::singleShot(0, this, &frmMain::FirstPainted);
+    });
+    connect(document, &picDocument::ZoomAsked, this, [](int steps) { Shell::ZoomBy(steps); });
+    connect(document, &picDocument::FileDropped, this, [](const QString& path) {
+        // Not within the drop itself, which holds the source of the drag until it is answered.
+        QTimer::singleShot(0, [path] { Shell::OpenDroppedFile(ToPath(path)); });
+    });
+    tmrRecovery = new QTimer(this);
+    tmrRecovery->setInterval(Shell::RecoveryTick);
+    connect(tmrRecovery, &QTimer::timeout, this,
+            [clock = StartedClock()] { Shell::tmrRecovery_Timer(clock.elapsed()); });
+    tmrRecovery->start();
+    document->setFocus();
+}
+
+frmMain::~frmMain() = default;
+
+QAction* frmMain::ActionOf(const std::string& name) const {
+    const auto found = actions.find(name);
+    return found == actions.end() ? nullptr : found->second;
+}
+
+void frmMain::DrawDocument() { document->Redraw(); }
+
+void frmMain::SetCaption(const std::string& caption) {
+    setWindowTitle(ToQString(caption));
+    setWindowModified(false);
+}
+
+void frmMain::RebuildTrackList() {
+    const QSignalBlocker quiet(cmbTrack);
+    cmbTrack->clear();
+    int number = 0;
+    for (const Core::Track& track : Open.TabFile.Tracks) {
+        cmbTrack->addItem(QString("%1. %2").arg(++number).arg(ToQString(track.Name)));
+    }
+    cmbTrack->setCurrentIndex(Open.CurTrack);
+}
+
+void frmMain::ShowStatus(const std::string& text) {
+    lblStatus->setText(ToQString(text));
+    lblStatus->setToolTip(lblStatus->text());
+}
+
+void frmMain::UpdateCommands() {
+    for (const Shell::Command& command : Shell::Commands()) {
+        QAction* const action = ActionOf(std::string(command.Name));
+        action->setEnabled(Shell::IsEnabled(command));
+        if (command.Checked) action->setChecked(Shell::IsChecked(command));
+    }
+    ShowToolbars();
+    if (cmbTrack->currentIndex() != Open.CurTrack) {
+        const QSignalBlocker quiet(cmbTrack);
+        cmbTrack->setCurrentIndex(Open.CurTrack);
+    }
+}
+
+void frmMain::ThemeChanged() { ApplyTheme(static_cast<Theme>(Shell::Program.Theme)); }
+
+void frmMain::UpdateZoom() {
+    document->SetZoom(Shell::Program.ZoomPercent / 100.0);
+    const QSignalBlocker quiet(sldZoom);
+    sldZoom->setValue(Shell::Program.ZoomPercent);
+    cmdZoom->setText(QString("%1 %").arg(Shell::Program.ZoomPercent));
+}
+
+void frmMain::FillStatus() {
+    lblNote->setText(ToQString(Shell::NoteText()));
+    lblPlace->setText(ToQString(Shell::PlaceText()));
+    lblPages->setText(ToQString(Drawing::PageCountText()));
+}
+
+void frmMain::RestorePlaces() {
+    RestorePlace(*this, PlaceSection, QSize(1100, 820));
+    const std::string bars = Services.Settings->Get(PlaceSection, ToolbarsKey);
+    if (!bars.empty()) restoreState(QByteArray::fromBase64(QByteArray::fromStdString(bars)));
+    ShowToolbars();
+}
+
+void frmMain::ShowWindow() {
+    show();
+    document->setFocus();
+}
+
+void frmMain::CloseWindow() {
+    closing = true;
+    close();
+}
+
+void frmMain::closeEvent(QCloseEvent* event) {
+    KeepPlace(*this, PlaceSection);
+    Services.Settings->Save(PlaceSection, ToolbarsKey, saveState().toBase64().toStdString());
+    if (closing || Shell::Stop()) {
+        closing = true;
+        event->accept();
+    } else {
+        event->ignore();
+    }
+}
+
+void frmMain::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && document) document->Redraw(false);
+}
+
+std::optional<std::filesystem::path> frmMain::AskOpenFile(const std::filesystem::path& folder) {
+    const QString filters = Text("str_FilterOpen") + " (*.qlm *.QLM *.json);;" + Text("str_FilterAll") + " (*)";
+    const QString chosen = QFileDialog::getOpenFileName(this, Text("str_OpenTitle"), PathText(folder), filters);
+    if (chosen.isEmpty()) return {};
+    return ToPath(chosen);
+}
+
+std::optional<std::filesystem::path> frmMain::AskSaveFile(const std::filesystem::path& suggested) {
+    QFileDialog dialog(this, Text("str_SaveTitle"), PathText(suggested.parent_path()),
+                       Text("str_FilterMusic") + " (*.qlm)");
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix("qlm");
+    dialog.selectFile(PathText(suggested.filename()));
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+    return ToPath(dialog.selectedFiles().first());
+}
+
+}  // namespace Quillon::Forms

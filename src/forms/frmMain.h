@@ -1,0 +1,102 @@
+// The main window. It shows and forwards: what the commands do, when they are enabled and what is asked about stands in
+// src/shell.
+#pragma once
+
+#include <QMainWindow>
+#include <map>
+#include <memory>
+
+#include "shell/mod_Shell.h"
+
+class QAction;
+class QComboBox;
+class QLabel;
+class QMenu;
+class QSlider;
+class QTimer;
+class QTranslator;
+class QToolBar;
+class QToolButton;
+
+namespace Quillon::Shell {
+struct Command;
+}
+
+namespace Quillon::Forms {
+
+class picDocument;
+
+class frmMain : public QMainWindow, public Shell::ShellView, public Shell::Dialogs {
+    Q_OBJECT
+
+public:
+    frmMain();
+    ~frmMain() override;
+
+    picDocument& Document() { return *document; }
+    /// The action of a command such as "mnuFileNew"; nothing for a name that is in no table.
+    QAction* ActionOf(const std::string& name) const;
+
+    // The shell's view.
+    void DrawDocument() override;
+    void SetCaption(const std::string& caption) override;
+    void RebuildTrackList() override;
+    void FillRecentFiles() override;
+    void ShowStatus(const std::string& text) override;
+    void UpdateCommands() override;
+    void UpdateZoom() override;
+    void LanguageChanged() override;
+    void ThemeChanged() override;
+    void RestorePlaces() override;
+    void ShowWindow() override;
+    void CloseWindow() override;
+    std::optional<std::filesystem::path> AskOpenFile(const std::filesystem::path& folder) override;
+    std::optional<std::filesystem::path> AskSaveFile(const std::filesystem::path& suggested) override;
+
+    // The dialogs.
+    bool EditFileProperties(Shell::FilePropertiesModel& model) override;
+    bool EditTrackProperties(Shell::TrackPropertiesModel& model) override;
+    bool EditOptions(Shell::OptionsModel& model) override;
+    bool EditPageSetup(Shell::PageSetupModel& model) override;
+    std::optional<std::string> AskPassword() override;
+    void ExportPicture() override;
+    void ShowAbout() override;
+    void ShowKeyboardHelp() override;
+
+Q_SIGNALS:
+    /// The window's first frame was painted.
+    void FirstPainted();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void BuildMenus();
+    void BuildStatusBar();
+    QMenu* MenuOf(std::string_view path);
+    QToolBar* ToolBarOf(std::string_view name);
+    QAction* MakeAction(const Shell::Command& command);
+    void FillStatus();
+    void LoadLibraryTexts();
+    void ShowToolbars();
+
+    picDocument* document = nullptr;
+    std::map<std::string, QMenu*, std::less<>> menus;
+    std::map<std::string, QToolBar*, std::less<>> toolbars;
+    std::map<std::string, QAction*, std::less<>> actions;
+    QMenu* recentMenu = nullptr;  // mnuFileOpenRecent
+    QComboBox* cmbTrack = nullptr;
+    QLabel* lblStatus = nullptr;
+    QLabel* lblNote = nullptr;
+    QLabel* lblPlace = nullptr;
+    QLabel* lblPages = nullptr;
+    QSlider* sldZoom = nullptr;
+    QToolButton* cmdZoom = nullptr;
+    QTimer* tmrRecovery = nullptr;
+    std::unique_ptr<QTranslator> libraryTexts;  // of the file and colour dialogs, which the library brings
+    bool closing = false;
+    bool painted = false;
+};
+
+}  // namespace Quillon::Forms

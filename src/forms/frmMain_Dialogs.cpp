@@ -1,0 +1,91 @@
+// The dialogs of the main window, built when they are asked for.
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QLineEdit>
+#include <algorithm>
+
+#include "core/mod_TabFileManipulation.h"
+#include "drawing/mod_HighLevelDrawing.h"
+#include "exchange/PictureExport.h"
+#include "forms/PictureEncoder.h"
+#include "forms/Text.h"
+#include "forms/frmAbout.h"
+#include "forms/frmExportPicture.h"
+#include "forms/frmFileProperties.h"
+#include "forms/frmKeyboard.h"
+#include "forms/frmMain.h"
+#include "forms/frmOptions.h"
+#include "forms/frmTrackProperties.h"
+#include "forms/ntne_frmPageSetup.h"
+#include "shell/DialogModels.h"
+
+namespace Quillon::Forms {
+
+using Core::Open;
+
+bool frmMain::EditFileProperties(Shell::FilePropertiesModel& model) {
+    return frmFileProperties(model, this).exec() == QDialog::Accepted;
+}
+
+bool frmMain::EditTrackProperties(Shell::TrackPropertiesModel& model) {
+    return frmTrackProperties(model, this).exec() == QDialog::Accepted;
+}
+
+bool frmMain::EditOptions(Shell::OptionsModel& model) { return frmOptions(model, this).exec() == QDialog::Accepted; }
+
+bool frmMain::EditPageSetup(Shell::PageSetupModel& model) {
+    return ntne_frmPageSetup(model, this).exec() == QDialog::Accepted;
+}
+
+std::optional<std::string> frmMain::AskPassword() {
+    bool accepted = false;
+    const QString given = QInputDialog::getText(this, Text("str_PasswordTitle"), Text("str_PasswordQuestion"),
+                                                QLineEdit::Password, QString(), &accepted);
+    if (!accepted) return {};
+    return given.toStdString();
+}
+
+void frmMain::ExportPicture() {
+    const std::pair<const char*, const char*> kinds[] = {
+        {"str_FilterPng", "png"}, {"str_FilterSvg", "svg"}, {"str_FilterJpeg", "jpg"}, {"str_FilterBmp", "bmp"}};
+    QStringList filters;
+    for (const auto& [key, ending] : kinds) filters << QString("%1 (*.%2)").arg(Text(key), ending);
+    QFileDialog dialog(this, Text("str_ExportPictureTitle"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setNameFilters(filters);
+    dialog.setDefaultSuffix("png");
+    connect(&dialog, &QFileDialog::filterSelected, &dialog, [&](const QString& filter) {
+        dialog.setDefaultSuffix(kinds[std::max<qsizetype>(0, filters.indexOf(filter))].second);
+    });
+    const std::filesystem::path open(Open.FileName);
+    if (open.has_parent_path()) dialog.setDirectory(PathText(open.parent_path()));
+    dialog.selectFile(open.empty() ? Text("str_Untitled") : PathText(open.stem()));
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return;
+    const std::filesystem::path target = ToPath(dialog.selectedFiles().first());
+
+    const auto kind = Exchange::PictureKindOf(target);
+    if (!kind) return ShowStatus(Core::LanguageText("str_PictureEnding", {target.string()}));
+    const bool vector = *kind == Exchange::PictureKind::Svg;
+    const int pages = Drawing::CountPages(Open.CurTrack);
+    frmExportPicture::Choice choice;
+    const int page = Core::ReadBar(Open.CurTrack, Open.CurBar).Place.Page;
+    frmExportPicture asked(choice, pages, std::clamp(page + 1, 1, pages), vector, this);
+    if ((pages > 1 || !vector) && asked.exec() != QDialog::Accepted) return;
+    Exchange::PictureOptions options;
+    options.Track = Open.CurTrack;
+    options.Page = choice.Page;
+    const auto written = Exchange::ExportPictures(target, options, PictureEncoderOf(*kind, choice.Dpi));
+    const std::string first = written.front().string();
+    if (written.size() == 1) {
+        ShowStatus(Core::LanguageText("str_PicturesWritten", {first}));
+    } else {
+        ShowStatus(Core::LanguageText("str_PicturesWrittenMore", {first, std::to_string(written.size() - 1)}));
+    }
+    DrawDocument();
+}
+
+void frmMain::ShowAbout() { frmAbout(this).exec(); }
+
+void frmMain::ShowKeyboardHelp() { frmKeyboard(this).exec(); }
+
+}  // namespace Quillon::Forms

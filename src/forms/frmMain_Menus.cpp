@@ -1,0 +1,198 @@
+// Menus, toolbars and the status bar, built from the one table of commands.
+#include <QAction>
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLibraryInfo>
+#include <QMenuBar>
+#include <QSlider>
+#include <QStatusBar>
+#include <QToolBar>
+#include <QToolButton>
+#include <QTranslator>
+
+#include "core/mod_TabFileStructure.h"
+#include "forms/SvgIcon.h"
+#include "forms/Text.h"
+#include "forms/frmMain.h"
+#include "forms/picDocument.h"
+#include "shell/Commands.h"
+
+namespace Quillon::Forms {
+
+namespace {
+
+constexpr int ToolIcon = 24;
+/// The toolbar that holds the choice of the track.
+constexpr std::string_view TrackToolbar = "Track";
+
+QList<QKeySequence> Shortcuts(std::string_view keys) {
+    QList<QKeySequence> result;
+    for (const QString& each : ToQString(keys).split(' ', Qt::SkipEmptyParts)) result << QKeySequence(each);
+    return result;
+}
+
+}  // namespace
+
+QMenu* frmMain::MenuOf(std::string_view path) {
+    if (const auto found = menus.find(path); found != menus.end()) return found->second;
+    const auto slash = path.rfind('/');
+    QMenu* menu = nullptr;
+    if (slash == std::string_view::npos) {
+        menu = menuBar()->addMenu(Text(path));
+    } else {
+        menu = MenuOf(path.substr(0, slash))->addMenu(Text(path.substr(slash + 1)));
+    }
+    menu->setToolTipsVisible(true);
+    menus.emplace(path, menu);
+    return menu;
+}
+
+QToolBar* frmMain::ToolBarOf(std::string_view name) {
+    if (const auto found = toolbars.find(name); found != toolbars.end()) return found->second;
+    auto* const bar = new QToolBar(this);
+    bar->setObjectName("toolbar" + ToQString(name));
+    bar->setIconSize({ToolIcon, ToolIcon});
+    addToolBar(bar);
+    toolbars.emplace(name, bar);
+    const std::string known(name);
+    connect(bar->toggleViewAction(), &QAction::triggered, this,
+            [known](bool visible) { Shell::SetToolbarVisible(known, visible); });
+    connect(bar, &QToolBar::topLevelChanged, this,
+            [known](bool floating) { Shell::SetToolbarDocked(known, !floating); });
+    return bar;
+}
+
+QAction* frmMain::MakeAction(const Shell::Command& command) {
+    auto* const action = new QAction(this);
+    action->setObjectName(ToQString(command.Name));
+    if (!command.Icon.empty()) action->setIcon(SvgIcon(command.Icon));
+    action->setShortcuts(Shortcuts(command.Shortcut));
+    action->setCheckable(command.Checked != nullptr);
+    connect(action, &QAction::triggered, this, [this, &command] {
+        Shell::RunCommand(command);
+        UpdateCommands();
+    });
+    return action;
+}
+
+void frmMain::BuildMenus() {
+    for (const Shell::Command& command : Shell::Commands()) {
+        QMenu* const menu = MenuOf(command.Menu);
+        if (command.SeparatorBefore) menu->addSeparator();
+        QAction* action = nullptr;
+        if (command.Is == Shell::Command::Kind::RecentFiles) {
+            recentMenu = menu->addMenu(QString());
+            action = recentMenu->menuAction();
+            action->setObjectName(ToQString(command.Name));
+        } else {
+            action = MakeAction(command);
+            menu->addAction(action);
+        }
+        actions.emplace(command.Name, action);
+        if (command.Toolbar.empty()) continue;
+        QToolBar* const bar = ToolBarOf(command.Toolbar);
+        if (command.SeparatorBefore && !bar->actions().isEmpty()) bar->addSeparator();
+        bar->addAction(action);
+    }
+    cmbTrack = new QComboBox(this);
+    cmbTrack->setObjectName("cmbTrack");
+    cmbTrack->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    cmbTrack->setMinimumContentsLength(14);
+    cmbTrack->setFocusPolicy(Qt::TabFocus);
+    connect(cmbTrack, &QComboBox::activated, this, [this](int track) {
+        Shell::ShowTrack(track);
+        document->setFocus();
+    });
+    QToolBar* const bar = ToolBarOf(TrackToolbar);
+    bar->insertWidget(bar->actions().isEmpty() ? nullptr : bar->actions().first(), cmbTrack);
+}
+
+void frmMain::BuildStatusBar() {
+    const auto label = [this](const char* name) {
+        auto* const made = new QLabel(this);
+        made->setObjectName(name);
+        made->setTextFormat(Qt::PlainText);
+        made->setContentsMargins(8, 0, 8, 0);
+        return made;
+    };
+    // A long message gives way to what stands at the right.
+    lblStatus = label("lblStatus");
+    lblStatus->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    statusBar()->addWidget(lblStatus, 1);
+    lblNote = label("lblNote");
+    lblPlace = label("lblPlace");
+    lblPages = label("lblPages");
+    for (QLabel* each : {lblNote, lblPlace, lblPages}) statusBar()->addPermanentWidget(each);
+    sldZoom = new QSlider(Qt::Horizontal, this);
+    sldZoom->setObjectName("sldZoom");
+    sldZoom->setRange(Shell::LeastZoom, Shell::MostZoom);
+    sldZoom->setPageStep(25);
+    sldZoom->setFixedWidth(110);
+    sldZoom->setFocusPolicy(Qt::TabFocus);
+    connect(sldZoom, &QSlider::valueChanged, this, [](int percent) { Shell::SetZoom(percent); });
+    statusBar()->addPermanentWidget(sldZoom);
+    cmdZoom = new QToolButton(this);
+    cmdZoom->setObjectName("cmdZoom");
+    cmdZoom->setAutoRaise(true);
+    cmdZoom->setFocusPolicy(Qt::TabFocus);
+    cmdZoom->setMinimumWidth(fontMetrics().horizontalAdvance("400 %") + 16);
+    connect(cmdZoom, &QToolButton::clicked, this, [] { Shell::mnuViewZoom100_Click(); });
+    statusBar()->addPermanentWidget(cmdZoom);
+}
+
+void frmMain::ShowToolbars() {
+    for (const auto& [name, bar] : toolbars) bar->setVisible(Shell::IsToolbarVisible(name));
+}
+
+void frmMain::LoadLibraryTexts() {
+    libraryTexts.reset();
+    const QString locale = Text("str_LocaleName");
+    if (locale == "en") return;
+    libraryTexts = std::make_unique<QTranslator>();
+    if (libraryTexts->load("qtbase_" + locale, QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+        QCoreApplication::installTranslator(libraryTexts.get());
+    }
+}
+
+void frmMain::LanguageChanged() {
+    LoadLibraryTexts();
+    for (const auto& [path, menu] : menus) menu->setTitle(Text(path.substr(path.rfind('/') + 1)));
+    for (const auto& [name, bar] : toolbars) bar->setWindowTitle(Text("str_Toolbar" + name));
+    for (const Shell::Command& command : Shell::Commands()) {
+        QAction* const action = ActionOf(std::string(command.Name));
+        action->setText(Text(command.Text));
+        action->setToolTip(ToQString(Shell::Tooltip(command)));
+        const QString spoken = ToQString(Shell::PlainCaption(command));
+        for (const auto& [name, bar] : toolbars) {
+            if (QWidget* const button = bar->widgetForAction(action)) button->setAccessibleName(spoken);
+        }
+    }
+    cmbTrack->setToolTip(Text("str_TrackChoice"));
+    cmbTrack->setAccessibleName(Text("str_TrackChoice"));
+    sldZoom->setToolTip(Text("str_Zoom"));
+    sldZoom->setAccessibleName(Text("str_Zoom"));
+    cmdZoom->setToolTip(Text("str_ZoomReset"));
+    cmdZoom->setAccessibleName(Text("str_ZoomReset"));
+    FillStatus();
+    document->Redraw(false);
+}
+
+void frmMain::FillRecentFiles() {
+    if (!recentMenu) return;
+    recentMenu->clear();
+    int index = 0;
+    for (const std::filesystem::path& path : Shell::RecentFiles()) {
+        // The file's name may hold an "&", which is no keyboard letter.
+        QAction* const entry = recentMenu->addAction(ToQString(Shell::RecentFileCaption(path)).replace("&", "&&"));
+        entry->setObjectName("mnuFileOpenRecentItem");
+        entry->setToolTip(PathText(path));
+        connect(entry, &QAction::triggered, this, [index] { Shell::mnuFileOpenRecentItem_Click(index); });
+        ++index;
+    }
+    recentMenu->setEnabled(index > 0);
+    recentMenu->setToolTipsVisible(true);
+}
+
+}  // namespace Quillon::Forms

@@ -1,0 +1,78 @@
+// The editor: services first, then the window, then the start of the system.
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QFileInfo>
+#include <QLibraryInfo>
+#include <QStandardPaths>
+#include <QTimer>
+#include <cstdlib>
+
+#include "forms/Text.h"
+#include "forms/Theme.h"
+#include "forms/frmMain.h"
+#include "forms/picDocumentAccess.h"
+#include "platform/Services.h"
+#include "platform/portable/IniStore.h"
+#include "platform/portable/PosixFiles.h"
+#include "platform/portable/Rc4Md5.h"
+#include "platform/qt/QtMessageBox.h"
+#include "shell/mod_Shell.h"
+
+namespace Quillon::Forms {
+
+namespace {
+
+struct Arguments {
+    QString Base;
+    QString File;
+    bool QuitAfterPaint = false;
+};
+
+Arguments Read(const QApplication& application) {
+    QCommandLineParser parser;
+    parser.setApplicationDescription("A tablature and notation editor for guitarists.");
+    parser.addHelpOption();
+    parser.addVersionOption();
+    const QCommandLineOption base("base", "The folder that holds QL4.ini, the settings and Data.", "DIR");
+    const QCommandLineOption quit("quit-after-paint", "End when the window was painted for the first time.");
+    parser.addOptions({base, quit});
+    parser.addPositionalArgument("FILE", "A music file to open.", "[FILE]");
+    parser.process(application);
+    return {parser.value(base), parser.positionalArguments().value(0), parser.isSet(quit)};
+}
+
+int Main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    QApplication::setApplicationName("quillon");
+    QApplication::setApplicationDisplayName("Quillon 4");
+    QApplication::setApplicationVersion(QUILLON_VERSION);
+    QApplication::setDesktopFileName("quillon");
+    const Arguments arguments = Read(application);
+
+    PosixFiles files;
+    Rc4Md5 cipher;
+    QtMessageBox messages;
+    Services.Files = &files;
+    Services.StreamCipher = &cipher;
+    Services.Messages = &messages;
+    Services.BaseFolder = Shell::BaseFolder(arguments.Base.toStdString(), ToPath(QApplication::applicationDirPath()),
+                                            [](const char* name) -> const char* { return std::getenv(name); });
+    IniStore store(files, Services.BaseFolder / "settings.ini");
+    Services.Settings = &store;
+
+    InstallScoreAccess();
+    frmMain window;
+    Shell::Program.View = &window;
+    Shell::Program.Dialogs = &window;
+    if (arguments.QuitAfterPaint) {
+        QObject::connect(&window, &frmMain::FirstPainted, &application, [] { std::_Exit(0); });
+    }
+    Shell::Start(arguments.File.toStdString());
+    return QApplication::exec();
+}
+
+}  // namespace
+
+}  // namespace Quillon::Forms
+
+int main(int argc, char** argv) { return Quillon::Forms::Main(argc, argv); }

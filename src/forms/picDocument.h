@@ -1,0 +1,71 @@
+// The paper: the view of the open document with its scroll bars.
+//
+// What it shows is painted into an image of device pixels when something changed, and only blitted otherwise. Zooming
+// scales the painting; the layout always works with document pixels.
+#pragma once
+
+#include <QAbstractScrollArea>
+#include <QImage>
+#include <optional>
+
+namespace Quillon::Forms {
+
+class picDocument : public QAbstractScrollArea {
+    Q_OBJECT
+
+public:
+    explicit picDocument(QWidget* parent = nullptr);
+
+    /// Paints the document anew before the next frame. The view then scrolls to the cursor when it is to follow it.
+    void Redraw(bool followCursor = true);
+    /// Paints at once what is due, so that the layout and the scroll bars are settled.
+    void Settle();
+
+    double Zoom() const { return zoom; }
+    /// The point under the mouse, when the zoom follows a turn of its wheel, else the top of the view keeps showing
+    /// the same part of the page.
+    void SetZoom(double value);
+
+Q_SIGNALS:
+    /// The document was painted: the page count and the cursor's place may have changed.
+    void Drawn();
+    /// Ctrl with the wheel: so many steps up, or down when negative.
+    void ZoomAsked(int steps);
+    void FileDropped(const QString& path);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
+
+private:
+    void PaintBacking();
+    void ShowScrollBars();
+    void TellScreenReader();
+
+    QImage backing;
+    bool dirty = true;
+    bool follow = false;
+    bool settingScrollBars = false;
+    double zoom = 1;
+    int wheelRest = 0;  ///< eighths of a degree turned towards the next zoom step
+    std::optional<QPointF> zoomPoint;
+    QPoint panFrom;  ///< of a drag with the middle button
+    QPoint panScroll;
+    QString spoken;  ///< the cursor's place as last told to screen readers
+};
+
+/// The code that the system's handlers know a key by, 0 for a key that they don't.
+int VirtualKey(const QKeyEvent& event);
+/// 1 with Shift, 2 with Control, 4 with Alt.
+int ShiftState(Qt::KeyboardModifiers modifiers);
+
+}  // namespace Quillon::Forms

@@ -1,0 +1,90 @@
+#include "shell/CursorText.h"
+
+#include <cmath>
+
+#include "core/mod_Common.h"
+#include "core/mod_Language.h"
+#include "core/mod_TabFileManipulation.h"
+#include "core/mod_TabFileStructure.h"
+
+namespace Quillon::Shell {
+
+using Core::LanguageText;
+using Core::Open;
+
+namespace {
+
+bool CursorIsInScore() {
+    const auto& tracks = Open.TabFile.Tracks;
+    if (Open.CurTrack < 0 || Open.CurTrack > tracks.UpperBound()) return false;
+    const auto& bars = tracks[Open.CurTrack].Bars;
+    if (Open.CurBar < 0 || Open.CurBar > bars.UpperBound()) return false;
+    return Open.CurStrum >= 0 && Open.CurStrum <= bars[Open.CurBar].Strums().UpperBound();
+}
+
+/// From 1, in beats of the time signature; a hundredth is as fine as anyone reads.
+double Beat() {
+    const auto& strums = Core::ReadBar(Open.CurTrack, Open.CurBar).Strums();
+    double elapsed = 0;
+    for (int strum = 0; strum < Open.CurStrum; ++strum) elapsed += Core::StrumLength(strums[strum]);
+    const auto bottom = Open.TabFile.BarInfos[Open.CurBar].TimeSigBottom;
+    const double beatLength = bottom > 0 ? 64.0 / bottom : 16;
+    return std::round((elapsed / beatLength + 1) * 100) / 100;
+}
+
+std::string LengthText(const Core::Strum& strum) {
+    if (strum.Length < 0 || strum.Length > 6) return "";
+    std::string text = LanguageText("str_Length" + std::to_string(strum.Length));
+    if (strum.Dotted) text = LanguageText("str_LengthDotted", {text});
+    if (strum.HasTuplet) text = LanguageText("str_LengthInTuplet", {text});
+    return text;
+}
+
+std::string PitchName(int pitch) {
+    static constexpr const char* names[] = {"C", "C#", "D", "Eb", "E", "F", "F#", "G", "Ab", "A", "Bb", "B"};
+    if (pitch < 0 || pitch > 127) return "";
+    return names[pitch % 12] + std::to_string(pitch / 12 - 1);
+}
+
+}  // namespace
+
+std::string PlaceText() {
+    if (!CursorIsInScore()) return "";
+    const int bars = Core::NumberOfBars(Open.CurTrack) + 1;
+    return LanguageText("str_CursorPlace",
+                        {std::to_string(Open.CurBar + 1), std::to_string(bars), Core::FormatDouble(Beat())});
+}
+
+std::string NoteText() {
+    if (!CursorIsInScore()) return "";
+    const Core::Strum& strum = Core::ReadStrum(Open.CurTrack, Open.CurBar, Open.CurStrum);
+    const Core::Track& track = Open.TabFile.Tracks[Open.CurTrack];
+    std::string where;
+    std::string what = LanguageText("str_CursorNoNote");
+    if (Open.InputMode == Core::TabInput || track.IsDrum) {
+        if (Open.CurString < 0 || Open.CurString >= Core::StringCount) return LengthText(strum);
+        where = LanguageText("str_CursorString", {std::to_string(Open.CurString + 1)});
+        const std::string& fret = strum.Notes[Open.CurString].Fret;
+        if (!fret.empty()) what = LanguageText(track.IsDrum ? "str_CursorSound" : "str_CursorFret", {fret});
+    } else {
+        where = PitchName(Open.CurPitch);
+        for (int string = 0; string < Core::StringCount; ++string) {
+            const std::string& fret = strum.Notes[string].Fret;
+            if (fret.empty() || fret.find_first_not_of("0123456789") != std::string::npos || fret.size() > 3) continue;
+            if (Core::OpenPitch(track, string) + std::stoi(fret) == Open.CurPitch) {
+                what = LanguageText("str_CursorFret", {fret});
+            }
+        }
+    }
+    std::string text = where + ", " + what;
+    const std::string length = LengthText(strum);
+    if (!length.empty()) text += ", " + length;
+    return text;
+}
+
+std::string CursorText() {
+    const std::string note = NoteText();
+    return note.empty() ? PlaceText() : PlaceText() + ", " + note;
+}
+
+}  // namespace Quillon::Shell

@@ -1,0 +1,15 @@
+// The cursor's place in words: for the status bar and for screen readers.
+#pragma once
+
+#include <string>
+
+namespace Quillon::Shell {
+
+/// Bar and beat, counted from 1: "Bar 3 of 16, beat 2.5". The beat is that of the time signature.
+std::string PlaceText();
+/// What stands under the cursor: "string 1, fret 5, dotted quarter", or with a pitch in notation input.
+std::string NoteText();
+/// Both, for a screen reader.
+std::string CursorText();
+
+}  // namespace Quillon::Shell
