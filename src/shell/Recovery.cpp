@@ -186,7 +186,8 @@ void OfferRecovery() {
         if (name == Recovery.Name) continue;
         bool goOn = true;
         Guarded([&] { goOn = Offer(name); });
-        if (!goOn) return;
+        // Also when its new copy could not be written: the old one then stands until the next start.
+        if (!goOn || Open.FileChanged) return;
     }
 }
 

@@ -1,0 +1,117 @@
+#include "shell/Commands.h"
+
+#include <set>
+#include <sstream>
+
+#include "core/mod_Common.h"
+#include "tests/shell/ShellFixture.h"
+
+namespace Quillon::Shell {
+namespace {
+
+using Core::Open;
+
+class CommandTable : public ShellTest {
+protected:
+    CommandTable() { Start(""); }
+    bool Do(const char* name) {
+        const Command* command = FindCommand(name);
+        EXPECT_TRUE(command) << name;
+        return command && RunCommand(*command);
+    }
+};
+
+TEST_F(CommandTable, NamesShortcutsAndKeyboardLettersAreUniqueInBothLanguages) {
+    for (const char* language : {"English", "German"}) {
+        Core::LoadLanguage(run->Files, folder / "base", language);
+        std::set<std::string> names, shortcuts, letters;
+        for (const Command& command : Commands()) {
+            EXPECT_TRUE(names.insert(std::string(command.Name)).second) << command.Name;
+            std::istringstream keys{std::string(command.Shortcut)};
+            for (std::string key; keys >> key;) EXPECT_TRUE(shortcuts.insert(key).second) << key;
+            const std::string& text = Core::LanguageText(command.Text);
+            const std::size_t mark = text.find('&');
+            ASSERT_NE(mark, std::string::npos) << text << " can't be reached by keyboard";
+            const std::string letter = std::string(command.Menu) + Core::LowerAscii(text.substr(mark + 1, 1));
+            EXPECT_TRUE(letters.insert(letter).second) << language << ": " << text << " and another in its menu";
+            EXPECT_TRUE(command.Run || command.Is == Command::Kind::RecentFiles) << command.Name << " is dead";
+            EXPECT_TRUE(command.Toolbar.empty() || Core::ToolbarIndex(std::string(command.Toolbar) + " Toolbar") >= 0)
+                << command.Toolbar;
+        }
+    }
+    EXPECT_FALSE(FindCommand("mnuNone"));
+}
+
+TEST_F(CommandTable, CaptionsAreWhatAScreenReaderSays) {
+    EXPECT_EQ(PlainCaption(*FindCommand("mnuFileSaveAs")), "Save as");
+    EXPECT_EQ(Tooltip(*FindCommand("mnuFileOpen")), "Open (Ctrl+O)");
+    EXPECT_EQ(Tooltip(*FindCommand("mnuViewZoomIn")), "Zoom in (Ctrl++)");
+    EXPECT_EQ(Tooltip(*FindCommand("mnuHelpAbout")), "About Quillon");
+}
+
+TEST_F(CommandTable, ZoomWalksItsStepsAndStopsAtTheEnds) {
+    std::string zooms;
+    while (Do("mnuViewZoomIn")) zooms += std::to_string(Program.ZoomPercent) + " ";
+    EXPECT_EQ(zooms, "110 125 150 175 200 250 300 400 ");
+    zooms.clear();
+    while (Do("mnuViewZoomOut")) zooms += std::to_string(Program.ZoomPercent) + " ";
+    EXPECT_EQ(zooms, "300 250 200 175 150 125 110 100 90 80 75 67 50 ");
+    SetZoom(105);
+    ZoomBy(1);
+    EXPECT_EQ(Program.ZoomPercent, 110);
+    SetZoom(105);
+    ZoomBy(-2);
+    EXPECT_EQ(Program.ZoomPercent, 90);
+    SetZoom(100000);
+    EXPECT_EQ(Program.ZoomPercent, 400);
+    Do("mnuViewZoom100");
+    EXPECT_EQ(Program.ZoomPercent, 100);
+}
+
+TEST_F(CommandTable, TracksAreWalkedWithTheCursorOnWhatExists) {
+    Core::Track shorter;
+    shorter.Strings = 4;
+    Open.TabFile.Tracks.Add(shorter);
+    Open.CurString = 5;
+    EXPECT_FALSE(Do("mnuTrackPrevious"));
+    Drawing::Page.LayoutDirty = 0;
+    EXPECT_TRUE(Do("mnuTrackNext"));
+    EXPECT_EQ(Open.CurTrack, 1);
+    EXPECT_LT(Open.CurString, 4);
+    EXPECT_EQ(Drawing::Page.LayoutDirty, 1);
+    EXPECT_FALSE(Do("mnuTrackNext"));
+    ShowTrack(-1);
+    ShowTrack(2);
+    EXPECT_EQ(Open.CurTrack, 1);
+    EXPECT_FALSE(Open.FileChanged);
+}
+
+TEST_F(CommandTable, ToolbarsAreKeptInTheSettings) {
+    const Command& command = *FindCommand("mnuViewToolbarTrack");
+    EXPECT_TRUE(IsChecked(command));
+    Do("mnuViewToolbarTrack");
+    EXPECT_FALSE(IsChecked(command));
+    EXPECT_FALSE(Core::Settings.ToolbarVisible[7]);
+    SetToolbarDocked("File", false);
+    EXPECT_FALSE(Core::Settings.ToolbarDocked[0]);
+    EXPECT_TRUE(IsToolbarDocked("Track"));
+}
+
+TEST_F(CommandTable, QuitClosesTheWindowOnlyWhenNothingHoldsIt) {
+    Edit("1");
+    Box().Answers = {Answer::Cancel, Answer::No};
+    Do("mnuFileExit");
+    EXPECT_NE(Window().Calls.back(), "close");
+    Do("mnuFileExit");
+    EXPECT_EQ(Window().Calls.back(), "close");
+}
+
+TEST_F(CommandTable, WhatACommandRaisesBecomesAMessage) {
+    const Command raising{.Name = "raising", .Run = [] { RaiseOverflow(); }};
+    EXPECT_TRUE(RunCommand(raising));
+    EXPECT_EQ(Box().Shown, std::vector<std::string>{"Overflow"});
+    EXPECT_FALSE(RunCommand(*FindCommand("mnuFileOpenRecent")));
+}
+
+}  // namespace
+}  // namespace Quillon::Shell

@@ -1,0 +1,146 @@
+// The program without windows on a scratch base folder: a window, dialogs and boxes that answer and remember.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "core/mod_Language.h"
+#include "core/mod_MusicFile.h"
+#include "core/mod_Settings.h"
+#include "core/mod_TabFileManipulation.h"
+#include "drawing/mod_PageLayout.h"
+#include "platform/MessageBox.h"
+#include "platform/RunTimeError.h"
+#include "platform/Services.h"
+#include "platform/portable/IniStore.h"
+#include "platform/portable/PosixFiles.h"
+#include "platform/portable/Rc4Md5.h"
+#include "shell/Recovery.h"
+#include "shell/mod_Shell.h"
+#include "tests/support/Golden.h"
+
+namespace Quillon::Shell {
+
+/// Real files, of which writing can be made to fail.
+struct FaultyFiles : PosixFiles {
+    std::string FullFor;  ///< Replace fails with a full disk for paths that hold this text
+    void Replace(const std::filesystem::path& path, std::string_view bytes) override {
+        if (!FullFor.empty() && path.string().find(FullFor) != std::string::npos) {
+            throw RunTimeError(61, path.string() + ": No space left on device");
+        }
+        PosixFiles::Replace(path, bytes);
+    }
+};
+
+struct RememberingBox : MessageBox {
+    std::deque<Answer> Answers;  ///< of the next questions; Ok when none is left
+    std::vector<std::string> Shown;
+    Answer Show(const std::string& text, const std::string&, Buttons, BoxIcon) override {
+        Shown.push_back(text);
+        if (Answers.empty()) return Answer::Ok;
+        const Answer answer = Answers.front();
+        Answers.pop_front();
+        return answer;
+    }
+};
+
+struct FakeWindow : ShellView, Dialogs {
+    std::vector<std::string> Calls;
+    std::string Caption;
+    std::vector<std::string> Status;
+    std::optional<std::filesystem::path> OpenAnswer, SaveAnswer;
+    std::filesystem::path Suggested;
+    std::optional<std::string> Password;
+    std::function<bool(FilePropertiesModel&)> OnFileProperties;
+    std::function<bool(TrackPropertiesModel&)> OnTrackProperties;
+    std::function<bool(OptionsModel&)> OnOptions;
+    std::function<bool(PageSetupModel&)> OnPageSetup;
+
+    void DrawDocument() override { Calls.emplace_back("draw"); }
+    void SetCaption(const std::string& caption) override { Caption = caption; }
+    void RebuildTrackList() override { Calls.emplace_back("tracks"); }
+    void FillRecentFiles() override { Calls.emplace_back("recent"); }
+    void ShowStatus(const std::string& text) override { Status.push_back(text); }
+    void UpdateCommands() override {}
+    void UpdateZoom() override { Calls.emplace_back("zoom"); }
+    void LanguageChanged() override { Calls.emplace_back("language"); }
+    void ThemeChanged() override { Calls.emplace_back("theme"); }
+    void RestorePlaces() override { Calls.emplace_back("places"); }
+    void ShowWindow() override { Calls.emplace_back("window"); }
+    void CloseWindow() override { Calls.emplace_back("close"); }
+    std::optional<std::filesystem::path> AskOpenFile(const std::filesystem::path&) override { return OpenAnswer; }
+    std::optional<std::filesystem::path> AskSaveFile(const std::filesystem::path& suggested) override {
+        Suggested = suggested;
+        return SaveAnswer;
+    }
+    bool EditFileProperties(FilePropertiesModel& model) override { return OnFileProperties && OnFileProperties(model); }
+    bool EditTrackProperties(TrackPropertiesModel& model) override {
+        return OnTrackProperties && OnTrackProperties(model);
+    }
+    bool EditOptions(OptionsModel& model) override { return OnOptions && OnOptions(model); }
+    bool EditPageSetup(PageSetupModel& model) override { return OnPageSetup && OnPageSetup(model); }
+    std::optional<std::string> AskPassword() override {
+        Calls.emplace_back("password");
+        return Password;
+    }
+    void ExportPicture() override { Calls.emplace_back("picture"); }
+    void ShowAbout() override { Calls.emplace_back("about"); }
+    void ShowKeyboardHelp() override { Calls.emplace_back("keyboard"); }
+};
+
+inline void ResetGlobals() {
+    Services = {};
+    Core::Open = {};
+    Core::Settings = {};
+    Core::Language = {};
+    Drawing::Page = {};
+    Drawing::View = {};
+    Recovery = {};
+    Program = {};
+}
+
+/// One life of the program on a base folder. Destroyed without Stop it is a crash: locks are freed, files stay.
+struct Life {
+    explicit Life(const std::filesystem::path& base) : Store(Files, base / "settings.ini") {
+        ResetGlobals();
+        Services = {base, &Files, &Store, &Box, &Cipher};
+        Program.View = &Window;
+        Program.Dialogs = &Window;
+    }
+    ~Life() { ResetGlobals(); }
+    Life(const Life&) = delete;
+    Life& operator=(const Life&) = delete;
+
+    FaultyFiles Files;
+    Rc4Md5 Cipher;
+    IniStore Store;
+    RememberingBox Box;
+    FakeWindow Window;
+};
+
+class ShellTest : public testing::Test {
+protected:
+    ShellTest() { Restart(); }
+    void Restart() {
+        run.reset();
+        run = std::make_unique<Life>(folder / "base");
+    }
+    RememberingBox& Box() { return run->Box; }
+    FakeWindow& Window() { return run->Window; }
+    /// Puts a fret into the open document, as an edit does.
+    static void Edit(const char* fret) {
+        Core::EditStrum(0, 0, 0).Notes.Edit(0).Fret = fret;
+        Core::Open.FileChanged = true;
+    }
+    static std::string Fret() { return Core::ReadStrum(0, 0, 0).Notes[0].Fret; }
+
+    Testing::ScratchFolder folder;
+    std::unique_ptr<Life> run;
+};
+
+}  // namespace Quillon::Shell
