@@ -7,11 +7,17 @@
 #include <string_view>
 
 #include "core/clsCryptAPI.h"
+#include "core/mod_Common.h"
+#include "core/mod_Language.h"
 #include "core/mod_MusicFile.h"
+#include "core/mod_Settings.h"
 #include "exchange/JsonDocument.h"
 #include "platform/RunTimeError.h"
+#include "platform/Services.h"
 #include "platform/headless/MemoryStore.h"
+#include "platform/portable/IniStore.h"
 #include "platform/portable/Rc4Md5.h"
+#include "shell/Recovery.h"
 
 namespace Quillon::Fuzz {
 
@@ -53,14 +59,41 @@ inline void Json(std::string_view bytes) {
     MusicText(Core::WriteTabFileText(file));
 }
 
+/// QL4.ini, the settings store and a language file: what each reader took from the bytes, it takes again from its text.
+inline void Settings(std::string_view bytes) {
+    Core::SettingsRecord settings;
+    Core::ParseINISettings(bytes, settings);
+    const std::string file = Core::FormatINISettings(settings);
+    Core::SettingsRecord again;
+    Require(Core::ParseINISettings(file, again) == 71, "written settings are not read whole");
+    Require(Core::FormatINISettings(again) == file, "the settings do not settle");
+
+    const std::string store = FormatIni(ParseIni(bytes));
+    Require(FormatIni(ParseIni(store)) == store, "the settings store does not settle");
+
+    for (const auto& [key, text] : Core::ParseLanguage(bytes)) {
+        Require(Core::IsUtf8(key) && Core::IsUtf8(text), "a text that is no UTF-8");
+    }
+}
+
+/// A rescue copy, which a crash may have left in any state.
+inline void Recovery(std::string_view bytes) {
+    static MemoryStore store;
+    Services.Settings = &store;
+    try {
+        const std::string copy = Shell::FormatRecovery(Shell::ParseRecovery(bytes));
+        Require(!copy.empty(), "an empty copy");
+    } catch (const RunTimeError& refusal) {
+        Require(!refusal.Description().empty(), "a refusal without a reason");
+    }
+}
+
 struct Target {
     std::string_view Name;  ///< of its folder below fuzz/corpus/
     void (*Run)(std::string_view bytes);
 };
 inline constexpr Target Targets[] = {
-    {"music_text", &MusicText},
-    {"cipher", &Cipher},
-    {"json", &Json},
+    {"music_text", &MusicText}, {"cipher", &Cipher}, {"json", &Json}, {"settings", &Settings}, {"recovery", &Recovery},
 };
 
 }  // namespace Quillon::Fuzz

@@ -57,10 +57,10 @@ TEST(LanguageTables, EveryLanguageHasTheSameKeysAndPlacesAndNoEmptyText) {
     }
 }
 
-TEST(LanguageTables, EveryKeyOfTheSourceIsThere) {
+TEST(LanguageTables, EveryKeyOfTheSourceIsThereAndNoneIsUnused) {
     const LanguageTable english = BuiltIn("English");
     std::set<std::string> used;
-    const std::regex key("\"(str_[A-Za-z0-9_]+)\"");
+    const std::regex key("[\"/](str_[A-Za-z0-9_]+)");  // menus name theirs joined by "/"
     for (const auto& entry : fs::recursive_directory_iterator(fs::path(QUILLON_SOURCE_DIR) / "src")) {
         if (entry.path().extension() != ".cpp" && entry.path().extension() != ".h") continue;
         if (entry.path().filename() == "mod_Language.h") continue;  // names one as an example
@@ -70,6 +70,7 @@ TEST(LanguageTables, EveryKeyOfTheSourceIsThere) {
             EXPECT_TRUE(english.contains((*at)[1].str())) << entry.path() << " uses " << (*at)[1].str();
         }
     }
+    for (const auto& [name, text] : english) EXPECT_TRUE(used.contains(name)) << name << " is not used";
 }
 
 TEST_F(LanguageFiles, AFileWinsKeyByKeyAndAMissingKeyShowsItself) {
