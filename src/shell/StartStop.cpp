@@ -3,6 +3,7 @@
 #include "core/mod_Settings.h"
 #include "core/mod_TabFileManipulation.h"
 #include "drawing/mod_PageLayout.h"
+#include "editing/mod_Cursor.h"
 #include "platform/FileSystem.h"
 #include "platform/Services.h"
 #include "platform/SettingsStore.h"
@@ -84,6 +85,7 @@ std::vector<Step> StopSteps() {
 }
 
 void Start(const std::string& commandLineFile) {
+    Editing::MayEdit = PasswordCorrect;
     for (const Step& step : StartSteps(commandLineFile)) Guarded([&] { step.Run(); });
 }
 
