@@ -55,8 +55,11 @@ public:
         Json slots = Json::object();
         for (int s = 0; s < Core::StringCount; ++s) {
             if (notes.IsDefault(s)) continue;
-            Writer writer(slots[std::to_string(s)] = Json::object(), false);
+            Json slot = Json::object();
+            Writer writer(slot, false);
             JsonFields::NoteFields(writer, notes[s]);
+            // Points of a bend that is off are not written, and may have been all that the slot held.
+            if (!slot.empty()) slots[std::to_string(s)] = std::move(slot);
         }
         if (!slots.empty()) object[name] = std::move(slots);
     }

@@ -5,6 +5,7 @@
 #include "platform/RunTimeError.h"
 #include "platform/headless/MemoryStore.h"
 #include "tests/support/Golden.h"
+#include "tests/support/RandomDocument.h"
 
 using namespace Quillon;
 using Exchange::ReadJson;
@@ -81,4 +82,17 @@ TEST(Json, RefusalsNameThePlace) {
     };
     for (const auto& [text, refusal] : cases) EXPECT_EQ(Refusal(text), refusal) << text;
     EXPECT_NE(Refusal(std::string(100000, '[')), "accepted");
+}
+
+TEST(Json, RandomDocumentsComeBackWhole) {
+    for (unsigned seed = 0; seed < 30; ++seed) {
+        const Core::TabFile file = Testing::RandomDocument(seed, Testing::HeldBy::Json);
+        ASSERT_TRUE(Read(WriteJson(file)) == file) << "seed " << seed;
+    }
+}
+
+TEST(Json, ASlotOfNothingButTheCurveOfABendThatIsOffIsLeftOut) {
+    Core::TabFile file = Read("{}");
+    file.Tracks[0].Bars.Edit(0).EditStrums()[0].Notes.Edit(2).BendPoints.Edit()[3] = 1;
+    EXPECT_EQ(WriteJson(file), WriteJson(Read("{}")));
 }
