@@ -97,7 +97,7 @@ void DrawBend(Picture& picture, TabBar& bar, int strum, int string) {
     const std::vector<double> turns = TurnsOf(note.BendPoints.Read());
     const bool held = turns.front() >= Turn;
     if (turns.size() == 1 && !held) return;
-    const double start = bar.Column(strum) + HalfFigure(picture, bar, strum, string) + 1.5;
+    const double start = bar.Column(strum) + FigureExtent(picture, bar, strum, string).Right + 1.5;
     const double room = std::max(8.0, bar.NextColumn(strum) - start - 6);
     const auto curves = static_cast<double>(turns.size() - 1);
     const double step = std::clamp((room - (held ? 2 : 0)) / std::max(1.0, curves), 5.0, 11.0);

@@ -1,4 +1,5 @@
 // The figures on the strings, and the columns of a bar.
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -29,17 +30,22 @@ constexpr std::array<DrumLetter, 12> DrumLetters = {{{"F", &PercAssignment::dbf}
                                                      {"x", &PercAssignment::dlx},
                                                      {"~", &PercAssignment::dro}}};
 
-std::string WithMarks(const std::string& figure, const Core::Note& note) {
-    std::string text = figure;
-    if (note.Ghost) text = "(" + text + ")";
-    if (note.Harmonic != Core::NoHarmonic) text += "*";
-    if (note.LetRing) text += "..";
-    return text;
+std::string Enclosed(const std::string& figure, const Core::Note& note) {
+    return note.Ghost ? "(" + figure + ")" : figure;
+}
+
+std::string MarksBehind(const Core::Note& note) {
+    std::string marks;
+    if (note.Harmonic != Core::NoHarmonic) marks += "*";
+    if (note.LetRing) marks += "..";
+    return marks;
 }
 
 }  // namespace
 
-std::string FretText(const Core::Note& note) { return note.Fret.empty() ? "" : WithMarks(note.Fret, note); }
+std::string FretText(const Core::Note& note) {
+    return note.Fret.empty() ? "" : Enclosed(note.Fret, note) + MarksBehind(note);
+}
 
 std::string PercussionText(const Core::Track& track, int string, const Core::Note& note) {
     const PercAssignment& sounds = track.PercStrings[string];
@@ -54,32 +60,30 @@ std::string PercussionText(const Core::Track& track, int string, const Core::Not
     return note.Fret;
 }
 
-std::string Figure(const Core::Track& track, int string, const Core::Note& note) {
+std::string Figure(const Core::Track& track, int string, const Core::Note& note, std::string* core) {
     if (note.Fret.empty()) return "";
-    return track.IsDrum ? WithMarks(PercussionText(track, string, note), note) : FretText(note);
+    std::string text = Enclosed(track.IsDrum ? PercussionText(track, string, note) : note.Fret, note);
+    if (core) *core = text;
+    return text + MarksBehind(note);
 }
 
 void DrawFigures(Picture& picture, const TabBar& bar, int strum) {
     constexpr double halfDigit = 0.36;  // of the em
     constexpr int above = 4, margin = 1;
     const Core::Strum& column = bar.Strum(strum);
-    const Font font = NoteFont(bar.Context.File);
+    const double drop = std::round(halfDigit * NoteFont(bar.Context.File).Pixels());
     const double x = bar.Column(strum);
-    bool ready = false;
+    picture.SetColor(bar.Ink());
     for (int string = 0; string < bar.Strings; ++string) {
         const Core::Note& note = column.Notes[string];
         if (note.Fret.empty()) continue;
-        if (!ready) {
-            picture.SetFont(font);
-            picture.SetColor(bar.Ink());
-            ready = true;
-        }
-        const std::string text = Figure(bar.Track, string, note);
         const int y = bar.LineY(string);
-        const double width = std::ceil(picture.TextWidth(text)) + 2 * margin;
-        const double left = std::floor(x + 0.5 - width / 2);
-        picture.Box(left, y - above, width, 2 * above, White);
-        picture.Print(x, y + std::round(halfDigit * font.Pixels()), text, Anchor::Center);
+        const Extent extent = FigureExtent(picture, bar, string, note);
+        // A wide figure of a first column leaves the bar line whole.
+        const double left = std::max(std::floor(x + 0.5 - extent.Left - margin), bar.Context.X + 1.0);
+        const double right = std::ceil(x + 0.5 + extent.Right + margin);
+        picture.Box(left, y - above, right - left, 2 * above, White);
+        picture.Print(x + 0.5 - extent.Left, y + drop, Figure(bar.Track, string, note));
     }
 }
 

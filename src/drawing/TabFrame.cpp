@@ -1,5 +1,6 @@
 // The frame of a bar: number, staves, figures of the time signature, repeats, bar lines.
 #include <algorithm>
+#include <cmath>
 #include <string>
 
 #include "drawing/TabParts.h"
@@ -34,11 +35,11 @@ Staves StavesOf(const BarContext& bar) {
     return staves;
 }
 
-void DrawTimeSignature(Picture& picture, const BarContext& bar, double middle) {
+/// `half` is the way from the middle of the staff to that of a figure.
+void DrawTimeSignature(Picture& picture, const BarContext& bar, double middle, double half) {
     // Right-aligned, so that two digits clear the first column.
     constexpr int right = 40;
-    constexpr double half = 7.2;  // from the middle of the staff to that of a figure
-    const Font font{.Name = "Arial", .Size = 10.5, .Bold = true};
+    const Font font{.Name = "Arial", .Size = half * 1.45, .Bold = true};
     const double drop = 0.358 * font.Pixels();  // half the height of a digit
     picture.SetColor(bar.File.NoteFontColor);
     Print(picture, font, bar.X + right, middle - half + drop, std::to_string(bar.Info().TimeSigTop), Anchor::Right);
@@ -56,13 +57,19 @@ void DrawTabLetters(Picture& picture, const BarContext& bar, int top, int string
     }
 }
 
-/// Dots of a repeat in the two gaps of the tab that lie the same way off its middle.
-void DrawTabRepeatDots(Picture& picture, double x, const Staves& staves, int strings) {
-    constexpr double radius = 1.6;
+/// Dots of a repeat in the two gaps of the tab that lie the same way off its middle. Where a figure of `beside` stands
+/// on one side of a gap, the dot leans to the other.
+void DrawTabRepeatDots(Picture& picture, double x, const Staves& staves, int strings, const Core::Strum* beside) {
+    constexpr double radius = 1.6, lean = 1;
     const double middle = (staves.TabTop + staves.TabBottom) / 2.0;
     const double away = strings > 3 && strings % 2 == 0 ? StringStep : StringStep / 2.0;
-    picture.Disc(x, middle - away, radius);
-    picture.Disc(x, middle + away, radius);
+    for (const double y : {middle - away, middle + away}) {
+        const int above = static_cast<int>(std::floor((y - staves.TabTop) / StringStep));
+        const auto hasFigure = [&](int string) {
+            return beside && string >= 0 && string < strings && !beside->Notes[string].Fret.empty();
+        };
+        picture.Disc(x, y + lean * (hasFigure(above) - hasFigure(above + 1)), radius);
+    }
 }
 
 void DrawBarLines(Picture& picture, const BarContext& bar, const Staves& staves) {
@@ -103,8 +110,11 @@ void DrawRepeats(Picture& picture, const BarContext& bar, const Staves& staves, 
     if (staves.Treble) staffDots(staves.TrebleY);
     if (staves.Bass) staffDots(staves.BassY);
     if (!staves.Tab) return;
-    if (bar.Info().RepeatOpen) DrawTabRepeatDots(picture, bar.X + DotsInset, staves, strings);
-    if (bar.Info().RepeatClose > 0) DrawTabRepeatDots(picture, bar.X + bar.Width - DotsInset, staves, strings);
+    const Core::Strum* first = figures ? nullptr : &bar.ItsBar().Strums()[0];
+    if (bar.Info().RepeatOpen) DrawTabRepeatDots(picture, bar.X + DotsInset, staves, strings, first);
+    if (bar.Info().RepeatClose > 0) {
+        DrawTabRepeatDots(picture, bar.X + bar.Width - DotsInset, staves, strings, nullptr);
+    }
 }
 
 void PrintSmall(Picture& picture, const Label& label, Anchor anchor) {
@@ -114,6 +124,8 @@ void PrintSmall(Picture& picture, const Label& label, Anchor anchor) {
 }
 
 }  // namespace
+
+int RepeatCountRight(const TabBar& bar) { return bar.Context.X + bar.Context.Width - (bar.Beside(1) ? 7 : 4); }
 
 Label BarNumberLabel(const Core::Bar& bar, int index, int x, int y) {
     return {std::to_string(index + 1), bar.Place.ShowTimeSig ? x + 62 : x - 4, y - 12};
@@ -141,25 +153,32 @@ void DrawBarFrame(Picture& picture, const BarContext& bar) {
     const bool figures = bar.ItsBar().Place.ShowTimeSig;
     const int right = bar.X + bar.Width;
 
-    PrintSmall(picture, BarNumberLabel(bar.ItsBar(), bar.Bar, bar.X, bar.Y), Anchor::Left);
+    const Label number = BarNumberLabel(bar.ItsBar(), bar.Bar, bar.X, bar.Y);
+    if (staves.Tab && staves.Top == staves.TabTop) {  // a bow from the bar before may pass here
+        picture.SetFont(SmallFont);
+        picture.Box(number.X - 1, number.Y + 1, std::ceil(picture.TextWidth(number.Text)) + 2, 7, White);
+    }
+    PrintSmall(picture, number, Anchor::Left);
     picture.SetColor(bar.File.LineColor);
     if (staves.Treble) DrawStaffLines(picture, bar.X, right, staves.TrebleY, 5, StaffStep);
     if (staves.Bass) DrawStaffLines(picture, bar.X, right, staves.BassY, 5, StaffStep);
     if (staves.Tab) DrawStaffLines(picture, bar.X, right, staves.TabTop, strings, StringStep);
     if (figures) {
-        if (staves.Treble) DrawTimeSignature(picture, bar, staves.TrebleY + StaffHeight / 2);
-        if (staves.Bass) DrawTimeSignature(picture, bar, staves.BassY + StaffHeight / 2);
+        constexpr double onStaff = 7.2, onTab = 9;
+        if (staves.Treble) DrawTimeSignature(picture, bar, staves.TrebleY + StaffHeight / 2, onStaff);
+        if (staves.Bass) DrawTimeSignature(picture, bar, staves.BassY + StaffHeight / 2, onStaff);
         if (staves.Tab) {
             DrawTabLetters(picture, bar, staves.TabTop, strings);
             if (!staves.Treble && !staves.Bass) {
-                DrawTimeSignature(picture, bar, (staves.TabTop + staves.TabBottom) / 2.0);
+                DrawTimeSignature(picture, bar, (staves.TabTop + staves.TabBottom) / 2.0, onTab);
             }
         }
     }
     DrawRepeats(picture, bar, staves, strings);
     if (staves.Treble || staves.Bass || staves.Tab) DrawBarLines(picture, bar, staves);
     if (bar.Info().RepeatClose > 0) {
-        PrintSmall(picture, {std::to_string(bar.Info().RepeatClose) + "x", right - 4, bar.Y - 12}, Anchor::Right);
+        PrintSmall(picture, {std::to_string(bar.Info().RepeatClose) + "x", RepeatCountRight(TabBar(bar)), bar.Y - 12},
+                   Anchor::Right);
     }
 }
 

@@ -156,7 +156,8 @@ void DrawMarks(Picture& picture, TabBar& bar) {
         }
         if (AnyNote(bar, strum, [](const Core::Note& note) { return note.Technique == Core::Staccato; })) {
             const double x = bar.Column(at);
-            picture.Disc(x, marks.Above(x - 2, x + 2), 1.3);
+            // Alone it stands near the figures, else just above the accent.
+            picture.Disc(x, bar.Around.TakeLevel(x - 2, x + 2, x + 2, bar.Top - 7, MarkStep), 1.3);
         }
     });
     eachStrum([&](int at, const Core::Strum& strum) {
@@ -239,6 +240,10 @@ std::string Fingers(const TabBar& bar, const Core::Strum& strum, std::int32_t Co
     return text;
 }
 
+bool HasRight(const TabBar& bar, const Core::Strum& strum) {
+    return AnyNote(bar, strum, [](const Core::Note& note) { return note.RightFinger != 0; });
+}
+
 }  // namespace
 
 void DrawMarksBelow(Picture& picture, TabBar& bar) {
@@ -254,6 +259,12 @@ void DrawMarksBelow(Picture& picture, TabBar& bar) {
         const double x = bar.Column(strum);
         picture.Print(x, below(x - half, x + half) + drop, text, Anchor::Center);
     };
+    Font rightFont = SmallFont;
+    rightFont.Italic = true;
+    bool leftHand = false;
+    for (const Core::Strum& strum : bar.Bar.Strums()) {
+        leftHand = leftHand || AnyNote(bar, strum, [](const Core::Note& note) { return note.LeftFinger != 0; });
+    }
     int loudness = -1;
     for (int at = 0; at < bar.StrumCount(); ++at) {
         const Core::Strum& strum = bar.Strum(at);
@@ -269,8 +280,12 @@ void DrawMarksBelow(Picture& picture, TabBar& bar) {
         }
         const double x = bar.Column(at);
         if (strokes > 0) DrawTremoloStrokes(picture, x, below(x - 4, x + 4), strokes);
-        centered(at, SmallFont, Fingers(bar, strum, &Core::Note::LeftFinger, "T1234"), SmallDrop);
-        centered(at, SmallFont, Fingers(bar, strum, &Core::Note::RightFinger, "TIMAO"), SmallDrop);
+        const std::string left = Fingers(bar, strum, &Core::Note::LeftFinger, "T1234");
+        centered(at, SmallFont, left, SmallDrop);
+        // The right hand keeps its own line under the left hand's.
+        if (left.empty() && leftHand && HasRight(bar, strum))
+            bar.Around.Take({x - 3, bar.Bottom + 6.5, x + 3, bar.Bottom + 13.5});
+        centered(at, rightFont, Fingers(bar, strum, &Core::Note::RightFinger, "TIMAO"), SmallDrop);
         if (loudness < 0) loudness = LoudnessBefore(bar.Track, bar.Context.Bar);
         if (own != loudness) centered(at, dynamicFont, dynamics[static_cast<std::size_t>(own)], SmallDrop);
         loudness = own;

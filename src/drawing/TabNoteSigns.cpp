@@ -30,7 +30,7 @@ void DrawGrace(Picture& picture, TabBar& bar, int strum, int string) {
     const double line = bar.LineY(string);
     picture.SetFont(SmallFont);
     const double width = picture.TextWidth(note.GraceFret);
-    double left = x - HalfFigure(picture, bar, strum, string) - gap - width;
+    double left = x - FigureExtent(picture, bar, strum, string).Left - gap - width;
     // In a first column there is no room behind the bar line: a small figure there would read as a digit of the large
     // one.
     if (left < bar.Context.X + 2) left = bar.Context.X - 2 - width;
@@ -43,28 +43,34 @@ void DrawStroke(Picture& picture, const TabBar& bar, int strum) {
     constexpr double away = 9, awayFirst = 6, overhang = 4;
     const Core::Strum& column = bar.Strum(strum);
     int first = bar.Strings, last = -1;
-    double half = 0;
+    Extent widest;
     for (int string = 0; string < bar.Strings; ++string) {
         if (column.Notes[string].Fret.empty()) continue;
         first = std::min(first, string);
         last = string;
-        half = std::max(half, HalfFigure(picture, bar, strum, string));
+        const Extent extent = FigureExtent(picture, bar, strum, string);
+        widest = {std::max(widest.Left, extent.Left), std::max(widest.Right, extent.Right)};
     }
     if (last < 0) {  // a chord by its name alone is stroked over all strings
         first = 0;
         last = bar.Strings - 1;
     }
-    // The stroke keeps clear of wide figures, and of the bar line before a first column.
-    double x = bar.Column(strum) - std::max(away, half + 4);
-    const bool nearBarLine = x - 3 < bar.Context.X;
-    if (nearBarLine) x = bar.Column(strum) - awayFirst;
-    if (nearBarLine && bar.Context.Info().RepeatOpen) x = bar.Column(strum) + std::max(away, half + 4);
+    // The stroke keeps clear of wide figures. In a first column it steps nearer when the time signature stands before
+    // it, and aside when the bar line does.
+    const double x = bar.Column(strum);
+    double at = x - std::max(away, widest.Left + 4);
+    double size = 5;
+    if (strum == 0 && bar.Bar.Place.ShowTimeSig) {
+        at = x - std::max(awayFirst, widest.Left + 2.5);
+        size = 4;
+    } else if (strum == 0) {
+        at = x + std::max(away, widest.Right + 4);
+    }
     const bool up = column.Stroke == 1;
     const double top = bar.LineY(first) - overhang;
     const double bottom = bar.LineY(last) + overhang;
-    const double size = nearBarLine ? 4 : 5;
-    picture.Line(x, up ? top + size - 1 : top, x, up ? bottom : bottom - size + 1);
-    DrawArrowhead(picture, x, up ? top - 1 : bottom + 1, up ? -1 : 1, size);
+    picture.Line(at, up ? top + size - 1 : top, at, up ? bottom : bottom - size + 1);
+    DrawArrowhead(picture, at, up ? top - 1 : bottom + 1, up ? -1 : 1, size);
 }
 
 /// A rhythm slash over the middle of the tab.
@@ -84,7 +90,7 @@ void DrawNoteSigns(Picture& picture, TabBar& bar, int strum) {
         if (note.Fret.empty()) continue;
         if (note.HasGrace) DrawGrace(picture, bar, strum, string);
         if (note.HasTrill) {
-            const double right = bar.Column(strum) + HalfFigure(picture, bar, strum, string) + 2;
+            const double right = bar.Column(strum) + FigureExtent(picture, bar, strum, string).Right + 2;
             PrintSmallFigure(picture, right, bar.LineY(string), "(" + std::to_string(note.TrillFret) + ")",
                              Anchor::Left);
         }

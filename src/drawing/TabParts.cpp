@@ -29,7 +29,8 @@ double Room::TakeLevel(double left, double right, double labelRight, double firs
     constexpr int enough = 40;
     double middle = firstMiddle;
     for (int level = 0; level < enough; ++level, middle -= step) {
-        if (IsFree({left, middle - half, std::min(right, labelRight), middle + half}) &&
+        const double label = std::min(right, labelRight);
+        if ((label <= left || IsFree({left, middle - half, label, middle + half})) &&
             IsFree({left, middle - half, right, middle + half}, true)) {
             break;
         }
@@ -104,11 +105,14 @@ Font NoteFont(const Core::TabFile& file) {
             file.NoteFontUnderline, file.NoteFontStrike};
 }
 
-double HalfFigure(Picture& picture, const TabBar& bar, int strum, int string) {
-    const std::string text = Figure(bar.Track, string, bar.Strum(strum).Notes[string]);
-    if (text.empty()) return 0;
+Extent FigureExtent(Picture& picture, const TabBar& bar, int string, const Core::Note& note) {
+    std::string core;
+    const std::string text = Figure(bar.Track, string, note, &core);
+    if (text.empty()) return {};
     picture.SetFont(NoteFont(bar.Context.File));
-    return picture.TextWidth(text) / 2;
+    const double width = picture.TextWidth(text);
+    const double half = (core == text ? width : picture.TextWidth(core)) / 2;
+    return {half, width - half};
 }
 
 bool FretNumber(const std::string& fret, int& number) {

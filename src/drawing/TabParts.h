@@ -74,10 +74,18 @@ struct Partner {
 Partner NextOnString(const TabBar& bar, int strum, int string);
 
 Font NoteFont(const Core::TabFile& file);
-/// The text at a string of a strum, "" for none.
-std::string Figure(const Core::Track& track, int string, const Core::Note& note);
-/// Half the width of the figure as it is printed, 0 for none.
-double HalfFigure(Picture& picture, const TabBar& bar, int strum, int string);
+/// The text at a string of a strum, "" for none; `core` is its part that is centred.
+std::string Figure(const Core::Track& track, int string, const Core::Note& note, std::string* core = nullptr);
+/// How far a figure reaches to the left and right of its column. The fret with its parentheses is centred, so that
+/// figures stand under each other; "*" and ".." hang behind it.
+struct Extent {
+    double Left = 0, Right = 0;
+};
+/// Leaves the note font in use.
+Extent FigureExtent(Picture& picture, const TabBar& bar, int string, const Core::Note& note);
+inline Extent FigureExtent(Picture& picture, const TabBar& bar, int strum, int string) {
+    return FigureExtent(picture, bar, string, bar.Strum(strum).Notes[string]);
+}
 bool FretNumber(const std::string& fret, int& number);
 
 void Print(Picture& picture, const Font& font, double x, double baseline, std::string_view text,
@@ -98,6 +106,8 @@ void DrawNoteSigns(Picture& picture, TabBar& bar, int strum);  ///< grace notes,
 void DrawBends(Picture& picture, TabBar& bar, int strum);
 void DrawChords(Picture& picture, TabBar& bar);
 void DrawMarks(Picture& picture, TabBar& bar);
+/// Right end of the repeat count; it keeps clear of the next bar's number.
+int RepeatCountRight(const TabBar& bar);
 void TakeRoom(Picture& picture, TabBar& bar);  ///< bar numbers, signs, texts of the bar before
 void DrawTexts(Picture& picture, TabBar& bar);
 void DrawMarksBelow(Picture& picture, TabBar& bar);

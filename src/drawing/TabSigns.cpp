@@ -16,20 +16,21 @@ const char* SignText(Sign what) { return what == Sign::DalSegno ? "D.S. Al Coda"
 bool IsText(Sign what) { return what == Sign::DalSegno || what == Sign::ToCoda; }
 
 void DrawSegno(Picture& picture, double x, double y) {
-    // An S of ten segments, 8 wide and 13 high, crossed by a slash between two dots.
-    static constexpr std::array<Point, 11> shape = {{{3.6, -3.6},
-                                                     {2.2, -6.0},
-                                                     {-0.6, -6.5},
-                                                     {-3.2, -5.2},
-                                                     {-3.0, -2.6},
-                                                     {0, 0},
-                                                     {3.0, 2.6},
-                                                     {3.2, 5.2},
-                                                     {0.6, 6.5},
-                                                     {-2.2, 6.0},
-                                                     {-3.6, 3.6}}};
-    std::array<Point, shape.size()> points;
-    std::transform(shape.begin(), shape.end(), points.begin(), [&](Point p) { return Point{x + p.X, y + p.Y}; });
+    // The upper half of an S, 8 wide and 13 high; the lower half is its mirror through the middle.
+    static constexpr std::array<Point, 9> upper = {{{3.5, -3.7},
+                                                    {3.0, -5.1},
+                                                    {1.6, -6.1},
+                                                    {-0.4, -6.5},
+                                                    {-2.4, -6.0},
+                                                    {-3.5, -4.8},
+                                                    {-3.5, -3.3},
+                                                    {-2.5, -1.9},
+                                                    {-1.0, -0.7}}};
+    std::array<Point, 2 * upper.size()> points;
+    for (std::size_t i = 0; i < upper.size(); ++i) {
+        points[i] = {x + upper[i].X, y + upper[i].Y};
+        points[points.size() - 1 - i] = {x - upper[i].X, y - upper[i].Y};
+    }
     picture.Polyline(points, 1.7);
     picture.Line(x - 5, y + 6.5, x + 5, y - 6.5, 1.1);
     picture.Disc(x - 5, y + 0.8, 1.2);
@@ -66,7 +67,7 @@ Area SignArea(Picture& picture, const PlacedSign& sign) {
     const auto top = static_cast<double>(sign.Y);
     if (!IsText(sign.What)) return {static_cast<double>(sign.X), top, sign.X + Cell + 1.0, top + Cell};
     picture.SetFont(SignFont);
-    return {static_cast<double>(sign.X), top, sign.X + picture.TextWidth(SignText(sign.What)), top + TextAscent + 3};
+    return {static_cast<double>(sign.X), top, sign.X + picture.TextWidth(SignText(sign.What)), top + TextAscent + 1};
 }
 
 void DrawSign(Picture& picture, Sign what, int x, int y) {

@@ -62,16 +62,17 @@ void DrawBowTo(Picture& picture, TabBar& bar, int strum, int string, const Partn
 
 void DrawSlide(Picture& picture, TabBar& bar, int strum, int string) {
     const Core::Note& note = bar.Strum(strum).Notes[string];
-    const double half = HalfFigure(picture, bar, strum, string) + FigureMargin;
+    const Extent extent = FigureExtent(picture, bar, strum, string);
+    const double right = extent.Right + FigureMargin, left = extent.Left + FigureMargin;
     const double x = bar.Column(strum);
     const double y = bar.LineY(string);
     const auto behind = [&](int direction) {
-        picture.Line(x + half, y + direction * SlideSlant, x + half + StrokeLength, y - direction * SlideSlant, 1.2);
+        picture.Line(x + right, y + direction * SlideSlant, x + right + StrokeLength, y - direction * SlideSlant, 1.2);
     };
     const auto before = [&](int direction) {
         // A first column stands near the bar line: the stroke gets shorter, not longer than its room.
-        const double length = std::clamp(x - half - bar.Context.X - 1, 4.0, StrokeLength);
-        picture.Line(x - half - length, y + direction * SlideSlant, x - half, y - direction * SlideSlant, 1.2);
+        const double length = std::clamp(x - left - bar.Context.X - 1, 4.0, StrokeLength);
+        picture.Line(x - left - length, y + direction * SlideSlant, x - left, y - direction * SlideSlant, 1.2);
     };
     switch (note.Technique) {
         case Core::SlideUp:
@@ -86,12 +87,11 @@ void DrawSlide(Picture& picture, TabBar& bar, int strum, int string) {
             const Partner partner = NextOnString(bar, strum, string);
             if (!partner.Note || !partner.Adjacent) return behind(1);  // it slides away
             const int direction = Direction(note, *partner.Note);
-            picture.SetFont(NoteFont(bar.Context.File));
             const double other =
-                partner.SameRow ? picture.TextWidth(Figure(bar.Track, string, *partner.Note)) / 2 + FigureMargin : 0;
+                partner.SameRow ? FigureExtent(picture, bar, string, *partner.Note).Left + FigureMargin : 0;
             // A thin stroke along the string would not be seen: between equal frets it rises a little all the same.
             const double slant = direction == 0 ? 1 : direction * SlideSlant;
-            picture.Line(x + half, y + slant, partner.X - other, y - slant, 1.2);
+            picture.Line(x + right, y + slant, partner.X - other, y - slant, 1.2);
             return;
         }
         default:
@@ -130,7 +130,7 @@ void DrawLinksFromLastRow(Picture& picture, TabBar& bar) {
             DrawBow(picture, std::max(x - reach, bar.Context.X + 2.0), x - inset, y - BowClearance, rise);
         if (from.Technique == Core::LegatoSlide) {
             const int direction = Direction(from, to);
-            const double right = x - HalfFigure(picture, bar, 0, string) - FigureMargin;
+            const double right = x - FigureExtent(picture, bar, 0, string).Left - FigureMargin;
             const double slant = direction == 0 ? 1 : direction * SlideSlant;
             picture.Line(std::max(right - StrokeLength, bar.Context.X + 1.0), y + slant, right, y - slant, 1.2);
         }

@@ -21,8 +21,8 @@ Font TextFont(const Core::TabFile& file) {
 void TakeNumber(Picture& picture, TabBar& bar, const Core::Bar& of, int index, int x) {
     const Label label = BarNumberLabel(of, index, x, bar.Context.Y);
     picture.SetFont(SmallFont);
-    bar.Around.Take(
-        {static_cast<double>(label.X), label.Y + 1.0, label.X + picture.TextWidth(label.Text), label.Y + 8.0, true});
+    bar.Around.Take({static_cast<double>(label.X), label.Y + 1.0, label.X + picture.TextWidth(label.Text) + 1.2,
+                     label.Y + 8.0, true});
 }
 
 /// Texts of the bar before that reach over the bar line.
@@ -64,7 +64,7 @@ void TakeRoom(Picture& picture, TabBar& bar) {
     }
     if (bar.Context.Info().RepeatClose > 0) {
         picture.SetFont(SmallFont);
-        const double right = bar.Right() - 4;
+        const double right = RepeatCountRight(bar);
         const double width = picture.TextWidth(std::to_string(bar.Context.Info().RepeatClose) + "x");
         bar.Around.Take({right - width, bar.Context.Y - 11.0, right, bar.Context.Y - 4.0, true});
     }
