@@ -20,7 +20,8 @@ constexpr double DotRadius = 1.9;
 
 struct Chart {
     int Strings = 0;
-    int FirstFret = 1;  ///< of the top row
+    int FirstFret = 1;   ///< of the top row
+    int LowestFret = 0;  ///< that a finger holds; a barre lies here
     enum : int { Muted = -1, Unused = -2 };
     std::array<int, Core::StringCount> Frets{};  ///< absolute; 0 open
 
@@ -53,6 +54,7 @@ Chart ChartOf(const Core::Strum& strum) {
     chart.Strings = strum.ChordValueB >= 4 && strum.ChordValueB <= Core::StringCount
                         ? strum.ChordValueB
                         : std::max(chart.Strings, std::min(6, Core::StringCount));
+    chart.LowestFret = lowest;
     if (highest > FretRows) chart.FirstFret = lowest;
     return chart;
 }
@@ -86,14 +88,14 @@ void DrawChart(Picture& picture, const TabBar& bar, const Chart& chart, double m
             picture.Line(x - 1.5, top - 2.5, x + 1.5, top - 5.5, 0.9);
         } else if (fret >= chart.FirstFret && fret < chart.FirstFret + FretRows) {
             picture.Disc(x, top + (fret - chart.FirstFret) * Step + Step / 2.0, DotRadius);
-            if (fret == chart.FirstFret) {
+            if (fret == chart.LowestFret) {
                 if (firstOnBarre < 0) firstOnBarre = string;
                 lastOnBarre = string;
             }
         }
     }
     if (barre && lastOnBarre > firstOnBarre) {
-        const double y = top + Step / 2.0;
+        const double y = top + (chart.LowestFret - chart.FirstFret) * Step + Step / 2.0;
         picture.Line(stringX(lastOnBarre), y, stringX(firstOnBarre), y, 2);
     }
 }

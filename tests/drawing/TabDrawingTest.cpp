@@ -1,5 +1,6 @@
 // What is drawn for each technique, as logs to be read.
 #include "drawing/mod_HighLevelDrawing.h"
+#include "drawing/mod_PageLayout.h"
 #include "drawing/mod_TabDrawing.h"
 #include "exchange/JsonDocument.h"
 #include "platform/Services.h"
@@ -276,6 +277,23 @@ TEST(TabDrawing, LyricsShrinkUntilTheyStandClear) {
         DrawLyrics(log, {score.File, 0, bar, place.BarX, place.BarY, place.BarWidth}, 0);
     }
     Testing::CheckGolden("drawing/lyrics.txt", log.Text());
+}
+
+TEST(TabDrawing, ShowcaseOfEverySign) {
+    MemoryStore settings;
+    Services.Settings = &settings;
+    Core::Open = {};
+    Core::Open.TabFile =
+        Exchange::ReadJson(Testing::Slurp(Testing::GoldenDir() / "drawing" / "showcase.json"), settings);
+    Page = {};
+    View = {};
+    // The second track shows the same bars under a treble staff.
+    for (const int track : {0, 1}) {
+        PictureLog log;
+        DrawPage(log, track, 0);
+        Testing::CheckGolden("drawing/showcase-" + std::to_string(track) + ".txt", log.Text());
+    }
+    Services.Settings = nullptr;
 }
 
 TEST(TabDrawing, ThousandsOfStrumsOnOneSpotDoNotHang) {
