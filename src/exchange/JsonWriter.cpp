@@ -1,3 +1,4 @@
+#include <cmath>
 #include <nlohmann/json.hpp>
 
 #include "core/mod_Common.h"
@@ -29,12 +30,12 @@ public:
     }
     void PowerOfTwo(const char* name, std::int32_t value) { object[name] = value; }
     /// As the decimal that a single stands for: 120.55, not 120.55000305.
-    void Tempo(const char* name, float value) { object[name] = Core::ParseDouble(Core::FormatSingle(value)); }
+    void Tempo(const char* name, float value) { object[name] = AsNumber(Core::ParseDouble(Core::FormatSingle(value))); }
 
     template <class Values>
     void Row(const char* name, const Values& values) {
         Json& array = object[name] = Json::array();
-        for (const auto& value : values) array.push_back(value);
+        for (const auto& value : values) array.push_back(AsNumber(value));
     }
     template <class Values>
     void Lazy(const char* name, const Values& values) {
@@ -93,6 +94,17 @@ public:
     }
 
 private:
+    template <class T>
+    static const T& AsNumber(const T& value) {
+        return value;
+    }
+    /// A whole number without a point: 60, not 60.0.
+    static Json AsNumber(double value) {
+        constexpr double exact = 9007199254740992.0;  // up to here every whole number is its own double
+        if (std::fabs(value) < exact && std::trunc(value) == value) return static_cast<std::int64_t>(value);
+        return value;
+    }
+
     Json& object;
     bool writesAll;
 };

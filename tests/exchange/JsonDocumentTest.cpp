@@ -50,6 +50,12 @@ TEST(Json, OwnOutputIsReadBackAndWrittenAlike) {
         EXPECT_EQ(nlohmann::json::parse(text), nlohmann::json::parse(golden)) << name;
         EXPECT_TRUE(Read(text) == file) << name;
     }
+    Core::TabFile file;
+    for (const auto& [tempo, text] :
+         {std::pair(60.0F, "60"), std::pair(120.55F, "120.55"), std::pair(1e20F, "1e+20")}) {
+        file.Tempo = tempo;
+        EXPECT_NE(WriteJson(file).find("\"Tempo\": " + std::string(text) + ",\n"), std::string::npos) << text;
+    }
 }
 
 TEST(Json, RefusalsNameThePlace) {
