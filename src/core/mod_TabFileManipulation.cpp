@@ -41,7 +41,7 @@ double BarLength64ths(const Bar& bar) {
 }
 
 double BarLengthIn64ths(const TabFile& file, int bar) {
-    if (bar < 0 || bar > file.BarInfos.UpperBound()) return 0;
+    if (bar > file.BarInfos.UpperBound()) return 0;
     const BarInfo& info = file.BarInfos[bar];
     if (info.TimeSigBottom == 0) return 0;
     return static_cast<double>(info.TimeSigTop) / info.TimeSigBottom * 64;

@@ -30,7 +30,8 @@ double StrumLength(std::int32_t lengthCode, std::int32_t tupletKind, bool isTupl
 double StrumLength(const Strum& strum);
 /// Sum of StrumLength over a bar's strums.
 double BarLength64ths(const Bar& bar);
-/// What the time signature asks for, in 64ths; 0 when the bar is past the last or its bottom is 0.
+/// What the time signature asks for, in 64ths; 0 when the bar is past the last or its bottom is 0. Raises on a bar
+/// below 0.
 double BarLengthIn64ths(const TabFile& file, int bar);
 
 /// Clears a strum's notes and their marks. Length, text, chord symbol and syllables stay: clearing the notes keeps

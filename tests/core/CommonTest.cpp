@@ -107,6 +107,7 @@ TEST(Document, LengthsIn64ths) {
     file.BarInfos.Edit(0) = {.TimeSigTop = 7, .TimeSigBottom = 16};
     EXPECT_DOUBLE_EQ(BarLengthIn64ths(file, 0), 28);
     EXPECT_DOUBLE_EQ(BarLengthIn64ths(file, 1), 0);
+    EXPECT_EQ(NumberOf([&] { BarLengthIn64ths(file, -1); }), 9);
 }
 
 TEST(Document, ClearingKeepsRhythmHarmonyAndWords) {
