@@ -211,6 +211,24 @@ TEST(MusicFile, EqualBarsNameTheNearestEarlierOne) {
     EXPECT_EQ(back.Tracks[0].Bars[2].Strums()[0].Length, 4);
 }
 
+TEST(MusicFile, DecimalsStandWithTheMachinesSignAndAreReadWithEither) {
+    TabFile file = Fresh();
+    file.Tempo = 92.5F;
+    Note& note = file.Tracks[0].Bars.Edit(0).EditStrums()[0].Notes.Edit(0);
+    note.HasBend = true;
+    note.BendPoints.Edit()[0] = -0.25;
+    DecimalSign = ',';
+    const std::string text = WriteTabFileText(file);
+    const bool backWithComma = ReadWhole(text) == file;
+    DecimalSign = '.';
+    EXPECT_NE(text.find("<\xAA"
+                        "92,5>"),
+              std::string::npos);
+    EXPECT_NE(text.find("<bnd:0|0\\0/0:-0,25\\0/"), std::string::npos);
+    EXPECT_TRUE(backWithComma);
+    EXPECT_TRUE(ReadWhole(text) == file);
+}
+
 TEST(MusicFile, LyricsOfOldAndNewFiles) {
     const std::string bars =
         "<\x90"
