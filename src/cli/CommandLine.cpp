@@ -2,6 +2,7 @@
 #include <CLI/CLI.hpp>
 #include <cstdio>
 #include <new>
+#include <sstream>
 
 #include "cli/Commands.h"
 #include "cli/Session.h"
@@ -34,6 +35,13 @@ void PrintError(const std::string& line) {
     std::fwrite(text.data(), 1, text.size(), stderr);
 }
 
+/// What a wrong command line is told. A first word that is no command says more than that one is missing.
+std::string ReasonOf(const CLI::App& app, const CLI::ParseError& wrong) {
+    const std::vector<std::string> strange = app.remaining();
+    if (!app.get_subcommands().empty() || strange.empty()) return wrong.what();
+    return strange.front() + ": no such " + (strange.front().starts_with('-') ? "option" : "command");
+}
+
 int Refuse(const CLI::App& app, const std::string& why) {
     PrintError(why);
     const std::string usage = "\n" + app.help();
@@ -52,6 +60,8 @@ int Run(int argumentCount, const char* const* arguments) {
     CLI::App app("Converts, checks and shows Quillon songs without windows.", "quillon-cli");
     app.set_version_flag("--version", Version);
     app.require_subcommand(1);
+    app.get_formatter()->label("SUBCOMMAND", "COMMAND");
+    app.get_formatter()->label("Subcommands", "Commands");
     std::string base;
     app.add_option("--base", base, "Folder that holds the settings and Data")->type_name("DIR");
 
@@ -64,13 +74,18 @@ int Run(int argumentCount, const char* const* arguments) {
     }
 
     try {
-        app.parse(argumentCount, arguments);
+        try {
+            app.parse(argumentCount, arguments);
+        } catch (const CLI::Success& asked) {  // --help and --version
+            std::ostringstream text;
+            app.exit(asked, text);
+            Print(text.str());
+            return Done;
+        }
         Session session(base, arguments[0], answers.Given());
         return work();
-    } catch (const CLI::Success& asked) {  // --help and --version
-        return app.exit(asked);
     } catch (const CLI::ParseError& wrong) {
-        return Refuse(app, wrong.what());
+        return Refuse(app, ReasonOf(app, wrong));
     } catch (const UsageError& wrong) {
         return Refuse(app, wrong.what());
     } catch (const std::bad_alloc&) {

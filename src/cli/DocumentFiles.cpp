@@ -2,8 +2,10 @@
 
 #include "cli/Commands.h"
 #include "core/mod_Common.h"
+#include "core/mod_Language.h"
 #include "exchange/JsonDocument.h"
 #include "platform/FileSystem.h"
+#include "platform/MessageBox.h"
 #include "platform/RunTimeError.h"
 #include "platform/Services.h"
 
@@ -24,6 +26,14 @@ Core::OpenOutcome OpenJson(const fs::path& path) {
     return Core::OpenOutcome::Opened;
 }
 
+/// The ending alone tells an older file, as in the editor.
+Core::OpenOutcome OpenOld(const fs::path& path) {
+    Services.Files->Read(path);
+    Services.Messages->Show(Core::LanguageText("str_OldFile"), Core::LanguageText("str_TitleError"), Buttons::Ok,
+                            BoxIcon::Critical);
+    return Core::OpenOutcome::OldKind;
+}
+
 bool WriteMusicFile(const fs::path& path, const ConvertOptions&) { return Core::ForceSaveFile(path); }
 
 bool WriteJsonFile(const fs::path& path, const ConvertOptions&) {
@@ -33,7 +43,7 @@ bool WriteJsonFile(const fs::path& path, const ConvertOptions&) {
 
 constexpr DocumentReader Readers[] = {
     {".qlm", &Core::ForceOpenFile},
-    {".ql4", &Core::ForceOpenFile},  // older files, which it tells
+    {".ql4", &OpenOld},
     {".json", &OpenJson},
 };
 
@@ -69,7 +79,7 @@ Core::OpenOutcome OpenDocument(const fs::path& path) {
 
 void OpenWholeDocument(const fs::path& path) {
     if (OpenDocument(path) != Core::OpenOutcome::Opened) {
-        throw CommandFailure(path.string() + ": the file is damaged; nothing was written");
+        throw CommandFailure(path.string() + ": the file is damaged; nothing was made of it");
     }
 }
 

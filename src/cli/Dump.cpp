@@ -14,7 +14,8 @@ namespace {
 int Dump(const std::string& file) {
     const Core::OpenOutcome outcome = OpenDocument(file);
     Print(Exchange::WriteJson(Core::Open.TabFile));
-    return outcome == Core::OpenOutcome::Opened ? Done : Failed;
+    if (outcome != Core::OpenOutcome::Opened) throw CommandFailure(file + ": the file is damaged; a part was read");
+    return Done;
 }
 
 }  // namespace

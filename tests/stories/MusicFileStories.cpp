@@ -45,7 +45,9 @@ TEST(MusicFileStories, DamageIsToldAndConvertsToNothing) {
     const CliStory story;
     story.Bring("4-harmonic.qlm");
     const Finished dump = story.Run({"dump", "4-harmonic.qlm"});
-    EXPECT_EQ(dump.Err, "Error: Type mismatch. Tag Number: 35 Source (Tag) Data: har:0|0\\0:2/3>\n");
+    EXPECT_EQ(dump.Err,
+              "Error: Type mismatch. Tag Number: 35 Source (Tag) Data: har:0|0\\0:2/3>\n"
+              "quillon-cli: 4-harmonic.qlm: the file is damaged; a part was read\n");
     Spill(story / "out.json", "old");
     const Finished convert = story.Run({"convert", "4-harmonic.qlm", "out.json"});
     EXPECT_EQ(convert.Status, 1);
@@ -87,6 +89,8 @@ TEST(MusicFileStories, FailuresNameTheFileAndLeaveNoOutput) {
     const CliStory story;
     Spill(story / "bad.json", R"({"Tracks": [{"Bars": [{"Strums": [{"Length": 7}]}]}]})");
     Spill(story / "old.ql4", "Quillon 3.6\r\n");
+    fs::copy_file(GoldenDir() / "qlm" / "1-new.qlm", story / "named.ql4");
+    fs::create_symlink("/dev/full", story / "full.json");
     Spill(story / "other.qlm", "something else");
     story.Bring("1-new.json");
     const std::vector<std::string> before = story.Files();
@@ -95,6 +99,9 @@ TEST(MusicFileStories, FailuresNameTheFileAndLeaveNoOutput) {
         {{"convert", "missing.qlm", "out.json"}, "missing.qlm: No such file"},
         {{"convert", "other.qlm", "out.json"}, "other.qlm: not opened"},
         {{"convert", "old.ql4", "out.json"}, "older kind"},
+        {{"dump", "named.ql4"}, "older kind"},
+        {{"dump", "missing.ql4"}, "missing.ql4: No such file"},
+        {{"convert", "1-new.json", "full.json"}, "full.json: No space left"},
         {{"convert", "1-new.json", "no/such/out.qlm"}, "no/such/out.qlm: No such file"},
         {{"convert", "1-new.json", "out.qlm", "--track", "1"}, "track 1"},
         {{"convert", "1-new.json", "out.qlm", "--track", "-1"}, "track -1"},
@@ -114,8 +121,9 @@ TEST(MusicFileStories, FailuresNameTheFileAndLeaveNoOutput) {
 TEST(MusicFileStories, WrongCommandLinesTellTheUsageOfTheCommand) {
     const CliStory story;
     const std::pair<std::vector<std::string>, const char*> rows[] = {
-        {{}, "COMMAND"},
-        {{"sing"}, "COMMAND"},
+        {{}, "Usage: quillon-cli [OPTIONS] COMMAND"},
+        {{"sing"}, "sing: no such command"},
+        {{"--loud", "dump"}, "--loud"},
         {{"convert", "one.qlm"}, "convert [OPTIONS] IN OUT"},
         {{"convert", "one.qlm", "two.xyz"}, "convert [OPTIONS] IN OUT"},
         {{"convert", "one.xyz", "two.qlm"}, "convert [OPTIONS] IN OUT"},
@@ -141,6 +149,16 @@ TEST(MusicFileStories, HelpAndVersionGoToStandardOutput) {
         EXPECT_EQ(help.Status, 0);
         EXPECT_EQ(help.Err, "");
         EXPECT_THAT(help.Out, HasSubstr("convert"));
+    }
+}
+
+TEST(MusicFileStories, StandardOutputThatTakesNothingIsAFailure) {
+    const CliStory story;
+    story.Bring("1-new.qlm");
+    for (const std::string word : {"--help", "--version", "dump", "decipher", "layout"}) {
+        const Finished run = story.Run({word, word.starts_with("-") ? word : "1-new.qlm"}, "/dev/full");
+        EXPECT_EQ(run.Status, 1) << word;
+        EXPECT_EQ(run.Err, "quillon-cli: standard output could not be written\n") << word;
     }
 }
 

@@ -19,14 +19,15 @@ std::string Quoted(const std::string& word) {
 
 }  // namespace
 
-Finished CliStory::Run(const std::vector<std::string>& arguments) const {
+Finished CliStory::Run(const std::vector<std::string>& arguments, const std::string& device) const {
     const ScratchFolder outputs;
     std::string command = "cd " + Quoted(folder.Path().string()) + " && LC_ALL=C QUILLON_BASE=base " +
                           Quoted(QUILLON_BINARY_DIR "/bin/quillon-cli");
     for (const std::string& argument : arguments) command += " " + Quoted(argument);
-    command += " </dev/null >" + Quoted((outputs / "out").string()) + " 2>" + Quoted((outputs / "err").string());
+    const std::string out = device.empty() ? (outputs / "out").string() : device;
+    command += " </dev/null >" + Quoted(out) + " 2>" + Quoted((outputs / "err").string());
     const int result = std::system(command.c_str());  // NOLINT(bugprone-command-processor,cert-env33-c)
-    return {WIFEXITED(result) ? WEXITSTATUS(result) : -1, Slurp(outputs / "out"), Slurp(outputs / "err")};
+    return {WIFEXITED(result) ? WEXITSTATUS(result) : -1, device.empty() ? Slurp(out) : "", Slurp(outputs / "err")};
 }
 
 void CliStory::Bring(const std::string& golden) const {

@@ -16,8 +16,9 @@ struct Finished {
 
 class CliStory {
 public:
-    /// Runs with the scratch folder as the current one and `base` below it as the base folder.
-    Finished Run(const std::vector<std::string>& arguments) const;
+    /// Runs with the scratch folder as the current one and `base` below it as the base folder. Standard output goes
+    /// to `device` when one is given.
+    Finished Run(const std::vector<std::string>& arguments, const std::string& device = "") const;
     std::filesystem::path operator/(const std::filesystem::path& name) const { return folder / name; }
     /// A golden music file, copied into the scratch folder.
     void Bring(const std::string& golden) const;

@@ -186,7 +186,7 @@ void PosixFiles::Replace(const fs::path& path, std::string_view bytes) {
     const bool exists = ::stat(target.c_str(), &old) == 0;
     if (exists && S_ISDIR(old.st_mode)) Raise(path, EISDIR);
     if (exists && !S_ISREG(old.st_mode)) {  // a device or a pipe stays what it is
-        File file(target, O_WRONLY);
+        File file(path, O_WRONLY);
         file.Write(bytes);
         return file.Close();
     }
