@@ -1,7 +1,8 @@
+#include <array>
+#include <charconv>
 #include <cmath>
 #include <nlohmann/json.hpp>
 
-#include "core/mod_Common.h"
 #include "exchange/JsonDocument.h"
 #include "exchange/JsonFields.h"
 
@@ -29,8 +30,14 @@ public:
         object[name] = value;
     }
     void PowerOfTwo(const char* name, std::int32_t value) { object[name] = value; }
-    /// As the decimal that a single stands for: 120.55, not 120.55000305.
-    void Tempo(const char* name, float value) { object[name] = AsNumber(Core::ParseDouble(Core::FormatSingle(value))); }
+    /// As the shortest decimal that gives the single back: 120.55, not 120.55000305.
+    void Tempo(const char* name, float value) {
+        std::array<char, 32> digits{};
+        const char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
+        double decimal = 0;
+        std::from_chars(digits.data(), end, decimal);
+        object[name] = AsNumber(decimal);
+    }
 
     template <class Values>
     void Row(const char* name, const Values& values) {

@@ -197,6 +197,38 @@ TEST(MusicFile, TextsMayBeLongAndHoldLineEnds) {
     EXPECT_EQ(ReadWhole(WriteTabFileText(file)).Notes, file.Notes);
 }
 
+TEST(MusicFile, HeaderAndTrackTagsStandInTheirOrder) {
+    TabFile file = Fresh();
+    file.Notes = "notes";
+    file.Album = "album";
+    file.Artist = "artist";
+    file.Author = "author";
+    file.Copyright = "rights";
+    file.Instructions = "how";
+    file.Notice = "notice";
+    file.RT = "rt";
+    file.RA = "ra";
+    file.Password = " lock ";
+    file.SubTitle = "sub";
+    file.TabbedBy = "tabber";
+    file.Title = "   ";  // blanks alone are nothing
+    file.AlwaysCharts = file.ShowHeader = file.HasPassword = file.Shuffle = true;
+    Track& track = file.Tracks[0];
+    track.OctaveDown = track.OctaveUp = track.ShowBass = track.Reverb = track.ShowStaff = true;
+    track.LyricsOfOtherTrack = 1;
+    track.LyricsTrack = 2;
+    for (int line = 0; line < LyricLines; ++line) {
+        track.Bars.Edit(0).EditStrums()[0].Syllables.Edit()[line] = std::string(1, static_cast<char>('a' + line));
+    }
+    const std::string text = FromWindows1252(WriteTabFileText(file));
+    EXPECT_EQ(text.substr(0, text.find("<#FC")),
+              "Quillon 4.1\r\n<Ýnotes><Þalbum><Øartist><×author><¹rights><§how><«notice><RT://rt><RA://ra><¬ lock >"
+              "<±><Ð><°><÷><ª60><´sub><ðtabber><³100>");
+    const std::size_t from = text.find("<ÑÒÒÑ");
+    EXPECT_EQ(text.substr(from, text.find("<f.t.") - from),
+              "<ÑÒÒÑ0\\2><ÑÒÑ0><ÑÑ0><ÒÒ10|a><ÒÒ20|b><ÒÒ30|c><ÒÒ40|d><ÒÒ50|e><ÔÔD0><ÔÔU0><²BA²0><²TA²0><²TR²0>");
+}
+
 TEST(MusicFile, EqualBarsNameTheNearestEarlierOne) {
     TabFile file = Fresh();
     file.BarInfos.Resize(6);

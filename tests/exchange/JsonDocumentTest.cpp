@@ -51,8 +51,8 @@ TEST(Json, OwnOutputIsReadBackAndWrittenAlike) {
         EXPECT_TRUE(Read(text) == file) << name;
     }
     Core::TabFile file;
-    for (const auto& [tempo, text] :
-         {std::pair(60.0F, "60"), std::pair(120.55F, "120.55"), std::pair(1e20F, "1e+20")}) {
+    for (const auto& [tempo, text] : {std::pair(60.0F, "60"), std::pair(120.55F, "120.55"),
+                                      std::pair(123.456787F, "123.45679"), std::pair(1e20F, "1e+20")}) {
         file.Tempo = tempo;
         EXPECT_NE(WriteJson(file).find("\"Tempo\": " + std::string(text) + ",\n"), std::string::npos) << text;
     }
