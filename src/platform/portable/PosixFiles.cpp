@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <csignal>
 #include <ctime>
 #include <system_error>
 #include <utility>
@@ -153,6 +154,8 @@ private:
 };
 
 }  // namespace
+
+PosixFiles::PosixFiles(std::size_t readLimit) : limit(readLimit) { std::signal(SIGXFSZ, SIG_IGN); }
 
 bool PosixFiles::Exists(const fs::path& path) const {
     std::error_code none;

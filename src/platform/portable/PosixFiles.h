@@ -14,8 +14,9 @@ class PosixFiles : public FileSystem {
 public:
     static constexpr std::size_t DefaultReadLimit = std::size_t{64} << 20;
 
-    /// Read refuses files of more than `readLimit` bytes.
-    explicit PosixFiles(std::size_t readLimit = DefaultReadLimit) : limit(readLimit) {}
+    /// Read refuses files of more than `readLimit` bytes. From here on a write past a limit on file sizes raises; the
+    /// signal that would end the program is ignored.
+    explicit PosixFiles(std::size_t readLimit = DefaultReadLimit);
 
     bool Exists(const std::filesystem::path& path) const override;
     std::string Read(const std::filesystem::path& path) const override;
