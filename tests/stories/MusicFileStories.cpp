@@ -123,7 +123,7 @@ TEST(MusicFileStories, WrongCommandLinesTellTheUsageOfTheCommand) {
     const std::pair<std::vector<std::string>, const char*> rows[] = {
         {{}, "Usage: quillon-cli [OPTIONS] COMMAND"},
         {{"sing"}, "sing: no such command"},
-        {{"--loud", "dump"}, "--loud"},
+        {{"--loud"}, "--loud: no such option"},
         {{"convert", "one.qlm"}, "convert [OPTIONS] IN OUT"},
         {{"convert", "one.qlm", "two.xyz"}, "convert [OPTIONS] IN OUT"},
         {{"convert", "one.xyz", "two.qlm"}, "convert [OPTIONS] IN OUT"},
