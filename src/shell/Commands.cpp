@@ -87,7 +87,6 @@ constexpr Command Table[] = {
     {.Name = "mnuFilePageSetup",
      .Menu = FileMenu,
      .Text = "str_FilePageSetup",
-     .Shortcut = "Ctrl+Shift+P",
      .Icon = "page-setup",
      .Run = mnuFilePageSetup_Click},
     {.Name = "mnuFileOptions",

@@ -2,24 +2,16 @@
 
 #include "core/mod_TabFileManipulation.h"
 #include "drawing/mod_HighLevelDrawing.h"
-#include "platform/MessageBox.h"
 #include "platform/RunTimeError.h"
 #include "platform/Services.h"
 #include "platform/headless/PictureLog.h"
+#include "tests/support/CountingBox.h"
 
 using namespace Quillon;
 using namespace Quillon::Drawing;
 using Core::Open;
 
 namespace {
-
-struct CountingBox final : MessageBox {
-    Answer Show(const std::string&, const std::string&, Buttons, BoxIcon) override {
-        ++Shown;
-        return Answer::Ok;
-    }
-    int Shown = 0;
-};
 
 class DrawDocumentTest : public testing::Test {
 protected:
@@ -50,7 +42,7 @@ protected:
         return place.BarY >= 0 && place.BarY + RowHeight(Open.TabFile.Tracks[0]) <= View.ScaleHeight;
     }
 
-    CountingBox box;
+    Testing::CountingBox box;
 };
 
 }  // namespace

@@ -3,22 +3,14 @@
 #include "core/mod_TabFileManipulation.h"
 #include "drawing/mod_PageLayout.h"
 #include "editing/mod_BarsAndTracks.h"
-#include "platform/MessageBox.h"
 #include "platform/Services.h"
+#include "tests/support/CountingBox.h"
 
 using namespace Quillon;
 using namespace Quillon::Editing;
 using Core::Open;
 
 namespace {
-
-struct CountingBox final : MessageBox {
-    Answer Show(const std::string&, const std::string&, Buttons, BoxIcon) override {
-        ++Shown;
-        return Answer::Ok;
-    }
-    int Shown = 0;
-};
 
 class CursorTest : public testing::Test {
 protected:
@@ -33,7 +25,7 @@ protected:
         Services.Messages = nullptr;
         MayEdit = [] { return true; };
     }
-    CountingBox box;
+    Testing::CountingBox box;
 };
 
 }  // namespace

@@ -5,9 +5,9 @@
 #include "cli/LayoutReport.h"
 #include "core/mod_TabFileStructure.h"
 #include "exchange/JsonDocument.h"
-#include "platform/MessageBox.h"
 #include "platform/Services.h"
 #include "platform/headless/MemoryStore.h"
+#include "tests/support/CountingBox.h"
 #include "tests/support/Golden.h"
 
 using namespace Quillon;
@@ -52,15 +52,10 @@ std::string Difference(const json& expected, const json& actual, const std::stri
 
 }  // namespace
 
-/// Takes the messages of clicks that can't be followed.
-struct QuietBox final : MessageBox {
-    Answer Show(const std::string&, const std::string&, Buttons, BoxIcon) override { return Answer::Ok; }
-};
-
 class LayoutGolden : public testing::TestWithParam<const char*> {};
 
 TEST_P(LayoutGolden, ComesOutValueForValue) {
-    QuietBox box;
+    Testing::CountingBox box;
     Services.Messages = &box;
     const auto path = Testing::GoldenDir() / "layout" / (std::string(GetParam()) + ".json");
     for (const json& layout : json::parse(Testing::Slurp(path))) {
