@@ -9,6 +9,7 @@
 #include "cli/DocumentFiles.h"
 #include "cli/LayoutReport.h"
 #include "drawing/mod_PageLayout.h"
+#include "platform/RunTimeError.h"
 
 namespace Quillon::Cli {
 
@@ -77,7 +78,11 @@ void AddLayout(CLI::App& app, Work& work) {
             TakeClick(*arguments);
             OpenWholeDocument(arguments->File);
             ChooseTrack(arguments->Options.Track);
-            Print(LayoutReport(arguments->Options));
+            try {
+                Print(LayoutReport(arguments->Options));
+            } catch (const RunTimeError& error) {
+                throw CommandFailure(arguments->File + ": " + error.Description());
+            }
             return static_cast<int>(Done);
         };
     });

@@ -88,6 +88,12 @@ TEST(MusicFileStories, ALossIsAskedAboutOnceAndNoWritesNothing) {
 TEST(MusicFileStories, FailuresNameTheFileAndLeaveNoOutput) {
     const CliStory story;
     Spill(story / "bad.json", R"({"Tracks": [{"Bars": [{"Strums": [{"Length": 7}]}]}]})");
+    Spill(story / "plain.txt",
+          "Quillon 4.1\r\n<\xB2TA\xB2"
+          "0><\xB5"
+          "0|0/1><\x9E\x9E"
+          "32767>");
+    ASSERT_EQ(story.Run({"encipher", "plain.txt", "wide.qlm"}).Status, 0);
     Spill(story / "old.ql4", "Quillon 3.6\r\n");
     fs::copy_file(GoldenDir() / "qlm" / "1-new.qlm", story / "named.ql4");
     fs::create_symlink("/dev/full", story / "full.json");
@@ -106,6 +112,7 @@ TEST(MusicFileStories, FailuresNameTheFileAndLeaveNoOutput) {
         {{"convert", "1-new.json", "out.qlm", "--track", "1"}, "track 1"},
         {{"convert", "1-new.json", "out.qlm", "--track", "-1"}, "track -1"},
         {{"dump", "missing.json"}, "missing.json: No such file"},
+        {{"layout", "wide.qlm"}, "wide.qlm: Overflow"},  // a bar far shorter than its strums
         {{"decipher", "missing.qlm"}, "missing.qlm: No such file"},
         {{"encipher", "missing.txt", "out.qlm"}, "missing.txt: No such file"},
     };
