@@ -31,7 +31,7 @@ TEST_F(StartStop, FirstStartMakesItsFilesAndTheSecondFindsThem) {
     EXPECT_EQ(run->Store.Get("DefaultInfo", "GNOTENAME"), "Arial");
     EXPECT_EQ(Window().Caption, "Quillon 4 - [Unsaved.qlm]");
     EXPECT_EQ(Window().Calls,
-              (std::vector<std::string>{"tracks", "draw", "theme", "places", "recent", "zoom", "window"}));
+              (std::vector<std::string>{"tracks", "draw", "theme", "language", "places", "recent", "zoom", "window"}));
     EXPECT_FALSE(Open.FileChanged);
     SetZoom(150);
     Core::Settings.MaxLineLength = 99;
