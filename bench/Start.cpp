@@ -23,6 +23,7 @@ namespace {
 /// Runs a program to its end, its output thrown away. Its largest resident memory in bytes.
 double RunToItsEnd(std::vector<std::string> words) {
     std::vector<char*> arguments;
+    arguments.reserve(words.size() + 1);
     for (std::string& word : words) arguments.push_back(word.data());
     arguments.push_back(nullptr);
     posix_spawn_file_actions_t files;
