@@ -23,7 +23,7 @@ int main() {
     if (waitpid(writer, &status, 0) != writer || status != 0) Fail("the song could not be written");
 
     Core::ForceOpenFile(path);
-    if (!(Core::Open.TabFile == SongS())) Fail("the song does not come back as it was saved");
     Row("Resident memory with Song S open, without windows", ResidentBytes() / 1e6, 120, "MB");
+    if (!(Core::Open.TabFile == SongS())) Fail("the song does not come back as it was saved");
     return Status();
 }

@@ -29,12 +29,14 @@ double RunToItsEnd(std::vector<std::string> words) {
     posix_spawn_file_actions_t files;
     posix_spawn_file_actions_init(&files);
     posix_spawn_file_actions_addopen(&files, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+    posix_spawn_file_actions_addopen(&files, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
     pid_t child = 0;
     const int failure = posix_spawn(&child, arguments[0], &files, nullptr, arguments.data(), environ);
     posix_spawn_file_actions_destroy(&files);
     int status = 1;
     rusage usage{};
-    if (failure != 0 || wait4(child, &status, 0, &usage) != child || status != 0) Fail(words[0] + " failed");
+    if (failure != 0 || wait4(child, &status, 0, &usage) != child || status != 0)
+        Fail(words[0] + " failed; run it by hand to see why");
     return static_cast<double>(usage.ru_maxrss) * 1024;
 }
 
