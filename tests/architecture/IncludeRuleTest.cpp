@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+
 #include "tests/architecture/Sources.h"
 #include "tests/support/Golden.h"
 
@@ -23,6 +25,10 @@ TEST(IncludeRule, EveryFileOfSrcIncludesDownwardsOnly) {
     ASSERT_FALSE(known.empty());
     for (const std::string& file : known) {
         EXPECT_THAT(CheckIncludes(levels, known, file, Slurp(SourceDir() / "src" / file)), IsEmpty());
+    }
+    for (const std::string& folder : levels.Folders) {
+        const auto isInIt = [&](const std::string& file) { return levels.RowOf(file) == folder; };
+        EXPECT_TRUE(std::ranges::any_of(known, isInIt)) << folder << " has a row and no file";
     }
 }
 
