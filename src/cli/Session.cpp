@@ -38,7 +38,7 @@ Session::Session(const std::string& baseOption, const char* program, Answer answ
 
 Session::~Session() {
     try {
-        Core::DeleteScratchFiles();
+        Core::DelTempFiles();
     } catch (const RunTimeError&) {
         // They are nobody's work; what can't be deleted is overwritten next time.
     }

@@ -1,5 +1,7 @@
 #include "core/mod_MusicFile.h"
 
+#include <algorithm>
+
 #include "core/clsCryptAPI.h"
 #include "core/mod_Common.h"
 #include "core/mod_Language.h"
@@ -51,11 +53,13 @@ bool MaySave(const fs::path& path) {
 
 }  // namespace
 
-void DeleteScratchFiles() {
-    if (!Services.Files->Exists(TempLock())) return;  // never used
+void DelTempFiles() {
+    const fs::path files[] = {Temp(), Temp2(), TempLock()};
+    // Taking the lock would make its file, in a folder that may be read-only.
+    if (std::ranges::none_of(files, [](const fs::path& file) { return Services.Files->Exists(file); })) return;
     const auto lock = Services.Files->TryLock(TempLock());
     if (!lock) return;
-    for (const fs::path& file : {Temp(), Temp2(), TempLock()}) Services.Files->Delete(file);
+    for (const fs::path& file : files) Services.Files->Delete(file);
 }
 
 std::string DecipherMusicFile(std::string_view fileBytes) {

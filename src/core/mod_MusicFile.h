@@ -96,8 +96,8 @@ bool ForceSaveFile(const std::filesystem::path& path);
 void WriteTabFile();
 /// Parses the enciphered \Data\temp into the open document.
 OpenOutcome ReadTabFile();
-/// Deletes the scratch files and their lock, unless another program is using them.
-void DeleteScratchFiles();
+/// Deletes \Data\temp, \Data\temp2 and their lock, unless another program on this base folder is at them.
+void DelTempFiles();
 /// The plain text of a music file's bytes, and back.
 std::string DecipherMusicFile(std::string_view fileBytes);
 std::string EncipherMusicFile(std::string_view text);

@@ -67,7 +67,6 @@ frmMain::frmMain() {
     tmrRecovery->setInterval(Shell::RecoveryTick);
     connect(tmrRecovery, &QTimer::timeout, this,
             [clock = StartedClock()] { Shell::tmrRecovery_Timer(clock.elapsed()); });
-    tmrRecovery->start();
     document->setFocus();
 }
 
@@ -135,8 +134,15 @@ void frmMain::RestorePlaces() {
     ShowToolbars();
 }
 
+void frmMain::KeepPlaces() {
+    KeepPlace(*this, PlaceSection);
+    Services.Settings->Save(PlaceSection, ToolbarsKey, saveState().toBase64().toStdString());
+}
+
 void frmMain::ShowWindow() {
     show();
+    // Not before: a box of the start waits for its answer while the new document still counts as changed.
+    tmrRecovery->start();
     document->setFocus();
 }
 
@@ -146,8 +152,6 @@ void frmMain::CloseWindow() {
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {
-    KeepPlace(*this, PlaceSection);
-    Services.Settings->Save(PlaceSection, ToolbarsKey, saveState().toBase64().toStdString());
     if (closing || Shell::Stop()) {
         closing = true;
         event->accept();

@@ -48,6 +48,7 @@ public:
     void LanguageChanged() override;
     void ThemeChanged() override;
     void RestorePlaces() override;
+    void KeepPlaces() override;
     void ShowWindow() override;
     void CloseWindow() override;
     std::optional<std::filesystem::path> AskOpenFile(const std::filesystem::path& folder) override;

@@ -12,9 +12,11 @@
 #include "drawing/mod_HighLevelDrawing.h"
 #include "drawing/mod_PageLayout.h"
 #include "editing/mod_Cursor.h"
+#include "forms/Text.h"
 #include "platform/RunTimeError.h"
 #include "platform/qt/PainterPicture.h"
 #include "shell/CursorText.h"
+#include "shell/mod_Shell.h"
 
 namespace Quillon::Forms {
 
@@ -75,10 +77,17 @@ void picDocument::PaintBacking() {
         try {
             Drawing::DrawDocument(picture);
         } catch (const RunTimeError& error) {
-            // A document too wide or too long for the layout's numbers: the page tells so instead of the notes.
-            painter.fillRect(backing.rect(), Qt::white);
+            // A document too wide or too long for the layout's numbers.
+            painter.resetTransform();
+            painter.setClipping(false);
+            painter.scale(ratio, ratio);
+            const QRect all(QPoint(0, 0), viewport()->size());
+            painter.fillRect(all, Qt::white);
             painter.setPen(Qt::black);
-            painter.drawText(backing.rect(), Qt::AlignCenter, QString::fromStdString(error.Description()));
+            painter.setFont(font());
+            constexpr int Border = 40;
+            painter.drawText(all.adjusted(Border, Border, -Border, -Border), Qt::AlignCenter | Qt::TextWordWrap,
+                             ToQString(Shell::LayoutFailureText(error)));
         }
     }
     View.FollowCursor = followed;

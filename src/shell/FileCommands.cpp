@@ -7,6 +7,7 @@
 #include "exchange/JsonDocument.h"
 #include "platform/FileSystem.h"
 #include "platform/MessageBox.h"
+#include "platform/RunTimeError.h"
 #include "platform/Services.h"
 #include "shell/Recovery.h"
 #include "shell/mod_Shell.h"
@@ -43,7 +44,12 @@ fs::path FolderToAskIn() {
 }
 
 bool OpenJson(const fs::path& path) {
-    Open.TabFile = Exchange::ReadJson(Services.Files->Read(path), *Services.Settings);
+    const std::string bytes = Services.Files->Read(path);
+    try {
+        Open.TabFile = Exchange::ReadJson(bytes, *Services.Settings);
+    } catch (const RunTimeError& error) {  // the reader knows no file
+        throw RunTimeError(error.Number, path.string() + ": " + error.Description());
+    }
     Open.FileName.clear();
     Open.CurTrack = Open.CurBar = Open.CurStrum = Open.CurString = 0;
     Open.FileChanged = false;

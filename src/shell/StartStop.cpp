@@ -1,5 +1,6 @@
 // The start and the stop of the system, each one list of steps in the order that they need.
 #include "core/mod_Language.h"
+#include "core/mod_MusicFile.h"
 #include "core/mod_Settings.h"
 #include "core/mod_TabFileManipulation.h"
 #include "drawing/mod_PageLayout.h"
@@ -50,6 +51,7 @@ bool ShowAll() {
 }
 
 bool WriteSettings() {
+    Program.View->KeepPlaces();
     Core::SaveINISettings();
     SaveStoredState();
     Services.Settings->Flush();
@@ -79,7 +81,7 @@ std::vector<Step> StopSteps() {
     return {
         {"Ask about changes", ContinueWithOp},
         {"Settings", WriteSettings},
-        {"Scratch files", [] { return DelTempFiles(), true; }},
+        {"Scratch files", [] { return Core::DelTempFiles(), true; }},
         {"Recovery", [] { return EndRecovery(), true; }},
     };
 }
@@ -96,13 +98,6 @@ bool Stop() {
         if (!goOn) return false;
     }
     return true;
-}
-
-void DelTempFiles() {
-    if (!Services.Files->Exists(DataFolder())) return;
-    const auto lock = Services.Files->TryLock(DataFolder() / "temp.lock");
-    if (!lock) return;
-    for (const char* name : {"temp", "temp2", "temp.lock"}) Services.Files->Delete(DataFolder() / name);
 }
 
 }  // namespace Quillon::Shell

@@ -3,10 +3,12 @@
 #include <array>
 #include <charconv>
 
+#include "core/mod_Language.h"
 #include "core/mod_Settings.h"
 #include "core/mod_TabFileStructure.h"
 #include "drawing/mod_PageLayout.h"
 #include "editing/mod_Cursor.h"
+#include "platform/RunTimeError.h"
 #include "platform/Services.h"
 #include "platform/SettingsStore.h"
 #include "shell/mod_Shell.h"
@@ -18,6 +20,8 @@ using Core::Open;
 namespace {
 
 constexpr std::array<int, 14> Zooms = {50, 67, 75, 80, 90, 100, 110, 125, 150, 175, 200, 250, 300, 400};
+
+constexpr int OverflowNumber = 6;
 
 int StoredNumber(const char* section, const char* key, int otherwise, int least, int most) {
     const auto text = Services.Settings->Find(section, key);
@@ -90,6 +94,10 @@ bool IsToolbarDocked(std::string_view toolbar) {
 
 void SetToolbarDocked(std::string_view toolbar, bool docked) {
     if (const int index = SettingsToolbar(toolbar); index >= 0) Core::Settings.ToolbarDocked[index] = docked;
+}
+
+std::string LayoutFailureText(const RunTimeError& error) {
+    return error.Number == OverflowNumber ? Core::LanguageText("str_LayoutOverflow") : error.Description();
 }
 
 void ApplySettings() {

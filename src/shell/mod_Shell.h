@@ -11,6 +11,10 @@
 #include <string_view>
 #include <vector>
 
+namespace Quillon {
+class RunTimeError;
+}
+
 namespace Quillon::Shell {
 
 struct FilePropertiesModel;
@@ -40,7 +44,9 @@ struct ShellView {
     virtual void ThemeChanged() = 0;
     /// Splitters, toolbars and the window take their kept places.
     virtual void RestorePlaces() = 0;
-    /// The splash window goes and the main window comes.
+    /// The same places go to the store.
+    virtual void KeepPlaces() = 0;
+    /// The main window comes.
     virtual void ShowWindow() = 0;
     /// Ends the message loop after Stop said so.
     virtual void CloseWindow() = 0;
@@ -97,8 +103,6 @@ void Start(const std::string& commandLineFile);
 /// Asks about changes, then ends the system: settings written, scratch files deleted. False when the person chose to
 /// stay; the window then stays too.
 bool Stop();
-/// Deletes \Data\temp and \Data\temp2, unless another program on this base folder is at them.
-void DelTempFiles();
 
 // The open document and its file -------------------------------------------------------------------------------------
 
@@ -175,6 +179,9 @@ bool IsToolbarVisible(std::string_view toolbar);
 void SetToolbarVisible(std::string_view toolbar, bool visible);
 bool IsToolbarDocked(std::string_view toolbar);
 void SetToolbarDocked(std::string_view toolbar, bool docked);
+
+/// What the page shows in place of the notes when the layout raised: what is wrong and what to do.
+std::string LayoutFailureText(const RunTimeError& error);
 
 /// Hands the settings to the modules that work by them.
 void ApplySettings();

@@ -113,5 +113,10 @@ TEST_F(CommandTable, WhatACommandRaisesBecomesAMessage) {
     EXPECT_FALSE(RunCommand(*FindCommand("mnuFileOpenRecent")));
 }
 
+TEST_F(CommandTable, APageThatCantBeLaidOutSaysWhatToDo) {
+    EXPECT_NE(LayoutFailureText(RunTimeError(6, "Overflow")).find("Divide that bar"), std::string::npos);
+    EXPECT_EQ(LayoutFailureText(RunTimeError(9, "Subscript out of range")), "Subscript out of range");
+}
+
 }  // namespace
 }  // namespace Quillon::Shell

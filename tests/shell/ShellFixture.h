@@ -71,6 +71,7 @@ struct FakeWindow : ShellView, Dialogs {
     void LanguageChanged() override { Calls.emplace_back("language"); }
     void ThemeChanged() override { Calls.emplace_back("theme"); }
     void RestorePlaces() override { Calls.emplace_back("places"); }
+    void KeepPlaces() override { Services.Settings->Save("MainWindowDetails", "Left", "42"); }
     void ShowWindow() override { Calls.emplace_back("window"); }
     void CloseWindow() override { Calls.emplace_back("close"); }
     std::optional<std::filesystem::path> AskOpenFile(const std::filesystem::path&) override { return OpenAnswer; }

@@ -45,6 +45,7 @@ TEST_F(StartStop, FirstStartMakesItsFilesAndTheSecondFindsThem) {
     Start("");
     EXPECT_EQ(Core::Settings.MaxLineLength, 99);
     EXPECT_EQ(Program.ZoomPercent, 150);
+    EXPECT_EQ(run->Store.Get("MainWindowDetails", "Left"), "42") << "the window's place is stored with the rest";
     EXPECT_TRUE(Box().Shown.empty());
 }
 
@@ -67,6 +68,7 @@ TEST_F(StartStop, TheCommandLinesFileIsOpenedByItsLastThreeCharacters) {
     Core::TabFile document;
     document.Tracks[0].Bars.Edit(0).EditStrums()[0].Notes.Edit(0).Fret = "9";
     Spill(folder / "song.JSON", Exchange::WriteJson(document));
+    Spill(folder / "torn.json", "{\"Title\": ");
     struct {
         const char* Name;
         const char* Fret;
@@ -77,6 +79,7 @@ TEST_F(StartStop, TheCommandLinesFileIsOpenedByItsLastThreeCharacters) {
                        {"song.JSON", "9", "Unsaved.qlm", ""},
                        {"old.ql4", "", "Unsaved.qlm", "older kind"},
                        {"song.mid", "", "Unsaved.qlm", "song.mid can't be opened"},
+                       {"torn.json", "", "Unsaved.qlm", "torn.json: not valid JSON"},
                        {"missing.qlm", "", "Unsaved.qlm", "missing.qlm: No such file"},
                        {"qm", "", "Unsaved.qlm", "can't be opened"}};
     for (const auto& c : cases) {
@@ -121,7 +124,7 @@ TEST_F(StartStop, ScratchFilesInUseByAnotherProgramStay) {
     Spill(folder / "base/Data/temp", "theirs");
     PosixFiles other;
     const auto lock = other.Lock(folder / "base/Data/temp.lock");
-    DelTempFiles();
+    Core::DelTempFiles();
     EXPECT_EQ(Slurp(folder / "base/Data/temp"), "theirs");
 }
 
