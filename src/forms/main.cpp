@@ -5,14 +5,17 @@
 #include <QLibraryInfo>
 #include <QStandardPaths>
 #include <QTimer>
+#include <clocale>
 #include <cstdlib>
 
+#include "core/mod_Common.h"
 #include "forms/Text.h"
 #include "forms/Theme.h"
 #include "forms/frmMain.h"
 #include "forms/picDocumentAccess.h"
 #include "platform/Services.h"
 #include "platform/portable/IniStore.h"
+#include "platform/portable/MachineLocale.h"
 #include "platform/portable/PosixFiles.h"
 #include "platform/portable/Rc4Md5.h"
 #include "platform/qt/QtMessageBox.h"
@@ -44,9 +47,12 @@ Arguments Read(const QApplication& application) {
 int Main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName("quillon");
-    QApplication::setApplicationDisplayName("Quillon 4");
+    // No display name is set: the platform would put it behind the caption of every window.
     QApplication::setApplicationVersion(QUILLON_VERSION);
     QApplication::setDesktopFileName("quillon");
+    // The library took the locale of the environment. Only Core::DecimalSign follows it; all else reads and writes "C".
+    std::setlocale(LC_NUMERIC, "C");
+    Core::DecimalSign = MachineDecimalSign();
     const Arguments arguments = Read(application);
 
     PosixFiles files;
