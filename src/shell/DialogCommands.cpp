@@ -15,6 +15,7 @@ void mnuFileProperties_Click() {
     FilePropertiesModel model;
     model.Load();
     if (!Program.Dialogs->EditFileProperties(model) || !model.Apply()) return;
+    Program.PasswordGiven = true;  // whoever came here typed the file's password, or has just made it up
     Program.View->UpdateCommands();
     Program.View->DrawDocument();
 }

@@ -1,3 +1,5 @@
+#include <limits>
+
 #include "core/mod_Common.h"
 #include "drawing/mod_PageLayout.h"
 #include "platform/Services.h"
@@ -11,6 +13,7 @@ using Core::TabFile;
 
 namespace {
 
+constexpr float LeastTempo = std::numeric_limits<float>::min();  // anything above 0
 constexpr float MostTempo = 1000;
 constexpr int MostRowSpacing = 1000;
 constexpr int MostFontSize = 144;
@@ -57,11 +60,18 @@ void SaveDefaults(const TabFile& file) {
 void FilePropertiesModel::Load() { File = Open.TabFile; }
 
 std::string_view FilePropertiesModel::Validate() const {
-    if (!(File.Tempo > 0 && File.Tempo <= MostTempo)) return "str_TempoOutOfRange";
-    if (File.RowSpacing < 0 || File.RowSpacing > MostRowSpacing) return "str_RowSpacingOutOfRange";
-    if (File.FontName.empty() || File.NoteFontName.empty()) return "str_FontMissing";
-    for (const int size : {File.FontSize, File.NoteFontSize}) {
-        if (size < 1 || size > MostFontSize) return "str_FontSizeOutOfRange";
+    // An odd value that the file came with stays, and keeps nobody from changing another.
+    const TabFile& before = Open.TabFile;
+    const auto gone = [](const std::string& now, const std::string& was) { return now.empty() && !was.empty(); };
+    const auto wrong = [](auto now, auto was, auto least, auto most) {
+        return now != was && !(now >= least && now <= most);
+    };
+    if (wrong(File.Tempo, before.Tempo, LeastTempo, MostTempo)) return "str_TempoOutOfRange";
+    if (wrong(File.RowSpacing, before.RowSpacing, 0, MostRowSpacing)) return "str_RowSpacingOutOfRange";
+    if (gone(File.FontName, before.FontName) || gone(File.NoteFontName, before.NoteFontName)) return "str_FontMissing";
+    if (wrong(File.FontSize, before.FontSize, 1, MostFontSize) ||
+        wrong(File.NoteFontSize, before.NoteFontSize, 1, MostFontSize)) {
+        return "str_FontSizeOutOfRange";
     }
     if (File.HasPassword && File.Password.empty()) return "str_PasswordMissing";
     return "";

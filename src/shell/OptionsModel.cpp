@@ -14,11 +14,14 @@ namespace {
 
 bool InLimits(int value) { return value >= LeastTabX && value <= MostTabX; }
 
-/// Stored at once: options must not wait for a clean end of the program.
+/// Stored at once: options must not wait for a clean end of the program. When they can't be stored a box says so, and
+/// they hold for this run.
 void KeepSettings() {
-    Core::SaveINISettings();
-    SaveStoredState();
-    Services.Settings->Flush();
+    Guarded([] {
+        Core::SaveINISettings();
+        SaveStoredState();
+        Services.Settings->Flush();
+    });
 }
 
 }  // namespace
@@ -52,8 +55,9 @@ bool OptionsModel::Apply() const {
     Program.Theme = Theme;
     Core::Settings = Settings;
     ApplySettings();
-    if (language) Core::ChooseLanguage(*Services.Files, Services.BaseFolder, Language);
     KeepSettings();
+    const auto choose = [&] { Core::ChooseLanguage(*Services.Files, Services.BaseFolder, Language); };
+    if (language && !Guarded(choose)) Core::LoadLanguage(*Services.Files, Services.BaseFolder, Language);
     return true;
 }
 

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "core/mod_Common.h"
 #include "core/mod_Instruments.h"
 #include "core/mod_TabFileManipulation.h"
@@ -48,26 +50,40 @@ void TrackPropertiesModel::ChooseInstrument(int program) {
 }
 
 std::string_view TrackPropertiesModel::Validate() const {
-    if (!InRange(Track.Volume, MostVolume) || !InRange(Track.ChordVolume, MostVolume)) return "str_VolumeOutOfRange";
-    if (!InRange(Track.Instrument, 127)) return "str_InstrumentOutOfRange";
-    if (!InRange(Track.Channel, MostChannel) || !InRange(Track.EffectChannel, MostChannel)) {
+    // An odd value that the file came with stays, and keeps nobody from changing another.
+    const Core::Track& before = Open.TabFile.Tracks[Index];
+    const auto wrong = [&](auto field, int most) {
+        return Track.*field != before.*field && !InRange(Track.*field, most);
+    };
+    if (wrong(&Core::Track::Volume, MostVolume) || wrong(&Core::Track::ChordVolume, MostVolume)) {
+        return "str_VolumeOutOfRange";
+    }
+    if (wrong(&Core::Track::Instrument, 127)) return "str_InstrumentOutOfRange";
+    if (wrong(&Core::Track::Channel, MostChannel) || wrong(&Core::Track::EffectChannel, MostChannel)) {
         return "str_ChannelOutOfRange";
     }
-    if (Track.Strings < 1 || Track.Strings > StringCount) return "str_StringsOutOfRange";
-    if (!InRange(Track.Capo, MostCapo)) return "str_CapoOutOfRange";
-    for (int s = 0; s < Track.Strings; ++s) {
+    if (Track.Strings != before.Strings && (Track.Strings < 1 || Track.Strings > StringCount)) {
+        return "str_StringsOutOfRange";
+    }
+    if (wrong(&Core::Track::Capo, MostCapo)) return "str_CapoOutOfRange";
+    for (int s = 0; s < std::min<int>(Track.Strings, StringCount); ++s) {
         const bool unchanged = OpenNotes[s] == Core::NoteName(Core::OpenPitch(Track, s));
         if (!unchanged && Core::PitchOfNoteName(OpenNotes[s]) < 0) return "str_TuningUnknown";
     }
-    if (Track.LyricsOfOtherTrack == 1 && !InRange(Track.LyricsTrack, Open.TabFile.Tracks.UpperBound())) {
+    const bool lyricsAreNew =
+        Track.LyricsOfOtherTrack != before.LyricsOfOtherTrack || Track.LyricsTrack != before.LyricsTrack;
+    if (lyricsAreNew && Track.LyricsOfOtherTrack == 1 &&
+        !InRange(Track.LyricsTrack, Open.TabFile.Tracks.UpperBound())) {
         return "str_LyricsTrackMissing";
     }
     if (Track.OctaveUp && Track.OctaveDown) return "str_OctaveBothWays";
     if (!Track.ShowTreble && !Track.ShowBass && !Track.ShowTab) return "str_NothingShown";
     const int mostSound = static_cast<int>(Core::DrumSoundNames().size()) - 1;
-    for (const PercAssignment& assignment : Track.PercStrings) {
+    for (int s = 0; s < StringCount; ++s) {
+        const PercAssignment& now = Track.PercStrings[s];
         for (const Core::PercussionLetter& letter : Core::PercussionLetters()) {
-            if (!InRange(assignment.*letter.Sound, mostSound)) return "str_DrumSoundOutOfRange";
+            const bool isNew = now.*letter.Sound != before.PercStrings[s].*letter.Sound;
+            if (isNew && !InRange(now.*letter.Sound, mostSound)) return "str_DrumSoundOutOfRange";
         }
     }
     return "";

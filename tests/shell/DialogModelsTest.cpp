@@ -129,6 +129,61 @@ TEST_F(DialogModels, TrackPropertiesComplainInTurn) {
     EXPECT_EQ(Core::PercussionLetters().size(), 12U);
 }
 
+TEST_F(DialogModels, OddValuesThatTheFileCameWithKeepNobodyFromChangingOthers) {
+    Core::TabFile& file = Open.TabFile;
+    file.Tempo = 5000;
+    file.RowSpacing = -3;
+    file.FontName = "";
+    file.NoteFontSize = 0;
+    file.Tracks[0].Volume = 200;
+    file.Tracks[0].Channel = -1;
+    file.Tracks[0].Strings = 9;
+    file.Tracks[0].PercStrings[2].dbx = 99;
+    file.Tracks[0].LyricsOfOtherTrack = 1;
+    file.Tracks[0].LyricsTrack = 7;
+    Core::TabFile expected = file;
+    Window().OnFileProperties = [](FilePropertiesModel& model) {
+        model.File.Title = "New";
+        return model.Validate().empty();
+    };
+    Window().OnTrackProperties = [](TrackPropertiesModel& model) {
+        model.Track.Name = "New";
+        return model.Validate().empty();
+    };
+    mnuFileProperties_Click();
+    mnuTrackProperties_Click();
+    expected.Title = expected.Tracks[0].Name = "New";
+    EXPECT_TRUE(Open.TabFile == expected);
+}
+
+TEST_F(DialogModels, WhoMakesUpAPasswordIsNotAskedForIt) {
+    Window().OnFileProperties = [](FilePropertiesModel& model) {
+        model.File.HasPassword = true;
+        model.File.Password = "pick";
+        return true;
+    };
+    mnuFileProperties_Click();
+    Window().Calls.clear();
+    EXPECT_TRUE(PasswordCorrect());
+    DocumentReplaced();
+    EXPECT_FALSE(PasswordCorrect()) << "asked when the file was opened anew, and not given";
+    EXPECT_EQ(Window().Calls.back(), "password");
+}
+
+TEST_F(DialogModels, OptionsThatCannotBeStoredHoldForThisRun) {
+    run->Files.FullFor = "base";
+    Window().OnOptions = [](OptionsModel& model) {
+        model.Theme = 2;
+        model.Language = "German";
+        return true;
+    };
+    mnuFileOptions_Click();
+    EXPECT_EQ(Box().Shown.size(), 2U) << "the settings, and the choice of the language";
+    EXPECT_EQ(Program.Theme, 2);
+    EXPECT_EQ(Core::LanguageText("str_Cancel"), "Abbrechen");
+    EXPECT_EQ(Window().Calls, (std::vector<std::string>{"language", "theme", "draw"}));
+}
+
 TEST_F(DialogModels, OptionsAndPageSetupLastOverACrash) {
     Window().OnOptions = [](OptionsModel& model) {
         model.MaxTabX = 60;
