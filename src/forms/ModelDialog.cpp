@@ -45,6 +45,14 @@ QFormLayout* ModelDialog::AddPage(std::string_view titleKey) {
     return form;
 }
 
+/// Typing goes into the first field at once; left alone, the focus starts on the row of tabs.
+void ModelDialog::FocusFirstField() {
+    const QWidget* const page = tabs ? tabs->widget(0) : this;
+    for (QWidget* const field : page->findChildren<QWidget*>()) {
+        if ((field->focusPolicy() & Qt::TabFocus) && field->isEnabled()) return field->setFocus();
+    }
+}
+
 void ModelDialog::Finish(std::function<std::string_view()> complaint) {
     validate = std::move(complaint);
     lblComplaint = new QLabel(this);
@@ -62,6 +70,7 @@ void ModelDialog::Finish(std::function<std::string_view()> complaint) {
     connect(buttons, &QDialogButtonBox::rejected, this, &ModelDialog::reject);
     body->addWidget(buttons);
     connect(this, &QDialog::finished, this, [this] { KeepPlace(*this, section); });
+    FocusFirstField();
     RestorePlace(*this, section, sizeHint().expandedTo(QSize(420, 0)));
 }
 

@@ -59,6 +59,8 @@ protected:
     static void AddNote(QFormLayout* page, std::string_view textKey);
 
 private:
+    void FocusFirstField();
+
     QVBoxLayout* body;
     QTabWidget* tabs = nullptr;
     QLabel* lblComplaint = nullptr;
