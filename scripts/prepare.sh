@@ -10,6 +10,7 @@ ninja-build|the build
 pkg-config|finding libraries
 qt6-base-dev|windows, printing and pictures
 qt6-svg-dev|icons and pictures in SVG
+qt6-translations-l10n|the texts that Qt brings, in other languages than English
 nettle-dev|the cipher of music files
 nlohmann-json3-dev|documents as JSON
 libcli11-dev|the command line of quillon-cli
