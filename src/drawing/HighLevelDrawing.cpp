@@ -37,6 +37,7 @@ struct LastLayout {
     PageCount Count;
     bool TooSmallShown = false;  ///< one message for one page size, not one a repaint
     std::string PageText;
+    double LyricsPoints = 0;  ///< 0 until measured
 };
 LastLayout Last;
 
@@ -83,7 +84,20 @@ void LayOutView() {
     SetScrollRanges();
     Last.Key = KeyNow();
     LayOutTrack(Page, Last.Key.Origin, file, Open.CurTrack, Last.Count.TooSmall ? -1 : Last.Count.LastPage);
+    Last.LyricsPoints = 0;
     if (!View.CompletePass) Page.LayoutDirty = 0;
+}
+
+/// The track whose lyrics stand under a track's rows: its own, or another that exists.
+int LyricsTrackOf(const TabFile& file, int track) {
+    const Track& own = file.Tracks[track];
+    const bool ofOther =
+        own.LyricsOfOtherTrack == 1 && own.LyricsTrack >= 0 && own.LyricsTrack <= file.Tracks.UpperBound();
+    return ofOther ? own.LyricsTrack : track;
+}
+
+double LyricsPoints(Picture& picture, const TabFile& file, int track) {
+    return LyricsSize(picture, file, track, LyricsTrackOf(file, track));
 }
 
 /// The first bar whose row may reach into the view. Rows follow each other downward, so the bars can be bisected.
@@ -103,12 +117,13 @@ int FirstBarInView(const Track& track, int above) {
 
 void DrawBarsInView(Picture& picture) {
     const Track& track = Open.TabFile.Tracks[Open.CurTrack];
+    if (Last.LyricsPoints == 0) Last.LyricsPoints = LyricsPoints(picture, Open.TabFile, Open.CurTrack);
     const int above = -(RowHeight(track) + 40);
     for (int bar = FirstBarInView(track, above); bar <= track.Bars.UpperBound(); ++bar) {
         const Core::BarPlace& place = track.Bars[bar].Place;
         // Signs and chord charts of a row just below the view still reach into it.
         if (place.Page < 0 || place.BarY - 90 >= View.ScaleHeight) break;
-        DrawBar(picture, place.BarX, place.BarY, Open.TabFile, Open.CurTrack, bar, place.BarWidth);
+        DrawBar(picture, place.BarX, place.BarY, Open.TabFile, Open.CurTrack, bar, place.BarWidth, Last.LyricsPoints);
     }
 }
 
@@ -165,15 +180,12 @@ void DrawCursor(Picture& picture) {
 
 }  // namespace
 
-void DrawBar(Picture& picture, int x, int y, const TabFile& file, int track, int bar, int width) {
+void DrawBar(Picture& picture, int x, int y, const TabFile& file, int track, int bar, int width, double lyricsSize) {
     const BarContext context{file, track, bar, x, y, width};
     DrawBarFrame(picture, context);
     DrawBarStrums(picture, context);
     DrawBarMarks(picture, context);
-    const Track& own = file.Tracks[track];
-    const bool ofOther =
-        own.LyricsOfOtherTrack == 1 && own.LyricsTrack >= 0 && own.LyricsTrack <= file.Tracks.UpperBound();
-    DrawLyrics(picture, context, ofOther ? own.LyricsTrack : track);
+    DrawLyrics(picture, context, LyricsTrackOf(file, track), lyricsSize);
 }
 
 void DrawDocument(Picture& picture) {
@@ -197,8 +209,9 @@ void SetScrolls() {
     const int below = bar.Place.BarY + RowHeight(track) + 40 - View.ScaleHeight;
     if (below > 0) {
         const int rowStep = bar.Place.BarY - track.Bars[Open.CurBar - 1].Place.BarY;
-        // One row at least; all that is missing when the cursor went further.
-        const int units = std::max<int>(Core::CLng((rowStep + 20) / 8.0), (below + 7) / 8);
+        // On by a row while the cursor walks; all that is missing when it went out of sight.
+        int units = Core::CLng((rowStep + 20) / 8.0);
+        if (bar.Place.BarY - 50 >= View.ScaleHeight) units = std::max(units, (below + 7) / 8);
         View.VScroll = std::min(View.VScroll + units, View.VScrollMax);
     } else if (bar.Place.BarY < 40 && View.VScroll > 0) {
         View.VScroll = std::max(0, View.VScroll - (120 - bar.Place.BarY + 7) / 8);
@@ -219,9 +232,10 @@ void DrawPage(Picture& picture, int track, int page) {
     Page.LayoutDirty = 1;
     if (count.TooSmall) return TellPageTooSmall();
     LayOutTrack(Page, {0, -(Page.PageHeight + PageGap) * page}, file, track, count.LastPage);
+    const double lyricsSize = LyricsPoints(picture, file, track);
     for (int bar = 0; bar <= file.Tracks[track].Bars.UpperBound(); ++bar) {
         const Core::BarPlace& place = file.Tracks[track].Bars[bar].Place;
-        if (place.Page == page) DrawBar(picture, place.BarX, place.BarY, file, track, bar, place.BarWidth);
+        if (place.Page == page) DrawBar(picture, place.BarX, place.BarY, file, track, bar, place.BarWidth, lyricsSize);
     }
 }
 

@@ -39,25 +39,24 @@ void DrawRuler(Picture& picture, const PageSetup& page, int left, int top) {
 }
 
 /// The header's lines stand by their middles, below the page's top.
-enum HeaderLine : std::int16_t {
-    TitleLine = 40,
-    SubTitleLine = 68,
-    FirstLine = 85,
-    SecondLine = 101,
-    ThirdLine = 117,
-    TempoLine = 131
-};
+enum HeaderLine : std::int16_t { TitleLine = 40, SubTitleLine = 68, FirstLine = 85, SecondLine = 101, ThirdLine = 117 };
 
 /// Cuts a text at its end so that it fits, with an ellipsis.
-std::string Fitted(Picture& picture, std::string text, double width) {
-    if (picture.TextWidth(text) <= width) return text;
-    while (!text.empty() && picture.TextWidth(text + "…") > width) {
-        do {
-            text.pop_back();
-        } while (!text.empty() && (static_cast<unsigned char>(text.back()) & 0xC0) == 0x80);
-        while (!text.empty() && static_cast<unsigned char>(text.back()) >= 0xC0) text.pop_back();
+std::string Fitted(Picture& picture, const std::string& text, double width) {
+    // No page holds more; a whole book is not measured to find that out.
+    constexpr std::size_t longest = 1000;
+    if (text.size() <= longest && picture.TextWidth(text) <= width) return text;
+    const auto cut = [&](std::size_t size) {
+        while (size > 0 && (static_cast<unsigned char>(text[size]) & 0xC0) == 0x80) --size;  // inside a character
+        return size == 0 ? "" : text.substr(0, size) + "…";
+    };
+    std::size_t fits = 0;
+    std::size_t over = std::min(text.size(), longest);
+    while (fits + 1 < over) {
+        const std::size_t middle = (fits + over) / 2;
+        (picture.TextWidth(cut(middle)) <= width ? fits : over) = middle;
     }
-    return text.empty() ? text : text + "…";
+    return cut(fits);
 }
 
 std::string PitchName(int pitch) {
@@ -70,7 +69,7 @@ std::string PitchName(int pitch) {
 std::string TuningText(const Track& track) {
     if (track.IsDrum) return "";
     std::string text;
-    const int strings = std::clamp<int>(track.Strings, 1, Core::StringCount);
+    const int strings = StringsShown(track);
     const bool retuned =
         std::any_of(track.Tuning.begin(), track.Tuning.begin() + strings, [](int t) { return t != 0; });
     if (retuned) {
@@ -90,9 +89,10 @@ public:
         : picture(target), page(setup), file(document), left(x), top(y) {}
 
     void Draw(const Track& track) {
-        Use(file.FontSize);
+        const double title = std::clamp<double>(file.FontSize, 1, LargestFontSize);
+        Use(title);
         Print(TitleLine, file.Title, Anchor::Center);
-        Use(std::max(8.0, file.FontSize * 0.6));
+        Use(std::max(8.0, title * 0.6));
         Print(SubTitleLine, file.SubTitle, Anchor::Center);
         SetFont(picture, "Arial", 9, false, false, false, file.FontColor);
         size = 9;
@@ -102,9 +102,11 @@ public:
         if (!file.Author.empty()) Print(FirstLine, LanguageText("str_HeaderAuthor", {file.Author}), Anchor::Right);
         if (!file.TabbedBy.empty())
             Print(SecondLine, LanguageText("str_HeaderTabbedBy", {file.TabbedBy}), Anchor::Right);
-        Print(ThirdLine, TuningText(track), Anchor::Left);
         Print(ThirdLine, OneLine(file.Instructions), Anchor::Right);
-        DrawTempo();
+        // Nothing may stand below this line: the charts of the first row begin there.
+        const double behind = DrawTempo();
+        SetFont(picture, "Arial", 9, false, false, false, file.FontColor);
+        PrintAt(behind + 16, ThirdLine, TuningText(track), Anchor::Left, left + page.PageWidth / 2.0 - behind - 24);
     }
 
 private:
@@ -118,13 +120,17 @@ private:
     }
 
     void Print(int middle, const std::string& text, Anchor anchor) {
-        if (text.empty()) return;
-        // Capitals are some 0.7 of the em square high: their middle stands on the line's.
-        const double baseline = top + middle + 0.36 * size * 4 / 3;
         const double x = anchor == Anchor::Left    ? left + page.PageLeftMargin
                          : anchor == Anchor::Right ? left + page.PageWidth - page.PageLeftMargin
                                                    : left + page.PageWidth / 2.0;
-        picture.Print(x, baseline, Fitted(picture, text, width), anchor);
+        PrintAt(x, middle, text, anchor, width);
+    }
+
+    void PrintAt(double x, int middle, const std::string& text, Anchor anchor, double room) {
+        if (text.empty()) return;
+        // Capitals are some 0.7 of the em square high: their middle stands on the line's.
+        const double baseline = top + middle + 0.36 * size * 4 / 3;
+        picture.Print(x, baseline, Fitted(picture, text, room), anchor);
     }
 
     static std::string OneLine(std::string text) {
@@ -133,10 +139,10 @@ private:
         return text;
     }
 
-    /// A quarter note and its beats a minute.
-    void DrawTempo() {
+    /// A quarter note and its beats a minute; where they end is returned.
+    double DrawTempo() {
         const double x = left + page.PageLeftMargin + 2;
-        const double y = top + TempoLine + 3;
+        const double y = top + ThirdLine + 3;
         picture.SetColor(file.FontColor);
         picture.Polygon({{x - 3.6, y + 1.4},
                          {x - 3.2, y - 0.6},
@@ -151,6 +157,7 @@ private:
         const std::string beats =
             Core::FormatSingle(file.Tempo) + (file.Shuffle ? "  " + LanguageText("str_HeaderShuffle") : "");
         picture.Print(x + 8, y + 2, "= " + beats);
+        return x + 8 + picture.TextWidth("= " + beats);
     }
 
     Picture& picture;

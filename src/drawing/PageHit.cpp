@@ -40,7 +40,7 @@ int PitchAt(const Track& track, int rowY) {
         y -= 3;
     }
     const int pitch = StaffYToPitch(y);
-    const int lowest = Core::DefaultStringPitch(std::clamp<int>(track.Strings, 1, Core::StringCount) - 1) - 1;
+    const int lowest = Core::DefaultStringPitch(StringsShown(track) - 1) - 1;
     const int highest = Core::DefaultStringPitch(0) + 29;
     return pitch >= lowest && pitch <= highest ? pitch : 0;
 }
@@ -73,7 +73,7 @@ Hit HitTest(const TabFile& file, int track, int x, int y) {
     hit.Strum = Core::ToInt16(StrumAt(found, x));
     const int rowY = y - found.Place.BarY;
     if (shown.ShowTab) {
-        if (const int string = StringFromY(rowY - TabOffset(shown), shown.Strings); string >= 0) {
+        if (const int string = StringFromY(rowY - TabOffset(shown), StringsShown(shown)); string >= 0) {
             hit.On = Hit::Place::OnString;
             hit.String = Core::ToInt16(string);
             return hit;
@@ -81,7 +81,7 @@ Hit HitTest(const TabFile& file, int track, int x, int y) {
     }
     if (!shown.ShowTreble && !shown.ShowBass) return hit;
     if (shown.IsDrum) {
-        if (const int lane = DrumLaneFromY(rowY - 24); lane >= 0 && lane < shown.Strings) {
+        if (const int lane = DrumLaneFromY(rowY - 24); lane >= 0) {
             hit.On = Hit::Place::OnLane;
             hit.String = Core::ToInt16(lane);
         }

@@ -10,11 +10,13 @@ using Core::Bar;
 using Core::TabFile;
 using Core::Track;
 
+int StringsShown(const Track& track) { return std::clamp<int>(track.Strings, 1, Core::StringCount); }
+
 int RowHeight(const Track& track) {
     int height = 0;
     if (track.ShowTreble) height = track.ShowTab || track.ShowBass ? StaffHeadroom + 95 : StaffHeadroom;
     if (track.ShowBass) height += StaffHeadroom + (track.ShowTab ? 80 : 0);
-    if (track.ShowTab) height += (track.Strings - 1) * 10;
+    if (track.ShowTab) height += (StringsShown(track) - 1) * 10;
     if (track.ShowStaff && track.LyricsOfOtherTrack == 1) height += StaffHeadroom + 95;
     return height;
 }
@@ -27,6 +29,11 @@ int TabOffset(const Track& track) {
 }
 
 int NotationBaseOffset(const Track& track) { return track.ShowTreble ? 95 - 14 : -StaffHeadroom - 14; }
+
+bool ShowsStaffOfOther(const TabFile& file, const Track& track) {
+    return track.ShowStaff && track.LyricsOfOtherTrack == 1 && track.LyricsTrack >= 0 &&
+           track.LyricsTrack <= file.Tracks.UpperBound();
+}
 
 int BarStartOffset(const Bar& bar) { return bar.Place.ShowTimeSig ? 49 : 9; }
 
@@ -140,11 +147,6 @@ int FirstBarOfPage(const PageSetup& page, const TabFile& file, int track, int wa
 
 namespace {
 
-bool HasLyricColumns(const TabFile& file, const Track& track) {
-    return track.ShowStaff && track.LyricsOfOtherTrack == 1 && track.LyricsTrack >= 0 &&
-           track.LyricsTrack <= file.Tracks.UpperBound();
-}
-
 void PlaceBar(const PageSetup& page, const TabFile& file, int track, int bar, int x, int y, const FilledRow& row) {
     const Bar& placed = file.Tracks[track].Bars[bar];
     Core::BarPlace& place = placed.Place;
@@ -168,7 +170,7 @@ void PlaceStrums(const TabFile& file, int track, int bar) {
     const int start = BarStartOffset(placed);
     const int usable = place.BarWidth - start - 5;
     const double total = Core::BarLengthIn64ths(file, bar);
-    const bool exact = HasLyricColumns(file, owner);
+    const bool exact = ShowsStaffOfOther(file, owner);
     place.StrumX.Resize(strums.Count());
     double elapsed = 0;
     for (int s = 0; s <= strums.UpperBound(); ++s) {

@@ -10,8 +10,9 @@ namespace Quillon::Drawing {
 
 namespace {
 
-constexpr double ArrowTip = 8;   ///< from the top line up to an arrow's tip
-constexpr double LabelLift = 2;  ///< from an arrow's tip up to the baseline of its amount
+constexpr double ArrowTip = 8;        ///< from the top line up to an arrow's tip
+constexpr double ArrowTipOnTop = 17;  ///< the same where the first string itself is bent, so that its curve is seen
+constexpr double LabelLift = 2;       ///< from an arrow's tip up to the baseline of its amount
 /// A difference that counts as a turn: half a quarter tone.
 constexpr double Turn = BendUnitsPerTone / 8;
 
@@ -45,8 +46,8 @@ void DrawQuarter(Picture& picture, Point from, Point to) {
 /// Paints the turns of one note; the x at which they end is returned.
 class BendPainter {
 public:
-    BendPainter(Picture& target, TabBar& where, double start, double line, double stepWidth)
-        : picture(target), bar(where), x(start), y(line), low(line), high(where.Top - ArrowTip), step(stepWidth) {}
+    BendPainter(Picture& target, TabBar& where, double start, double line, double tip, double stepWidth)
+        : picture(target), bar(where), x(start), y(line), low(line), high(where.Top - tip), step(stepWidth) {}
 
     /// A note that is bent before it sounds.
     void Hold(double amount) {
@@ -102,7 +103,10 @@ void DrawBend(Picture& picture, TabBar& bar, int strum, int string) {
     const auto curves = static_cast<double>(turns.size() - 1);
     const double step = std::clamp((room - (held ? 2 : 0)) / std::max(1.0, curves), 5.0, 11.0);
 
-    BendPainter painter(picture, bar, start, bar.LineY(string) - 1, step);
+    // One height for all strings of a chord, which share the amount.
+    const Core::Note& top = bar.Strum(strum).Notes[0];
+    const double tip = top.HasBend && !top.Fret.empty() ? ArrowTipOnTop : ArrowTip;
+    BendPainter painter(picture, bar, start, bar.LineY(string) - 1, tip, step);
     if (held) painter.Hold(turns.front());
     for (std::size_t i = 1; i < turns.size(); ++i) {
         if (turns[i] > turns[i - 1]) {

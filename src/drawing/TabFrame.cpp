@@ -1,7 +1,10 @@
 // The frame of a bar: number, staves, figures of the time signature, repeats, bar lines.
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
+#include <limits>
 #include <string>
+#include <utility>
 
 #include "drawing/TabParts.h"
 #include "drawing/mod_PageLayout.h"
@@ -57,19 +60,49 @@ void DrawTabLetters(Picture& picture, const BarContext& bar, int top, int string
     }
 }
 
-/// Dots of a repeat in the two gaps of the tab that lie the same way off its middle. Where a figure of `beside` stands
-/// on one side of a gap, the dot leans to the other.
-void DrawTabRepeatDots(Picture& picture, double x, const Staves& staves, int strings, const Core::Strum* beside) {
-    constexpr double radius = 1.6, lean = 1;
-    const double middle = (staves.TabTop + staves.TabBottom) / 2.0;
-    const double away = strings > 3 && strings % 2 == 0 ? StringStep : StringStep / 2.0;
-    for (const double y : {middle - away, middle + away}) {
-        const int above = static_cast<int>(std::floor((y - staves.TabTop) / StringStep));
-        const auto hasFigure = [&](int string) {
-            return beside && string >= 0 && string < strings && !beside->Notes[string].Fret.empty();
-        };
-        picture.Disc(x, y + lean * (hasFigure(above) - hasFigure(above + 1)), radius);
+/// The strum whose figures a dot at x would touch, null without one.
+const Core::Strum* StrumAt(const BarContext& bar, double x) {
+    constexpr double reach = 7;
+    const auto& columns = bar.ItsBar().Place.StrumX;
+    const auto& strums = bar.ItsBar().Strums();
+    for (int s = 0; s < std::min(columns.Count(), strums.Count()); ++s) {
+        const double column = columns[s] + (bar.X - bar.ItsBar().Place.BarX);
+        if (std::abs(column - x) < reach) return &strums[s];
     }
+    return nullptr;
+}
+
+/// Two gaps between the strings for the dots of a repeat, counted from the top: as far apart and as near the middle as
+/// the figures of `beside` leave them room.
+std::pair<int, int> RepeatDotGaps(int strings, const Core::Strum* beside) {
+    const int gaps = strings - 1;
+    const int wanted = strings % 2 == 0 ? 2 : 1;  // of an even number of strings the middle gap stays free
+    const auto hasFigure = [&](int string) { return beside && !beside->Notes[string].Fret.empty(); };
+    std::pair<int, int> best;
+    int least = std::numeric_limits<int>::max();
+    for (int upper = 0; upper + 1 < gaps; ++upper) {
+        for (int lower = upper + 1; lower < gaps; ++lower) {
+            int cost = 3 * std::abs(upper + lower - (gaps - 1)) + std::abs(lower - upper - wanted);
+            for (const int gap : {upper, lower}) cost += 100 * (hasFigure(gap) + hasFigure(gap + 1));
+            if (cost >= least) continue;
+            least = cost;
+            best = {upper, lower};
+        }
+    }
+    return best;
+}
+
+void DrawTabRepeatDots(Picture& picture, const BarContext& bar, double x, const Staves& staves, int strings) {
+    constexpr double radius = 1.6, half = StringStep / 2.0;
+    double upper = (staves.TabTop + staves.TabBottom) / 2.0 - half;
+    double lower = upper + StringStep;
+    if (strings > 2) {
+        const auto [first, second] = RepeatDotGaps(strings, StrumAt(bar, x));
+        upper = staves.TabTop + first * StringStep + half;
+        lower = staves.TabTop + second * StringStep + half;
+    }
+    picture.Disc(x, upper, radius);
+    picture.Disc(x, lower, radius);
 }
 
 void DrawBarLines(Picture& picture, const BarContext& bar, const Staves& staves) {
@@ -97,24 +130,17 @@ void DrawBarLines(Picture& picture, const BarContext& bar, const Staves& staves)
 }
 
 void DrawRepeats(Picture& picture, const BarContext& bar, const Staves& staves, int strings) {
-    const bool figures = bar.ItsBar().Place.ShowTimeSig;
+    constexpr int drop = 10;
     picture.SetColor(bar.File.LineColor);
-    const auto staffDots = [&](int staffY) {
-        constexpr int drop = 10;
-        if (bar.Info().RepeatOpen) {
-            // Behind the figures the dots stand this far in, right of the first column: existing files look so.
-            DrawRepeatDots(picture, bar.X + (figures ? DotsInsetWithFigures : DotsInset), staffY + drop);
-        }
-        if (bar.Info().RepeatClose > 0) DrawRepeatDots(picture, bar.X + bar.Width - DotsInset, staffY + drop);
+    const auto dots = [&](int x) {
+        if (staves.Treble) DrawRepeatDots(picture, x, staves.TrebleY + drop);
+        if (staves.Bass) DrawRepeatDots(picture, x, staves.BassY + drop);
+        if (staves.Tab) DrawTabRepeatDots(picture, bar, x, staves, strings);
     };
-    if (staves.Treble) staffDots(staves.TrebleY);
-    if (staves.Bass) staffDots(staves.BassY);
-    if (!staves.Tab) return;
-    const Core::Strum* first = figures ? nullptr : &bar.ItsBar().Strums()[0];
-    if (bar.Info().RepeatOpen) DrawTabRepeatDots(picture, bar.X + DotsInset, staves, strings, first);
-    if (bar.Info().RepeatClose > 0) {
-        DrawTabRepeatDots(picture, bar.X + bar.Width - DotsInset, staves, strings, nullptr);
-    }
+    // Behind the figures the dots stand this far in, right of the first column: existing files look so.
+    const int inset = bar.ItsBar().Place.ShowTimeSig ? DotsInsetWithFigures : DotsInset;
+    if (bar.Info().RepeatOpen) dots(bar.X + inset);
+    if (bar.Info().RepeatClose > 0) dots(bar.X + bar.Width - DotsInset);
 }
 
 void PrintSmall(Picture& picture, const Label& label, Anchor anchor) {
@@ -136,6 +162,11 @@ void SetFont(Picture& picture, std::string_view name, double size, bool bold, bo
     picture.SetColor(color);
 }
 
+void MoveTo(Picture& picture, double x, double y) {
+    picture.CurrentX = x;
+    picture.CurrentY = y;
+}
+
 void DrawStaffLines(Picture& picture, int x1, int x2, int y, int lines, int step) {
     for (int line = 0; line < lines; ++line) picture.Line(x1, y + line * step, x2, y + line * step);
 }
@@ -149,7 +180,7 @@ void DrawRepeatDots(Picture& picture, double x, double y) {
 void DrawBarFrame(Picture& picture, const BarContext& bar) {
     const Staves staves = StavesOf(bar);
     const Core::Track& track = bar.ItsTrack();
-    const int strings = std::clamp<int>(track.Strings, 1, Core::StringCount);
+    const int strings = StringsShown(track);
     const bool figures = bar.ItsBar().Place.ShowTimeSig;
     const int right = bar.X + bar.Width;
 
@@ -163,6 +194,9 @@ void DrawBarFrame(Picture& picture, const BarContext& bar) {
     if (staves.Treble) DrawStaffLines(picture, bar.X, right, staves.TrebleY, 5, StaffStep);
     if (staves.Bass) DrawStaffLines(picture, bar.X, right, staves.BassY, 5, StaffStep);
     if (staves.Tab) DrawStaffLines(picture, bar.X, right, staves.TabTop, strings, StringStep);
+    if (ShowsStaffOfOther(bar.File, track)) {
+        DrawStaffLines(picture, bar.X, right, bar.Y + RowHeight(track) - StaffHeadroom, 5, StaffStep);
+    }
     if (figures) {
         constexpr double onStaff = 7.2, onTab = 9;
         if (staves.Treble) DrawTimeSignature(picture, bar, staves.TrebleY + StaffHeight / 2, onStaff);

@@ -62,33 +62,34 @@ double Fit(Picture& picture, const std::vector<Syllable>& syllables) {
     return fit;
 }
 
+Font LyricsFont(const Core::TabFile& file, double size) {
+    return {file.FontName, size, file.FontBold, file.FontItalic, file.FontUnderline, file.FontStrike};
+}
+
 }  // namespace
 
-void DrawLyrics(Picture& picture, const BarContext& bar, int lyricsTrack) {
+double LyricsSize(Picture& picture, const Core::TabFile& file, int track, int lyricsTrack) {
+    const double full = std::clamp(file.FontSize - 1.0, SmallestSize, LargestFontSize);
+    picture.SetFont(LyricsFont(file, full));
+    double fit = 1;
+    const Core::Track& frame = file.Tracks[track];
+    for (int bar = 0; bar <= frame.Bars.UpperBound(); ++bar) {
+        if (frame.Bars[bar].Place.Page < 0) continue;
+        fit = std::min(fit, Fit(picture, SyllablesOf(file, frame.Bars[bar], lyricsTrack, bar)));
+    }
+    return std::max(SmallestSize, std::floor(full * fit));
+}
+
+void DrawLyrics(Picture& picture, const BarContext& bar, int lyricsTrack, double size) {
     const Core::TabFile& file = bar.File;
     const Core::Bar& own = bar.ItsBar();
     const std::vector<Syllable> syllables = SyllablesOf(file, own, lyricsTrack, bar.Bar);
     if (syllables.empty()) return;
-
-    Font font{file.FontName,      std::max(SmallestSize, file.FontSize - 1.0),
-              file.FontBold,      file.FontItalic,
-              file.FontUnderline, file.FontStrike};
-    // One size for the whole row: words that would run into each other make it smaller, in whole points.
-    picture.SetFont(font);
-    double fit = Fit(picture, syllables);
-    const Core::Track& track = bar.ItsTrack();
-    for (const int step : {-1, 1}) {
-        for (int b = bar.Bar + step; b >= 0 && b <= track.Bars.UpperBound(); b += step) {
-            const Core::Bar& other = track.Bars[b];
-            if (other.Place.BarY != own.Place.BarY || other.Place.Page != own.Place.Page) break;
-            fit = std::min(fit, Fit(picture, SyllablesOf(file, other, lyricsTrack, b)));
-        }
-    }
-    font.Size = std::max(SmallestSize, std::floor(font.Size * fit));
+    const Font font = LyricsFont(file, size);
     picture.SetFont(font);
     picture.SetColor(file.FontColor);
     const double height = std::ceil(font.Pixels() * LineHeight);
-    const double top = bar.Y + RowHeight(track) + StaffHeadroom;
+    const double top = bar.Y + RowHeight(bar.ItsTrack()) + StaffHeadroom;
     for (const Syllable& syllable : syllables) {
         const double x = syllable.X + (bar.X - own.Place.BarX);
         picture.Print(x, std::round(top + syllable.Line * height + Ascent * font.Pixels()), *syllable.Text,

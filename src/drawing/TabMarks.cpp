@@ -19,8 +19,8 @@ public:
     MarkPainter(Picture& target, TabBar& where) : picture(target), bar(where) {}
 
     /// The middle of the lowest free place above the tab.
-    double Above(double left, double right, double labelRight) {
-        return bar.Around.TakeLevel(left, right, labelRight, bar.Top - MarkStep, MarkStep);
+    double Above(double left, double right, double labelRight, int firstLevel = 0) {
+        return bar.Around.TakeLevel(left, right, labelRight, bar.Top - MarkStep * (1 + firstLevel), MarkStep);
     }
     double Above(double left, double right) { return Above(left, right, right); }
 
@@ -31,8 +31,15 @@ public:
         picture.Print(x, Above(x - half, x + half) + drop, text, Anchor::Center);
     }
 
-    /// For every run of strums that `has` it, over bar lines too: its first and last strum, and whether it comes in
-    /// from the bar before and goes on in the bar behind.
+    /// A row of strums of this bar that share a mark.
+    struct Run {
+        int First = 0, Last = 0;
+        bool ComesIn = false;  ///< from the bar before
+        bool GoesOn = false;   ///< in the bar behind
+        int Level = 0;         ///< first level at which the run may stand in all its bars
+    };
+
+    /// For every run of strums that `has` it, over bar lines too.
     template <class Has, class Paint>
     void Runs(Has has, Paint paint) {
         for (int first = 0; first < bar.StrumCount(); ++first) {
@@ -41,20 +48,56 @@ public:
             while (last + 1 < bar.StrumCount() && has(bar.Strum(last + 1))) ++last;
             const Core::Bar* before = first == 0 ? bar.Beside(-1) : nullptr;
             const Core::Bar* behind = last + 1 == bar.StrumCount() ? bar.Beside(1) : nullptr;
-            paint(first, last, before && has(before->Strums()[before->Strums().UpperBound()]),
-                  behind && has(behind->Strums()[0]));
+            Run run{first, last, before && has(before->Strums()[before->Strums().UpperBound()]),
+                    behind && has(behind->Strums()[0])};
+            if (run.ComesIn || run.GoesOn) run.Level = LevelOfRun(has, run);
+            paint(run);
             first = last;
         }
     }
 
+    /// The single marks under a run that crosses bar lines, at its fullest column on this row: it keeps one height.
+    template <class Has>
+    int LevelOfRun(Has has, const Run& run) {
+        int level = 0;
+        const auto walk = [&](int barIndex, int strum, int step) {
+            for (; barIndex >= 0 && barIndex <= bar.Track.Bars.UpperBound(); barIndex += step) {
+                const Core::Bar& at = bar.Track.Bars[barIndex];
+                if (at.Place.BarY != bar.Bar.Place.BarY) return;
+                if (strum < 0) strum = step > 0 ? 0 : at.Strums().UpperBound();
+                for (; strum >= 0 && strum < at.Strums().Count(); strum += step) {
+                    if (!has(at.Strums()[strum])) return;
+                    level = std::max(level, SingleMarks(at.Strums()[strum]));
+                }
+                strum = -1;
+            }
+        };
+        walk(bar.Context.Bar, run.First, 1);
+        walk(bar.Context.Bar, run.Last, -1);
+        return level;
+    }
+
+    int SingleMarks(const Core::Strum& strum) const {
+        bool accent = false, staccato = false, harmonic = false;
+        for (int string = 0; string < bar.Strings; ++string) {
+            const Core::Note& note = strum.Notes[string];
+            if (note.Fret.empty()) continue;
+            accent = accent || note.Accentuate;
+            staccato = staccato || note.Technique == Core::Staccato;
+            harmonic = harmonic || note.Harmonic != Core::NoHarmonic;
+        }
+        return accent + staccato + harmonic;
+    }
+
     /// A label, dashes to the end of the run, a closing tick.
-    void DashedRun(const std::string& label, int first, int last, bool comesIn, bool goesOn) {
+    void DashedRun(const std::string& label, const Run& run) {
+        const auto& [first, last, comesIn, goesOn, level] = run;
         constexpr double dash = 3, gap = 3, tick = 4;
         picture.SetFont(SmallFont);
         const double left = comesIn ? bar.Context.X : bar.Column(first) - 4;
         const double labelRight = comesIn ? left : left + picture.TextWidth(label);
         const double end = goesOn ? bar.Right() : std::max(bar.Column(last) + 5, labelRight);
-        const double middle = Above(left, end, labelRight);
+        const double middle = Above(left, end, labelRight, level);
         if (!comesIn) picture.Print(left, middle + SmallDrop, label, Anchor::Left);
         if (first == last && !comesIn && !goesOn) return;
         for (const Point& piece : bar.Around.Pieces(std::ceil(labelRight + gap), end, middle)) {
@@ -65,10 +108,12 @@ public:
         if (!goesOn) picture.Line(std::round(end), middle, std::round(end), middle + tick);
     }
 
-    void WaveRun(double amplitude, int first, int last, bool comesIn, bool goesOn, double lead = 3) {
+    void WaveRun(double amplitude, const Run& run) {
+        constexpr double lead = 3;
+        const auto& [first, last, comesIn, goesOn, level] = run;
         const double left = comesIn ? bar.Context.X : bar.Column(first) - lead;
         const double right = goesOn ? bar.Right() : bar.NextColumn(last) - ColumnGap;
-        const double middle = Above(left, std::max(right, left + 8), left);
+        const double middle = Above(left, std::max(right, left + 8), left, level);
         for (const Point& piece : bar.Around.Pieces(left, std::max(right, left + 8), middle)) {
             DrawWave(picture, piece.X, piece.Y, middle, amplitude);
         }
@@ -168,14 +213,14 @@ void DrawMarks(Picture& picture, TabBar& bar) {
             break;
         }
     });
-    marks.Runs(technique(Core::PalmMute), [&](auto... run) { marks.DashedRun("P.M.", run...); });
+    marks.Runs(technique(Core::PalmMute), [&](const auto& run) { marks.DashedRun("P.M.", run); });
     marks.Runs(
         [&](const Core::Strum& strum) {
             return AnyNote(bar, strum, [](const Core::Note& note) { return note.LetRing; });
         },
-        [&](auto... run) { marks.DashedRun("let ring", run...); });
-    marks.Runs(technique(Core::Vibrato), [&](auto... run) { marks.WaveRun(1.6, run...); });
-    marks.Runs(technique(Core::WideVibrato), [&](auto... run) { marks.WaveRun(2.6, run...); });
+        [&](const auto& run) { marks.DashedRun("let ring", run); });
+    marks.Runs(technique(Core::Vibrato), [&](const auto& run) { marks.WaveRun(1.6, run); });
+    marks.Runs(technique(Core::WideVibrato), [&](const auto& run) { marks.WaveRun(2.6, run); });
     eachStrum([&](int at, const Core::Strum& strum) {
         if (AnyNote(bar, strum, [](const Core::Note& note) { return note.HasTrill; })) marks.Trill(at);
         if (technique(Core::Tapping)(strum)) marks.Centered(at, SmallFont, "T");
@@ -259,6 +304,21 @@ void DrawMarksBelow(Picture& picture, TabBar& bar) {
         const double x = bar.Column(strum);
         picture.Print(x, below(x - half, x + half) + drop, text, Anchor::Center);
     };
+    // The letters of a dynamic are taller than a small mark: what stands above them is left a little further off.
+    const auto dynamic = [&](int strum, const std::string& text) {
+        constexpr double ascent = 2;
+        picture.SetFont(dynamicFont);
+        const double half = picture.TextWidth(text) / 2;
+        const double x = bar.Column(strum);
+        const double first = bar.Bottom + MarkStep;
+        double middle = first;
+        while (middle < first + 10 * MarkStep &&
+               !bar.Around.IsFree({x - half, middle - 3.5 - (middle > first ? ascent : 0), x + half, middle + 3.5})) {
+            middle += 2;
+        }
+        bar.Around.Take({x - half, middle - 3.5, x + half, middle + 3.5});
+        picture.Print(x, middle + SmallDrop, text, Anchor::Center);
+    };
     Font rightFont = SmallFont;
     rightFont.Italic = true;
     bool leftHand = false;
@@ -287,7 +347,7 @@ void DrawMarksBelow(Picture& picture, TabBar& bar) {
             bar.Around.Take({x - 3, bar.Bottom + 6.5, x + 3, bar.Bottom + 13.5});
         centered(at, rightFont, Fingers(bar, strum, &Core::Note::RightFinger, "TIMAO"), SmallDrop);
         if (loudness < 0) loudness = LoudnessBefore(bar.Track, bar.Context.Bar);
-        if (own != loudness) centered(at, dynamicFont, dynamics[static_cast<std::size_t>(own)], SmallDrop);
+        if (own != loudness) dynamic(at, dynamics[static_cast<std::size_t>(own)]);
         loudness = own;
     }
 }

@@ -34,6 +34,9 @@ void DrawGrace(Picture& picture, TabBar& bar, int strum, int string) {
     // In a first column there is no room behind the bar line: a small figure there would read as a digit of the large
     // one.
     if (left < bar.Context.X + 2) left = bar.Context.X - 2 - width;
+    // Behind the time signature it moves up to its figure.
+    const double signature = bar.Context.X + 41;
+    if (strum == 0 && bar.Bar.Place.ShowTimeSig) left = std::max(left, std::min(signature, left + gap - 1));
     PrintSmallFigure(picture, left, line, note.GraceFret, Anchor::Left);
     DrawBow(picture, left + width / 2, x - 1, line - 4.5, bowRise);
     bar.Around.Take({left, line - 8, x, line});

@@ -60,7 +60,7 @@ TabBar::TabBar(const BarContext& bar)
     : Context(bar),
       Track(bar.ItsTrack()),
       Bar(bar.ItsBar()),
-      Strings(std::clamp<int>(Track.Strings, 1, Core::StringCount)),
+      Strings(StringsShown(Track)),
       Top(bar.Y + TabOffset(Track) + FirstLineDrop),
       Bottom(Top + StringStep * (Strings - 1)),
       OnRowTop(Top == bar.Y) {}
@@ -100,7 +100,7 @@ Partner NextOnString(const TabBar& bar, int strum, int string) {
 }
 
 Font NoteFont(const Core::TabFile& file) {
-    return {file.NoteFontName,      std::max(1.0, static_cast<double>(file.NoteFontSize)),
+    return {file.NoteFontName,      std::clamp<double>(file.NoteFontSize, 1, LargestFontSize),
             file.NoteFontBold,      file.NoteFontItalic,
             file.NoteFontUnderline, file.NoteFontStrike};
 }
@@ -122,7 +122,8 @@ bool FretNumber(const std::string& fret, int& number) {
 
 void Print(Picture& picture, const Font& font, double x, double baseline, std::string_view text, Anchor anchor) {
     picture.SetFont(font);
-    picture.Print(x, baseline, text, anchor);
+    MoveTo(picture, x, baseline);
+    picture.Print(text, anchor);
 }
 
 void DrawBow(Picture& picture, double left, double right, double y, double rise) {

@@ -26,7 +26,8 @@ int CountPages(int track);
 /// that of Page. Leaves the open view's layout due for a full pass.
 void DrawPage(Picture& picture, int track, int page);
 
-/// Paints one bar at x, y: frame, strums, marks and lyrics.
-void DrawBar(Picture& picture, int x, int y, const Core::TabFile& file, int track, int bar, int width);
+/// Paints one bar at x, y: frame, strums, marks and lyrics, these at `lyricsSize` points (see LyricsSize).
+void DrawBar(Picture& picture, int x, int y, const Core::TabFile& file, int track, int bar, int width,
+             double lyricsSize);
 
 }  // namespace Quillon::Drawing

@@ -57,7 +57,11 @@ void ApplyPaperSize(PageSetup& page);
 /// Sets the page's size from the view's: height less 60 but at least three rows, width less 60 but at least 400.
 void StretchPage(PageSetup& page, const DocumentView& view, int rowHeight);
 
+/// Strings that the tab shows, 1 to 7 whatever a file says.
+int StringsShown(const Core::Track& track);
 int RowHeight(const Core::Track& track);
+/// True when the rows show the staff of the track whose lyrics they borrow.
+bool ShowsStaffOfOther(const Core::TabFile& file, const Core::Track& track);
 /// From the row's Y to the top of the tab's first figure cell; the top line stands 6 lower.
 int TabOffset(const Core::Track& track);
 /// From a head's height above the bass reference to the row: 81 below a treble staff, -42 without one.

@@ -14,6 +14,9 @@ namespace Quillon::Drawing {
 /// Colour of bar numbers and repeat counts.
 constexpr Color HighlightColor = PackColor(49, 106, 197);
 
+/// Points of the largest text that is drawn; a file may ask for any number.
+constexpr double LargestFontSize = 200;
+
 /// Everything a bar's painter reads.
 struct BarContext {
     const Core::TabFile& File;
@@ -36,13 +39,19 @@ void DrawBarStrums(Picture& picture, const BarContext& bar);
 void DrawStrum(Picture& picture, const BarContext& bar, int strum);
 /// D.S., coda, to coda and segno, in this order: the first 36 above the row, further ones higher by 16.
 void DrawBarMarks(Picture& picture, const BarContext& bar);
-/// The lyric lines of the strums of `lyricsTrack`'s bar under this bar's row, in columns worked out apart.
-void DrawLyrics(Picture& picture, const BarContext& bar, int lyricsTrack);
+/// Points at which a laid-out track shows the lyrics of `lyricsTrack` on every row: one less than the document's text
+/// font, and smaller in whole points, down to 6, when syllables would run into each other anywhere.
+double LyricsSize(Picture& picture, const Core::TabFile& file, int track, int lyricsTrack);
+/// The lyric lines of the strums of `lyricsTrack`'s bar under this bar's row, in columns worked out apart; `size` in
+/// points.
+void DrawLyrics(Picture& picture, const BarContext& bar, int lyricsTrack, double size);
 /// Two dots at y and y + 7.
 void DrawRepeatDots(Picture& picture, double x, double y);
 /// `lines` level lines from x1 to x2, `step` pixels apart.
 void DrawStaffLines(Picture& picture, int x1, int x2, int y, int lines, int step);
 
+/// The point at which Picture's Print without a place prints: the left end, or other anchor, of the baseline.
+void MoveTo(Picture& picture, double x, double y);
 void SetFont(Picture& picture, std::string_view name, double size, bool bold, bool italic, bool strike, Color color);
 
 /// The figure of a note as it stands on its string: the fret, with "(" and ")" for a ghost note, then "*" for a

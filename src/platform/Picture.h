@@ -68,6 +68,11 @@ struct Picture {
     /// Width in pixels of a text in the current font.
     virtual double TextWidth(std::string_view text) = 0;
 
+    /// Prints at CurrentX, CurrentY.
+    void Print(std::string_view text, Anchor anchor = Anchor::Left) { Print(CurrentX, CurrentY, text, anchor); }
+    double CurrentX = 0;
+    double CurrentY = 0;
+
     void Polyline(std::initializer_list<Point> points, double width = 1) {
         Polyline(std::span<const Point>(points.begin(), points.size()), width);
     }

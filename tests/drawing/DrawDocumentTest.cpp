@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "core/mod_Common.h"
 #include "core/mod_TabFileManipulation.h"
 #include "drawing/mod_HighLevelDrawing.h"
 #include "platform/RunTimeError.h"
@@ -71,6 +72,19 @@ TEST_F(DrawDocumentTest, ScrollingFollowsTheCursorDownAndUp) {
     Draw();
     EXPECT_EQ(View.VScroll, View.VScrollMax);
     EXPECT_FALSE(CursorRowInView());
+}
+
+TEST_F(DrawDocumentTest, WalkingOntoARowThatIsCutOffScrollsOnByThatRow) {
+    View.ScaleHeight = 760;
+    Draw();
+    const Core::Track& track = Open.TabFile.Tracks[0];
+    std::int16_t bar = 1;
+    while (track.Bars[bar].Place.BarY + RowHeight(track) + 40 <= View.ScaleHeight) ++bar;
+    const int rowStep = track.Bars[bar].Place.BarY - track.Bars[bar - 1].Place.BarY;
+    ASSERT_LT(track.Bars[bar].Place.BarY, View.ScaleHeight);
+    Open.CurBar = bar;
+    Draw();
+    EXPECT_EQ(View.VScroll, Core::CLng((rowStep + 20) / 8.0));
 }
 
 TEST_F(DrawDocumentTest, AnotherTrackOrAnotherViewIsLaidOutAfresh) {

@@ -262,8 +262,8 @@ TEST(TabDrawing, FramesOfEveryKind) {
     Testing::CheckGolden("drawing/frames.txt", log.Text());
 }
 
-TEST(TabDrawing, LyricsShrinkUntilTheyStandClear) {
-    Score score({4, 2});
+TEST(TabDrawing, LyricsShrinkAlikeOnEveryRowUntilTheyStandClear) {
+    Score score({4, 2}, true);
     const auto syllable = [&](int strum, int line, const char* text, int bar = 0) {
         score.At(strum, bar).Length = 2;
         score.At(strum, bar).Syllables.Edit()[line] = text;
@@ -272,11 +272,52 @@ TEST(TabDrawing, LyricsShrinkUntilTheyStandClear) {
     syllable(0, 4, "last");
     syllable(0, 0, "like", 1);
     PictureLog log;
+    for (const int bar : {0, 1}) score.File.Tracks[0].Bars[bar].Place.Page = 0;
+    const double size = LyricsSize(log, score.File, 0, 0);
+    EXPECT_LT(size, score.File.FontSize - 1.0);
     for (const int bar : {0, 1}) {
         const Core::BarPlace& place = score.File.Tracks[0].Bars[bar].Place;
-        DrawLyrics(log, {score.File, 0, bar, place.BarX, place.BarY, place.BarWidth}, 0);
+        DrawLyrics(log, {score.File, 0, bar, place.BarX, place.BarY, place.BarWidth}, 0, size);
     }
     Testing::CheckGolden("drawing/lyrics.txt", log.Text());
+    for (const int strum : {0, 1, 2, 3}) syllable(strum, 0, "a");
+    EXPECT_EQ(LyricsSize(log, score.File, 0, 0), score.File.FontSize - 1.0);
+}
+
+TEST(TabDrawing, ARunKeepsItsHeightOverBarLines) {
+    Score score({2, 2});
+    for (const int bar : {0, 1}) {
+        for (const int strum : {0, 1}) {
+            score.Note(strum, 4, "2", bar).Accentuate = bar == 0 && strum == 0;
+            score.At(strum, bar).Technique = Core::PalmMute;
+        }
+    }
+    // The accent takes the lowest level of the first bar; the dashes of both stand on the next one.
+    const std::string drawn = score.Drawn();
+    EXPECT_NE(drawn.find("line 126 180 128 180"), std::string::npos) << drawn;
+    EXPECT_NE(drawn.find("line 192 180 194 180"), std::string::npos) << drawn;
+}
+
+TEST(TabDrawing, RepeatDotsOfATabKeepClearOfFigures) {
+    const auto dots = [](bool figures, std::initializer_list<int> strings) {
+        Score score({2});
+        score.File.Tracks[0].Bars[0].Place.ShowTimeSig = figures;
+        score.File.BarInfos.Edit(0).RepeatOpen = true;
+        for (const int string : strings) score.Note(0, string, "7");
+        PictureLog log;
+        DrawBarFrame(log, {score.File, 0, 0, X, Y, 300});
+        std::string discs;
+        for (auto at = log.Text().find("disc"); at != std::string::npos; at = log.Text().find("disc", at + 1)) {
+            discs += log.Text().substr(at + 5, log.Text().find(' ', log.Text().find(' ', at + 5) + 1) - at - 5) + "; ";
+        }
+        return discs;
+    };
+    EXPECT_EQ(dots(false, {}), "107 215; 107 235; ");
+    EXPECT_EQ(dots(false, {2, 3}), "107 205; 107 245; ");
+    EXPECT_EQ(dots(false, {1}), "107 225; 107 235; ");
+    EXPECT_EQ(dots(false, {0, 1, 2, 3, 4, 5}), "107 215; 107 235; ");
+    // Behind the figures of the time signature, where the letters of the clef are far.
+    EXPECT_EQ(dots(true, {2}), "167 215; 167 235; ");
 }
 
 TEST(TabDrawing, ShowcaseOfEverySign) {
