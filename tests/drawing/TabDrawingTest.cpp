@@ -298,6 +298,22 @@ TEST(TabDrawing, ARunKeepsItsHeightOverBarLines) {
     EXPECT_NE(drawn.find("line 192 180 194 180"), std::string::npos) << drawn;
 }
 
+TEST(TabDrawing, TheStaffOfTheTrackWhoseLyricsAreBorrowedShowsItsLines) {
+    Score score({2});
+    Core::Track& track = score.File.Tracks[0];
+    track.ShowStaff = true;
+    track.LyricsOfOtherTrack = 1;
+    const auto drawn = [&] {
+        PictureLog log;
+        DrawBarFrame(log, {score.File, 0, 0, X, Y, 89});
+        return log.Text();
+    };
+    const std::string lastLine = "line 100 373 189 373";  // 28 below the row's height of 173, less the headroom
+    EXPECT_NE(drawn().find(lastLine), std::string::npos) << drawn();
+    track.LyricsTrack = 1;  // there is none
+    EXPECT_EQ(drawn().find(lastLine), std::string::npos);
+}
+
 TEST(TabDrawing, RepeatDotsOfATabKeepClearOfFigures) {
     const auto dots = [](bool figures, std::initializer_list<int> strings) {
         Score score({2});

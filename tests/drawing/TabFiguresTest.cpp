@@ -18,7 +18,8 @@ json Read(const char* name) { return json::parse(Testing::Slurp(Testing::GoldenD
 }  // namespace
 
 TEST(TabFigures, FretText) {
-    for (const json& row : Read("vectors.json").at("FretText")) {
+    const json rows = Read("vectors.json").at("FretText");
+    for (const json& row : rows) {
         Core::Note note;
         note.Fret = row[0].value("Fret", "");
         note.Ghost = row[0].value("Ghost", false);
@@ -65,7 +66,8 @@ TEST(TabFigures, DrumLettersWithoutASoundShowThemselves) {
 
 TEST(TabFigures, LabelsStandAtTheirPlaces) {
     // The rows: figures shown, strings, width, places from the bar's corner.
-    for (const json& row : Read("vectors.json").at("LabelPositions")) {
+    const json rows = Read("vectors.json").at("LabelPositions");
+    for (const json& row : rows) {
         constexpr int x = 100, y = 300;
         Core::TabFile file;
         Core::Track& track = file.Tracks[0];
