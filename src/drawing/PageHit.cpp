@@ -81,7 +81,7 @@ Hit HitTest(const TabFile& file, int track, int x, int y) {
     }
     if (!shown.ShowTreble && !shown.ShowBass) return hit;
     if (shown.IsDrum) {
-        if (const int lane = DrumLaneFromY(rowY - 24); lane >= 0) {
+        if (const int lane = DrumLaneFromY(rowY - 24); lane >= 0 && lane < StringsShown(shown)) {
             hit.On = Hit::Place::OnLane;
             hit.String = Core::ToInt16(lane);
         }
