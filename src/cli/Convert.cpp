@@ -31,9 +31,16 @@ void AddConvert(CLI::App& app, Work& work) {
     CLI::App* command = app.add_subcommand("convert", "Opens IN by its ending and writes OUT by its ending");
     const auto arguments = std::make_shared<Arguments>();
     command->add_option("IN", arguments->In, "Document to open: .qlm .json")->required()->type_name("");
-    command->add_option("OUT", arguments->Out, "File to write: .qlm .json")->required()->type_name("");
+    command->add_option("OUT", arguments->Out, "File to write: .qlm .json .svg .png .jpg .bmp")
+        ->required()
+        ->type_name("");
     command->add_option("--track", arguments->Options.Track, "Current track, from 0, for outputs that show one")
         ->type_name("N");
+    command->add_option("--page", arguments->Options.Page, "Page of a picture, from 1; without it every page")
+        ->type_name("N");
+    command->add_option("--dpi", arguments->Options.Dpi, "Dots to the inch of .png .jpg .bmp; 96 without it")
+        ->type_name("N")
+        ->check(CLI::Range(10, 2400));
     command->callback([arguments, &work] { work = [arguments] { return Convert(*arguments); }; });
 }
 

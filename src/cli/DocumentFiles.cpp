@@ -1,6 +1,7 @@
 #include "cli/DocumentFiles.h"
 
 #include "cli/Commands.h"
+#include "cli/PictureFiles.h"
 #include "core/mod_Common.h"
 #include "core/mod_Language.h"
 #include "exchange/JsonDocument.h"
@@ -48,8 +49,8 @@ constexpr DocumentReader Readers[] = {
 };
 
 constexpr DocumentWriter Writers[] = {
-    {".qlm", &WriteMusicFile},
-    {".json", &WriteJsonFile},
+    {".qlm", &WriteMusicFile}, {".json", &WriteJsonFile}, {".svg", &WritePictures}, {".png", &WritePictures},
+    {".jpg", &WritePictures},  {".jpeg", &WritePictures}, {".bmp", &WritePictures},
 };
 
 /// The row of a path's ending.

@@ -14,6 +14,8 @@ namespace Quillon::Cli {
 
 struct ConvertOptions {
     std::optional<int> Track;  ///< from 0: the current track, for outputs that show one
+    std::optional<int> Page;   ///< from 1, of a picture; every page without it
+    int Dpi = 96;              ///< dots to the inch, of a picture of pixels
 };
 
 struct DocumentReader {

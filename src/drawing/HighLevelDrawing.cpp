@@ -194,7 +194,7 @@ void DrawDocument(Picture& picture) {
         SetScrolls();
         LayOutView();  // a scroll moves every position
     }
-    picture.Box(0, 0, View.ScaleWidth, View.ScaleHeight, GroundColor);
+    picture.Box(0, 0, View.ScaleWidth, View.ScaleHeight, View.Ground);
     DrawPagesInView(picture);
     DrawCursorGround(picture);
     DrawBarsInView(picture);

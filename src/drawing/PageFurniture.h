@@ -7,9 +7,6 @@
 
 namespace Quillon::Drawing {
 
-/// Colour of the ground that the pages lie on in the view.
-constexpr Color GroundColor = PackColor(0x9A, 0x9E, 0xA4);
-
 /// The sheet in the view: paper, edge, shadow and a ruler along its top and left edges.
 void DrawPageFrame(Picture& picture, const PageSetup& page, int left, int top);
 /// Header and footer; `page` counts from 0.

@@ -66,6 +66,7 @@ void ModelDialog::Finish(std::function<std::string_view()> complaint) {
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     buttons->button(QDialogButtonBox::Ok)->setText(Text("str_OK"));
     buttons->button(QDialogButtonBox::Cancel)->setText(Text("str_Cancel"));
+    for (QAbstractButton* button : buttons->buttons()) button->setIcon(QIcon());
     connect(buttons, &QDialogButtonBox::accepted, this, &ModelDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &ModelDialog::reject);
     body->addWidget(buttons);
@@ -101,7 +102,9 @@ QPlainTextEdit* ModelDialog::AddLines(QFormLayout* page, const char* name, std::
     auto* const field = new QPlainTextEdit(ToQString(value), this);
     field->setObjectName(name);
     field->setTabChangesFocus(true);
-    field->setMinimumHeight(fontMetrics().lineSpacing() * 4);
+    constexpr int Lines = 5;
+    field->setMinimumHeight(fontMetrics().lineSpacing() * Lines);
+    field->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);  // else each asks for a dozen lines
     page->addRow(Text(labelKey), field);
     OnStore([field, &value] {
         // Lines end as in the system's files.

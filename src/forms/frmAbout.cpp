@@ -42,6 +42,7 @@ frmAbout::frmAbout(QWidget* parent) : QDialog(parent) {
     row->addLayout(words, 1);
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok, this);
     buttons->button(QDialogButtonBox::Ok)->setText(Text("str_OK"));
+    buttons->button(QDialogButtonBox::Ok)->setIcon(QIcon());
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(20, 20, 20, 14);

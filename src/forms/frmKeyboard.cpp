@@ -66,6 +66,7 @@ frmKeyboard::frmKeyboard(QWidget* parent) : QDialog(parent) {
     list->header()->setStretchLastSection(false);
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     buttons->button(QDialogButtonBox::Close)->setText(Text("str_Close"));
+    buttons->button(QDialogButtonBox::Close)->setIcon(QIcon());
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     connect(this, &QDialog::finished, this, [this] { KeepPlace(*this, PlaceSection); });
     auto* const layout = new QVBoxLayout(this);

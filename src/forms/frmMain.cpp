@@ -162,7 +162,11 @@ void frmMain::closeEvent(QCloseEvent* event) {
 
 void frmMain::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange && document) document->Redraw(false);
+    if (event->type() == QEvent::PaletteChange && document) {
+        const bool dark = palette().color(QPalette::Window).lightness() < 128;
+        Drawing::View.Ground = dark ? PackColor(0x3C, 0x3F, 0x44) : Drawing::DocumentView().Ground;
+        document->Redraw(false);
+    }
 }
 
 std::optional<std::filesystem::path> frmMain::AskOpenFile(const std::filesystem::path& folder) {

@@ -27,6 +27,9 @@ constexpr int ToolIcon = 24;
 /// The toolbar that holds the choice of the track.
 constexpr std::string_view TrackToolbar = "Track";
 
+constexpr std::pair<std::string_view, std::string_view> ToolbarTexts[] = {{"File", "str_ToolbarFile"},
+                                                                          {"Track", "str_ToolbarTrack"}};
+
 QList<QKeySequence> Shortcuts(std::string_view keys) {
     QList<QKeySequence> result;
     for (const QString& each : ToQString(keys).split(' ', Qt::SkipEmptyParts)) result << QKeySequence(each);
@@ -83,7 +86,7 @@ void frmMain::BuildMenus() {
         if (command.SeparatorBefore) menu->addSeparator();
         QAction* action = nullptr;
         if (command.Is == Shell::Command::Kind::RecentFiles) {
-            recentMenu = menu->addMenu(QString());
+            recentMenu = menu->addMenu(SvgIcon(command.Icon), QString());
             action = recentMenu->menuAction();
             action->setObjectName(ToQString(command.Name));
         } else {
@@ -159,7 +162,7 @@ void frmMain::LoadLibraryTexts() {
 void frmMain::LanguageChanged() {
     LoadLibraryTexts();
     for (const auto& [path, menu] : menus) menu->setTitle(Text(path.substr(path.rfind('/') + 1)));
-    for (const auto& [name, bar] : toolbars) bar->setWindowTitle(Text("str_Toolbar" + name));
+    for (const auto& [name, key] : ToolbarTexts) ToolBarOf(name)->setWindowTitle(Text(key));
     for (const Shell::Command& command : Shell::Commands()) {
         QAction* const action = ActionOf(std::string(command.Name));
         action->setText(Text(command.Text));

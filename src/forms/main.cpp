@@ -1,10 +1,6 @@
 // The editor: services first, then the window, then the start of the system.
 #include <QApplication>
 #include <QCommandLineParser>
-#include <QFileInfo>
-#include <QLibraryInfo>
-#include <QStandardPaths>
-#include <QTimer>
 #include <clocale>
 #include <cstdlib>
 
@@ -12,6 +8,7 @@
 #include "forms/Text.h"
 #include "forms/Theme.h"
 #include "forms/frmMain.h"
+#include "forms/frmSplash.h"
 #include "forms/picDocumentAccess.h"
 #include "platform/Services.h"
 #include "platform/portable/IniStore.h"
@@ -73,6 +70,7 @@ int Main(int argc, char** argv) {
     if (arguments.QuitAfterPaint) {
         QObject::connect(&window, &frmMain::FirstPainted, &application, [] { std::_Exit(0); });
     }
+    ShowSplashFor(arguments.File, window);
     Shell::Start(arguments.File.toStdString());
     return QApplication::exec();
 }

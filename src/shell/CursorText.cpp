@@ -33,8 +33,10 @@ double Beat() {
 }
 
 std::string LengthText(const Core::Strum& strum) {
+    static constexpr const char* Keys[] = {"str_Length0", "str_Length1", "str_Length2", "str_Length3",
+                                           "str_Length4", "str_Length5", "str_Length6"};
     if (strum.Length < 0 || strum.Length > 6) return "";
-    std::string text = LanguageText("str_Length" + std::to_string(strum.Length));
+    std::string text = LanguageText(Keys[strum.Length]);
     if (strum.Dotted) text = LanguageText("str_LengthDotted", {text});
     if (strum.HasTuplet) text = LanguageText("str_LengthInTuplet", {text});
     return text;

@@ -62,6 +62,10 @@ void ZoomBy(int steps) {
 void mnuViewZoomIn_Click() { ZoomBy(1); }
 void mnuViewZoomOut_Click() { ZoomBy(-1); }
 void mnuViewZoom100_Click() { SetZoom(100); }
+void mnuViewZoomWidth_Click() {
+    constexpr int Ground = 40;  // document pixels at both sides together
+    SetZoom(Drawing::View.ScaleWidth * Program.ZoomPercent / (Drawing::Page.PageWidth + Ground));
+}
 
 void ShowTrack(int track) {
     if (track < 0 || track > Open.TabFile.Tracks.UpperBound() || track == Open.CurTrack) return;

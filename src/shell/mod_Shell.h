@@ -168,6 +168,7 @@ void SetZoom(int percent);
 void mnuViewZoomIn_Click();
 void mnuViewZoomOut_Click();
 void mnuViewZoom100_Click();
+void mnuViewZoomWidth_Click();  ///< the page with a little of the ground fills the view
 /// Makes a track the current one and shows it; a bad index does nothing.
 void ShowTrack(int track);
 void mnuTrackProperties_Click();

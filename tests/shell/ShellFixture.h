@@ -23,6 +23,7 @@
 #include "shell/Recovery.h"
 #include "shell/mod_Shell.h"
 #include "tests/support/Golden.h"
+#include "tests/support/RememberingBox.h"
 
 namespace Quillon::Shell {
 
@@ -37,17 +38,7 @@ struct FaultyFiles : PosixFiles {
     }
 };
 
-struct RememberingBox : MessageBox {
-    std::deque<Answer> Answers;  ///< of the next questions; Ok when none is left
-    std::vector<std::string> Shown;
-    Answer Show(const std::string& text, const std::string&, Buttons, BoxIcon) override {
-        Shown.push_back(text);
-        if (Answers.empty()) return Answer::Ok;
-        const Answer answer = Answers.front();
-        Answers.pop_front();
-        return answer;
-    }
-};
+using Testing::RememberingBox;
 
 struct FakeWindow : ShellView, Dialogs {
     std::vector<std::string> Calls;

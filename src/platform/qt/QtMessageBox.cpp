@@ -1,5 +1,6 @@
 #include "platform/qt/QtMessageBox.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QMessageBox>
 
@@ -42,6 +43,7 @@ Answer QtMessageBox::Show(const std::string& text, const std::string& title, But
                     QApplication::activeWindow());
     // The text comes from documents too, and is no markup.
     box.setTextFormat(Qt::PlainText);
+    for (QAbstractButton* button : box.buttons()) button->setIcon(QIcon());
     if (buttons == Buttons::YesNo) box.setEscapeButton(QMessageBox::No);
     switch (box.exec()) {
         case QMessageBox::Yes:

@@ -1,0 +1,58 @@
+#include "cli/PictureFiles.h"
+
+#include "cli/Commands.h"
+#include "core/mod_TabFileStructure.h"
+#include "drawing/mod_HighLevelDrawing.h"
+#include "exchange/PictureExport.h"
+#include "platform/portable/SvgPicture.h"
+#include "platform/qt/QtImageFile.h"
+
+namespace Quillon::Cli {
+
+using Exchange::PictureKind;
+
+namespace {
+
+using Paint = std::function<void(Picture&)>;
+
+std::string EncodeSvg(int width, int height, const Paint& paint) {
+    SvgPicture picture(width, height);
+    paint(picture);
+    return picture.Text();
+}
+
+Exchange::PictureEncoder EncoderOf(PictureKind kind, int dpi) {
+    const auto pixels = [dpi](ImageFormat format) {
+        return [dpi, format](int width, int height, const Paint& paint) {
+            return EncodeImage(width, height, dpi, format, paint);
+        };
+    };
+    switch (kind) {
+        case PictureKind::Svg:
+            return EncodeSvg;
+        case PictureKind::Png:
+            return pixels(ImageFormat::Png);
+        case PictureKind::Jpeg:
+            return pixels(ImageFormat::Jpeg);
+        case PictureKind::Bmp:
+            return pixels(ImageFormat::Bmp);
+    }
+    return EncodeSvg;
+}
+
+}  // namespace
+
+bool WritePictures(const std::filesystem::path& path, const ConvertOptions& options) {
+    const auto kind = Exchange::PictureKindOf(path);
+    if (!kind) throw CommandFailure(path.string() + ": not a picture's ending");
+    const int track = Core::Open.CurTrack;
+    const int pages = Drawing::CountPages(track);
+    if (options.Page && (*options.Page < 1 || *options.Page > pages)) {
+        throw CommandFailure("page " + std::to_string(*options.Page) + ": the track has the pages 1 to " +
+                             std::to_string(pages));
+    }
+    Exchange::ExportPictures(path, {.Track = track, .Page = options.Page.value_or(0)}, EncoderOf(*kind, options.Dpi));
+    return true;
+}
+
+}  // namespace Quillon::Cli

@@ -1,0 +1,14 @@
+// Pictures of the open document's pages.
+#pragma once
+
+#include <filesystem>
+
+#include "cli/DocumentFiles.h"
+
+namespace Quillon::Cli {
+
+/// Writes the pages of the current track, or the one asked for, as pictures of the path's ending. Several pages are
+/// numbered before the ending. Raises CommandFailure for a page that is not there.
+bool WritePictures(const std::filesystem::path& path, const ConvertOptions& options);
+
+}  // namespace Quillon::Cli

@@ -1,0 +1,38 @@
+#include <gmock/gmock.h>
+
+#include "tests/stories/RunCli.h"
+
+using namespace Quillon::Testing;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+TEST(PictureStories, EachKindIsWrittenByItsEnding) {
+    const CliStory story;
+    story.Bring("2-song.qlm");
+    const std::pair<const char*, const char*> kinds[] = {
+        {"song.svg", "<"}, {"song.PNG", "\x89PNG"}, {"song.jpg", "\xFF\xD8"}, {"song.bmp", "BM"}};
+    for (const auto& [name, start] : kinds) {
+        const Finished run = story.Run({"convert", "2-song.qlm", name, "--page", "1"});
+        EXPECT_EQ(run.Status, 0) << run.Err;
+        EXPECT_EQ(run.Out, "");
+        EXPECT_THAT(Slurp(story / name), StartsWith(start));
+    }
+    // Twice the dots make twice the pixels: the width stands at byte 16 of a PNG, highest byte first.
+    ASSERT_EQ(story.Run({"convert", "2-song.qlm", "fine.png", "--page", "1", "--dpi", "192"}).Status, 0);
+    const auto width = [&](const char* name) {
+        const std::string bytes = Slurp(story / name);
+        return static_cast<unsigned char>(bytes.at(18)) * 256 + static_cast<unsigned char>(bytes.at(19));
+    };
+    EXPECT_EQ(width("song.PNG"), 795);
+    EXPECT_EQ(width("fine.png"), 1590);
+}
+
+TEST(PictureStories, APageThatIsNotThereIsOneClearLineAndNoFile) {
+    const CliStory story;
+    story.Bring("2-song.qlm");
+    const Finished run = story.Run({"convert", "2-song.qlm", "song.svg", "--page", "9"});
+    EXPECT_EQ(run.Status, 1);
+    EXPECT_THAT(run.Err, HasSubstr("page 9"));
+    EXPECT_EQ(story.Run({"convert", "2-song.qlm", "song.png", "--dpi", "0"}).Status, 2);
+    EXPECT_THAT(story.Files(), testing::ElementsAre("2-song.qlm"));
+}

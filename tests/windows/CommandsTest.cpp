@@ -1,0 +1,120 @@
+// Menus, toolbars and shortcuts against the table of commands.
+#include "shell/Commands.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QMenuBar>
+#include <QToolBar>
+#include <QToolButton>
+#include <set>
+
+#include "tests/windows/WindowFixture.h"
+
+namespace Quillon::Forms {
+namespace {
+
+void Collect(const QList<QAction*>& actions, QStringList& names) {
+    for (const QAction* action : actions) {
+        if (action->isSeparator()) continue;
+        if (!action->objectName().isEmpty()) names << action->objectName();
+        if (action->menu()) Collect(action->menu()->actions(), names);
+    }
+}
+
+QString Text(std::string_view text) { return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())); }
+
+class CommandWindowTest : public WindowTest {};
+
+TEST_F(CommandWindowTest, EveryCommandStandsInTheMenusOnceAndCanBeReadAndHeard) {
+    Start();
+    QStringList names;
+    Collect(window->menuBar()->actions(), names);
+    for (const Shell::Command& command : Shell::Commands()) {
+        SCOPED_TRACE(std::string(command.Name));
+        EXPECT_EQ(names.count(Text(command.Name)), 1);
+        const QAction* const action = window->ActionOf(std::string(command.Name));
+        ASSERT_NE(action, nullptr);
+        EXPECT_FALSE(action->text().isEmpty());
+        EXPECT_FALSE(action->text().startsWith("str_"));
+        EXPECT_EQ(action->icon().isNull(), command.Icon.empty()) << "an icon that was not drawn";
+        if (command.Shortcut.empty()) continue;
+        const QString keys = Text(command.Shortcut).section(' ', 0, 0);
+        EXPECT_EQ(action->shortcut(), QKeySequence(keys));
+        EXPECT_TRUE(action->toolTip().endsWith("(" + keys + ")")) << action->toolTip().toStdString();
+        for (const QKeySequence& each : action->shortcuts()) EXPECT_NE(each[0].key(), Qt::Key_unknown);
+    }
+}
+
+TEST_F(CommandWindowTest, NoTwoCommandsShareAShortcut) {
+    Start();
+    std::set<QString> taken;
+    for (const Shell::Command& command : Shell::Commands()) {
+        for (const QKeySequence& keys : window->ActionOf(std::string(command.Name))->shortcuts()) {
+            EXPECT_TRUE(taken.insert(keys.toString()).second) << keys.toString().toStdString();
+        }
+    }
+}
+
+TEST_F(CommandWindowTest, MenuLettersDifferWithinEachMenuInEveryLanguage) {
+    Start();
+    for (const char* language : {"English", "German"}) {
+        Core::LoadLanguage(files, Services.BaseFolder, language);
+        window->LanguageChanged();
+        for (const QMenu* menu : window->menuBar()->findChildren<QMenu*>()) {
+            std::set<QChar> letters;
+            for (const QAction* action : menu->actions()) {
+                const auto at = action->text().indexOf('&');
+                if (at < 0) continue;
+                EXPECT_TRUE(letters.insert(action->text()[at + 1].toLower()).second)
+                    << language << ": " << menu->title().toStdString() << " " << action->text().toStdString();
+            }
+        }
+    }
+}
+
+TEST_F(CommandWindowTest, ToolbarButtonsHaveNamesAndToolbarsHideByTheirCommand) {
+    Start();
+    int buttons = 0;
+    for (const QToolBar* bar : window->findChildren<QToolBar*>()) {
+        for (QAction* action : bar->actions()) {
+            const auto* const button = qobject_cast<QToolButton*>(bar->widgetForAction(action));
+            if (!button || action->objectName().isEmpty()) continue;
+            ++buttons;
+            EXPECT_FALSE(button->accessibleName().isEmpty()) << action->objectName().toStdString();
+            EXPECT_FALSE(button->accessibleName().contains('&'));
+        }
+    }
+    EXPECT_GT(buttons, 4);
+    const auto& bar = In<QToolBar>(*window, "toolbarFile");
+    ASSERT_TRUE(bar.isVisible());
+    Run("mnuViewToolbarFile");
+    EXPECT_FALSE(bar.isVisible());
+    EXPECT_FALSE(window->ActionOf("mnuViewToolbarFile")->isChecked());
+    Run("mnuViewToolbarFile");
+    EXPECT_TRUE(bar.isVisible());
+}
+
+TEST_F(CommandWindowTest, CommandsThatCanDoNothingAreGrey) {
+    Start();
+    EXPECT_FALSE(window->ActionOf("mnuTrackNext")->isEnabled()) << "one track alone";
+    EXPECT_FALSE(window->ActionOf("mnuFileOpenRecent")->isEnabled());
+    Run("mnuViewZoomIn");
+    EXPECT_EQ(Shell::Program.ZoomPercent, 110);
+    for (int i = 0; i < 20; ++i) Run("mnuViewZoomIn");
+    EXPECT_EQ(Shell::Program.ZoomPercent, 400);
+    EXPECT_FALSE(window->ActionOf("mnuViewZoomIn")->isEnabled());
+}
+
+TEST_F(CommandWindowTest, RecentFilesAreListedAndOpen) {
+    Start("greensleeves.qlm");
+    Start("fiddle-set.qlm");
+    const QList<QAction*> entries = window->ActionOf("mnuFileOpenRecent")->menu()->actions();
+    ASSERT_EQ(entries.size(), 2);
+    EXPECT_EQ(entries[1]->text(), "- greensleeves.qlm");
+    entries[1]->trigger();
+    Settle();
+    EXPECT_EQ(Core::Open.TabFile.Title, "Greensleeves");
+}
+
+}  // namespace
+}  // namespace Quillon::Forms
