@@ -123,9 +123,12 @@ public:
 
     void ReadPiece(std::string_view piece) {
         const KnownTag* tag = Tags().Find(piece);
-        if (!tag) return;  // of a later version: harmless
-        const std::string_view rest = piece.substr(tag->Bytes.size());
-        std::visit([&](auto row) { Read(row, rest); }, tag->Row);
+        if (tag) {  // one of a later version is harmless
+            const std::string_view rest = piece.substr(tag->Bytes.size());
+            std::visit([&](auto row) { Read(row, rest); }, tag->Row);
+        }
+        // A tag that does not end was cut off, and the song with it.
+        if (piece.find('>') == std::string_view::npos) RaiseOverflow();
     }
 
     TabFile Finish(FileKind kind) {

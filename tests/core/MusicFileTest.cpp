@@ -172,6 +172,15 @@ TEST(MusicFile, UnknownTagsAreSkippedAndValuesEndAtTheirSeparator) {
     EXPECT_EQ(file.RowSpacing, 4);
 }
 
+TEST(MusicFile, ASongCutOffInsideATagIsDamaged) {
+    const std::string whole = Testing::Slurp(Testing::GoldenDir() / "qlm" / "2-song.txt");
+    const std::size_t tags = whole.find('<');
+    for (std::size_t size = tags + 1; size < whole.rfind('>'); ++size) {
+        if (whole[size - 1] == '>') continue;
+        EXPECT_TRUE(ReadTabFileText(whole.substr(0, size), Fresh()).Stopped) << "cut to " << size << " bytes";
+    }
+}
+
 TEST(MusicFile, ReadingStartsFromABlankDocument) {
     MemoryStore store;
     store.Save("DefaultInfo", "3", "Someone");
