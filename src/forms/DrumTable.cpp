@@ -76,6 +76,7 @@ DrumTable::DrumTable(const Assignments& shown, QWidget* parent)
         }
     }
     setVerticalHeaderLabels(rows);
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 10);
     horizontalHeader()->setDefaultSectionSize(fontMetrics().horizontalAdvance("Acoustic Bass Drum") + 30);
 }
 

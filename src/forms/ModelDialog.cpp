@@ -171,7 +171,7 @@ void ModelDialog::AddColor(QFormLayout* page, const char* name, std::string_view
 void ModelDialog::AddNote(QFormLayout* page, std::string_view textKey) {
     auto* const note = new QLabel(Text(textKey));
     note->setWordWrap(true);
-    note->setEnabled(false);
+    note->setForegroundRole(QPalette::PlaceholderText);
     page->addRow(QString(), note);
 }
 

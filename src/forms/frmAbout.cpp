@@ -28,7 +28,7 @@ frmAbout::frmAbout(QWidget* parent) : QDialog(parent) {
     text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     text->setMinimumWidth(360);
     auto* const built = new QLabel(Text("str_AboutBuilt").arg(qVersion()), this);
-    built->setEnabled(false);
+    built->setForegroundRole(QPalette::PlaceholderText);
 
     auto* const words = new QVBoxLayout;
     words->setSpacing(10);

@@ -10,6 +10,17 @@
 
 namespace Quillon::Forms {
 
+namespace {
+
+/// Shows no more decimals than there are.
+class TempoBox : public QDoubleSpinBox {
+public:
+    using QDoubleSpinBox::QDoubleSpinBox;
+    QString textFromValue(double value) const override { return locale().toString(value, 'g', 6); }
+};
+
+}  // namespace
+
 frmFileProperties::frmFileProperties(Shell::FilePropertiesModel& model, QWidget* parent)
     : ModelDialog(parent, "str_FilePropertiesTitle", "FilePropertiesWindowDetails") {
     setObjectName("frmFileProperties");
@@ -30,9 +41,9 @@ frmFileProperties::frmFileProperties(Shell::FilePropertiesModel& model, QWidget*
     AddLines(page, "txtNotes", "str_SongNotes", file.Notes);
 
     page = AddPage("str_PageMusic");
-    auto* const tempo = new QDoubleSpinBox(this);
+    auto* const tempo = new TempoBox(this);
     tempo->setObjectName("vbTempo");
-    tempo->setRange(1, 999);
+    tempo->setRange(0.01, 1000);
     tempo->setDecimals(2);
     tempo->setValue(static_cast<double>(file.Tempo));
     tempo->setSuffix(" " + Text("str_UnitTempo"));

@@ -3,15 +3,18 @@
 #include <QAction>
 #include <QCloseEvent>
 #include <QComboBox>
+#include <QDragEnterEvent>
 #include <QElapsedTimer>
 #include <QFileDialog>
 #include <QLabel>
 #include <QMenu>
+#include <QMimeData>
 #include <QSignalBlocker>
 #include <QSlider>
 #include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
+#include <QUrl>
 
 #include "core/mod_TabFileStructure.h"
 #include "drawing/mod_HighLevelDrawing.h"
@@ -35,6 +38,13 @@ namespace {
 constexpr std::string_view PlaceSection = "MainWindowDetails";
 constexpr std::string_view ToolbarsKey = "Toolbars";
 
+QString DroppedFile(const QMimeData* data) {
+    for (const QUrl& url : data->urls()) {
+        if (url.isLocalFile()) return url.toLocalFile();
+    }
+    return {};
+}
+
 QElapsedTimer StartedClock() {
     QElapsedTimer clock;
     clock.start();
@@ -49,6 +59,7 @@ frmMain::frmMain() {
     document = new picDocument(this);
     document->setObjectName("picDocument");
     setCentralWidget(document);
+    setAcceptDrops(true);
     BuildMenus();
     BuildStatusBar();
     connect(document, &picDocument::Drawn, this, [this] {
@@ -59,14 +70,10 @@ frmMain::frmMain() {
         QTimer::singleShot(0, this, &frmMain::FirstPainted);
     });
     connect(document, &picDocument::ZoomAsked, this, [](int steps) { Shell::ZoomBy(steps); });
-    connect(document, &picDocument::FileDropped, this, [](const QString& path) {
-        // Not within the drop itself, which holds the source of the drag until it is answered.
-        QTimer::singleShot(0, [path] { Shell::OpenDroppedFile(ToPath(path)); });
-    });
     tmrRecovery = new QTimer(this);
     tmrRecovery->setInterval(Shell::RecoveryTick);
     connect(tmrRecovery, &QTimer::timeout, this,
-            [clock = StartedClock()] { Shell::tmrRecovery_Timer(clock.elapsed()); });
+            [clock = StartedClock()] { Shell::Guarded([&clock] { Shell::tmrRecovery_Timer(clock.elapsed()); }); });
     document->setFocus();
 }
 
@@ -167,6 +174,18 @@ void frmMain::changeEvent(QEvent* event) {
         Drawing::View.Ground = dark ? PackColor(0x3C, 0x3F, 0x44) : Drawing::DocumentView().Ground;
         document->Redraw(false);
     }
+}
+
+void frmMain::dragEnterEvent(QDragEnterEvent* event) {
+    if (!DroppedFile(event->mimeData()).isEmpty()) event->acceptProposedAction();
+}
+
+void frmMain::dropEvent(QDropEvent* event) {
+    const QString path = DroppedFile(event->mimeData());
+    if (path.isEmpty()) return;
+    event->acceptProposedAction();
+    // Not within the drop itself, which holds the source of the drag until it is answered.
+    QTimer::singleShot(0, this, [path] { Shell::Guarded([&path] { Shell::OpenDroppedFile(ToPath(path)); }); });
 }
 
 std::optional<std::filesystem::path> frmMain::AskOpenFile(const std::filesystem::path& folder) {

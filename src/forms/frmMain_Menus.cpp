@@ -191,7 +191,8 @@ void frmMain::FillRecentFiles() {
         QAction* const entry = recentMenu->addAction(ToQString(Shell::RecentFileCaption(path)).replace("&", "&&"));
         entry->setObjectName("mnuFileOpenRecentItem");
         entry->setToolTip(PathText(path));
-        connect(entry, &QAction::triggered, this, [index] { Shell::mnuFileOpenRecentItem_Click(index); });
+        connect(entry, &QAction::triggered, this,
+                [index] { Shell::Guarded([index] { Shell::mnuFileOpenRecentItem_Click(index); }); });
         ++index;
     }
     recentMenu->setEnabled(index > 0);

@@ -1,11 +1,9 @@
 #include "forms/picDocument.h"
 
 #include <QAccessible>
-#include <QDragEnterEvent>
-#include <QMimeData>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
-#include <QUrl>
 #include <algorithm>
 #include <cmath>
 
@@ -27,19 +25,11 @@ namespace {
 constexpr int VerticalUnit = 8;     // document pixels of one step of VScroll1
 constexpr int HorizontalUnit = 10;  // and of HScroll1
 
-QString DroppedFile(const QMimeData* data) {
-    for (const QUrl& url : data->urls()) {
-        if (url.isLocalFile()) return url.toLocalFile();
-    }
-    return {};
-}
-
 }  // namespace
 
 picDocument::picDocument(QWidget* parent) : QAbstractScrollArea(parent) {
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::StrongFocus);
-    setAcceptDrops(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
@@ -148,8 +138,9 @@ void picDocument::mousePressEvent(QMouseEvent* event) {
     }
     if (event->button() != Qt::LeftButton) return QAbstractScrollArea::mousePressEvent(event);
     Settle();
-    Editing::picDocument_MouseDown(static_cast<int>(std::floor(event->position().x() / zoom)),
-                                   static_cast<int>(std::floor(event->position().y() / zoom)));
+    const int x = static_cast<int>(std::floor(event->position().x() / zoom));
+    const int y = static_cast<int>(std::floor(event->position().y() / zoom));
+    Shell::Guarded([x, y] { Editing::picDocument_MouseDown(x, y); });
     Redraw();
 }
 
@@ -182,7 +173,8 @@ void picDocument::keyPressEvent(QKeyEvent* event) {
     const int code = VirtualKey(*event);
     if (code == 0) return QAbstractScrollArea::keyPressEvent(event);
     Settle();
-    Editing::picDocument_KeyDown(code, ShiftState(event->modifiers()));
+    const int shift = ShiftState(event->modifiers());
+    Shell::Guarded([code, shift] { Editing::picDocument_KeyDown(code, shift); });
     Redraw();
 }
 
@@ -202,19 +194,6 @@ void picDocument::SetZoom(double value) {
     }
     Drawing::Page.LayoutDirty = 1;
     Redraw(false);
-}
-
-void picDocument::dragEnterEvent(QDragEnterEvent* event) {
-    if (!DroppedFile(event->mimeData()).isEmpty()) event->acceptProposedAction();
-}
-
-void picDocument::dragMoveEvent(QDragMoveEvent* event) { event->acceptProposedAction(); }
-
-void picDocument::dropEvent(QDropEvent* event) {
-    const QString path = DroppedFile(event->mimeData());
-    if (path.isEmpty()) return;
-    event->acceptProposedAction();
-    Q_EMIT FileDropped(path);
 }
 
 }  // namespace Quillon::Forms

@@ -31,7 +31,6 @@ Q_SIGNALS:
     void Drawn();
     /// Ctrl with the wheel: so many steps up, or down when negative.
     void ZoomAsked(int steps);
-    void FileDropped(const QString& path);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -41,9 +40,6 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void dragEnterEvent(QDragEnterEvent* event) override;
-    void dragMoveEvent(QDragMoveEvent* event) override;
-    void dropEvent(QDropEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
 
 private:

@@ -42,12 +42,6 @@ std::string LengthText(const Core::Strum& strum) {
     return text;
 }
 
-std::string PitchName(int pitch) {
-    static constexpr const char* names[] = {"C", "C#", "D", "Eb", "E", "F", "F#", "G", "Ab", "A", "Bb", "B"};
-    if (pitch < 0 || pitch > 127) return "";
-    return names[pitch % 12] + std::to_string(pitch / 12 - 1);
-}
-
 }  // namespace
 
 std::string PlaceText() {
@@ -69,7 +63,8 @@ std::string NoteText() {
         const std::string& fret = strum.Notes[Open.CurString].Fret;
         if (!fret.empty()) what = LanguageText(track.IsDrum ? "str_CursorSound" : "str_CursorFret", {fret});
     } else {
-        where = PitchName(Open.CurPitch);
+        if (Open.CurPitch < 0 || Open.CurPitch > 127) return LengthText(strum);
+        where = Core::NoteName(Open.CurPitch);
         for (int string = 0; string < Core::StringCount; ++string) {
             const std::string& fret = strum.Notes[string].Fret;
             if (fret.empty() || fret.find_first_not_of("0123456789") != std::string::npos || fret.size() > 3) continue;
