@@ -95,7 +95,7 @@ TEST(TabFigures, LabelsStandAtTheirPlaces) {
         log.Clear();
         DrawBarMarks(log, {file, 0, 0, x, y, row[2]});
         // The coda's ring stands in the first cell of 16 pixels, the segno's slash in the second.
-        const auto middle = [&](const char* name, int axis) {
+        const auto middle = [&](const char* name, std::size_t axis) {
             return (axis == 0 ? x : y) + at.at(name)[axis].get<int>() + 8;
         };
         EXPECT_NE(
