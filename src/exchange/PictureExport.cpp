@@ -18,25 +18,29 @@ std::optional<PictureKind> PictureKindOf(const std::filesystem::path& path) {
     return {};
 }
 
-std::vector<std::filesystem::path> ExportPictures(const std::filesystem::path& target, const PictureOptions& options,
-                                                  const PictureEncoder& encode) {
+std::vector<std::filesystem::path> PicturePaths(const std::filesystem::path& target, const PictureOptions& options) {
     if (options.Track < 0 || options.Track > Core::Open.TabFile.Tracks.UpperBound()) RaiseSubscriptOutOfRange();
     const int pages = Drawing::CountPages(options.Track);
     if (options.Page < 0 || options.Page > pages) RaiseSubscriptOutOfRange();
-    const int first = options.Page == 0 ? 1 : options.Page;
-    const int last = options.Page == 0 ? pages : options.Page;
-    std::vector<std::filesystem::path> written;
-    for (int page = first; page <= last; ++page) {
-        std::filesystem::path path = target;
-        if (last > first) {
-            const std::string ending = target.extension().string();
-            path.replace_filename(target.stem().string() + "-" + std::to_string(page) + ending);
-        }
-        const auto paint = [&](Picture& picture) { Drawing::DrawPage(picture, options.Track, page - 1); };
-        Services.Files->Replace(path, encode(Drawing::Page.PageWidth, Drawing::Page.PageHeight, paint));
-        written.push_back(std::move(path));
+    if (options.Page != 0 || pages == 1) return {target};
+    std::vector<std::filesystem::path> paths;
+    for (int page = 1; page <= pages; ++page) {
+        std::string name = target.stem().string() + "-" + std::to_string(page) + target.extension().string();
+        paths.push_back(target.parent_path() / name);
     }
-    return written;
+    return paths;
+}
+
+std::vector<std::filesystem::path> ExportPictures(const std::filesystem::path& target, const PictureOptions& options,
+                                                  const PictureEncoder& encode) {
+    const auto paths = PicturePaths(target, options);
+    int page = options.Page == 0 ? 0 : options.Page - 1;
+    for (const std::filesystem::path& path : paths) {
+        const auto paint = [&](Picture& picture) { Drawing::DrawPage(picture, options.Track, page); };
+        Services.Files->Replace(path, encode(Drawing::Page.PageWidth, Drawing::Page.PageHeight, paint));
+        ++page;
+    }
+    return paths;
 }
 
 }  // namespace Quillon::Exchange

@@ -24,9 +24,12 @@ struct PictureOptions {
 /// Gives the bytes of a picture file: makes a picture of this size in document pixels, has it painted, and encodes it.
 using PictureEncoder = std::function<std::string(int width, int height, const std::function<void(Picture&)>& paint)>;
 
-/// Writes pages of the open document and gives the paths of the files written. Several pages are numbered before the
-/// ending, "song-1.png", "song-2.png". Raises "Subscript out of range" for a track or page that is not there, before
-/// anything is written, and what the encoder and the file system raise.
+/// The files that ExportPictures writes. Several pages are numbered before the ending, "song-1.png", "song-2.png".
+/// Raises "Subscript out of range" for a track or page that is not there.
+std::vector<std::filesystem::path> PicturePaths(const std::filesystem::path& target, const PictureOptions& options);
+
+/// Writes pages of the open document and gives the paths of the files written. Raises as PicturePaths before anything
+/// is written, and what the encoder and the file system raise.
 std::vector<std::filesystem::path> ExportPictures(const std::filesystem::path& target, const PictureOptions& options,
                                                   const PictureEncoder& encode);
 

@@ -17,6 +17,9 @@
 #include "forms/frmOptions.h"
 #include "forms/frmTrackProperties.h"
 #include "forms/ntne_frmPageSetup.h"
+#include "platform/FileSystem.h"
+#include "platform/MessageBox.h"
+#include "platform/Services.h"
 #include "shell/DialogModels.h"
 
 namespace Quillon::Forms {
@@ -74,8 +77,16 @@ void frmMain::ExportPicture() {
     Exchange::PictureOptions options;
     options.Track = Open.CurTrack;
     options.Page = choice.Page;
+    // The file dialog asked about the name given; numbered files have others.
+    for (const std::filesystem::path& path : Exchange::PicturePaths(target, options)) {
+        if (path == target || !Services.Files->Exists(path)) continue;
+        const std::string question = Core::LanguageText("str_Overwrite", {path.string()});
+        const std::string title = Core::LanguageText("str_TitleQuestion");
+        if (Services.Messages->Show(question, title, Buttons::YesNo, BoxIcon::Question) != Answer::Yes) return;
+        break;
+    }
     const auto written = Exchange::ExportPictures(target, options, PictureEncoderOf(*kind, choice.Dpi));
-    const std::string first = written.front().string();
+    const std::string first = written.front().filename().string();
     if (written.size() == 1) {
         ShowStatus(Core::LanguageText("str_PicturesWritten", {first}));
     } else {
