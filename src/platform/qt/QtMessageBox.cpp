@@ -36,11 +36,19 @@ QMessageBox::StandardButtons ToQt(Buttons buttons) {
     return QMessageBox::Ok;
 }
 
+/// The window to stand over. While a dialog has just closed none is active, so the first that shows will do.
+QWidget* Owner() {
+    if (QWidget* const active = QApplication::activeWindow()) return active;
+    for (QWidget* const window : QApplication::topLevelWidgets()) {
+        if (window->isVisible()) return window;
+    }
+    return nullptr;
+}
+
 }  // namespace
 
 Answer QtMessageBox::Show(const std::string& text, const std::string& title, Buttons buttons, BoxIcon icon) {
-    QMessageBox box(ToQt(icon), QString::fromStdString(title), QString::fromStdString(text), ToQt(buttons),
-                    QApplication::activeWindow());
+    QMessageBox box(ToQt(icon), QString::fromStdString(title), QString::fromStdString(text), ToQt(buttons), Owner());
     // The text comes from documents too, and is no markup.
     box.setTextFormat(Qt::PlainText);
     for (QAbstractButton* button : box.buttons()) button->setIcon(QIcon());
