@@ -6,6 +6,7 @@
 #include <QImageWriter>
 #include <QPainter>
 #include <cmath>
+#include <cstdio>
 
 #include "platform/RunTimeError.h"
 #include "platform/qt/PainterPicture.h"
@@ -21,6 +22,10 @@ constexpr double MostPixels = 400e6;
 void EnsureApplication() {
     if (QCoreApplication::instance()) return;
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Without windows standard error is for the program's own lines; what Qt remarks on is no fault of the person's.
+    qInstallMessageHandler([](QtMsgType kind, const QMessageLogContext&, const QString& text) {
+        if (kind == QtFatalMsg) std::fprintf(stderr, "%s\n", qPrintable(text));
+    });
     static int argc = 1;
     static char name[] = "quillon";
     static char* argv[] = {name, nullptr};
