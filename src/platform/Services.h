@@ -8,7 +8,10 @@ namespace Quillon {
 struct Cipher;
 struct FileSystem;
 struct MessageBox;
+struct MidiOutputs;
 struct SettingsStore;
+struct Synthesizer;
+struct TimerHost;
 
 struct ServicesInUse {
     std::filesystem::path BaseFolder;  ///< holds QL4.ini and Data
@@ -16,6 +19,9 @@ struct ServicesInUse {
     SettingsStore* Settings = nullptr;
     MessageBox* Messages = nullptr;
     const Cipher* StreamCipher = nullptr;
+    MidiOutputs* Midi = nullptr;
+    TimerHost* Timers = nullptr;
+    Synthesizer* Synth = nullptr;  ///< nothing where no built-in one is wanted
 };
 
 extern ServicesInUse Services;
