@@ -66,7 +66,7 @@ int Run(int argumentCount, const char* const* arguments) {
     app.add_option("--base", base, "Folder that holds the settings and Data")->type_name("DIR");
 
     Work work;
-    for (const auto add : {&AddConvert, &AddDump, &AddDecipher, &AddEncipher, &AddLayout}) add(app, work);
+    for (const auto add : {&AddConvert, &AddDump, &AddDecipher, &AddEncipher, &AddLayout, &AddTrace}) add(app, work);
     Answers answers;
     for (CLI::App* command : app.get_subcommands(nullptr)) {
         command->fallthrough();  // --base may stand behind the command too

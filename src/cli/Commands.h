@@ -36,6 +36,7 @@ void AddDump(CLI::App& app, Work& work);
 void AddDecipher(CLI::App& app, Work& work);
 void AddEncipher(CLI::App& app, Work& work);
 void AddLayout(CLI::App& app, Work& work);
+void AddTrace(CLI::App& app, Work& work);
 
 /// Runs the program; the arguments and result are those of main.
 int Run(int argumentCount, const char* const* arguments);

@@ -65,10 +65,14 @@ struct PlayerState {
     bool SegnoTaken = false;
     std::int16_t BeatsLeft = 0;  ///< clicks left in the count-in or in the bar
     Core::Strum LastChord;       ///< what a slash strum repeats, of whichever track it was
+    double TempoInUse = 0;       ///< that the interval of the ticks was worked out from
     bool ToldPlaysOn = false;
     SpeedTrainer Trainer;
     std::unique_ptr<frmPlayMemory> Memory;  ///< the timers, there while playing
     PlayView* View = nullptr;
+
+    /// Tells the view, once a playing.
+    void TellPlaysOn();
 };
 extern PlayerState Player;
 

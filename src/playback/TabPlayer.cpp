@@ -1,0 +1,90 @@
+// Start and stop of the player, and its metronome.
+#include "playback/TabPlayer.h"
+
+#include "core/mod_Common.h"
+#include "playback/MIDI_CMD.h"
+
+namespace Quillon::Playback {
+
+namespace {
+
+constexpr std::int16_t ClickChannel = 0;
+constexpr std::int16_t ClickProgram = 115;
+constexpr std::int16_t ClickNote = 90;
+constexpr std::int16_t ClickVelocity = 127;
+
+/// What the metronome makes of the bar that plays; one outside the song counts as 4/4.
+std::int16_t MetronomeInterval(const PlayStage& stage, bool wantBeats) {
+    const Core::BarInfo* const info = FindBarInfo(stage.File(), stage.Player.PlayBar);
+    return GetMetronomeInterval(info ? *info : Core::BarInfo{}, stage.Player.Memory->PlayTimer.Interval(), wantBeats);
+}
+
+/// The first tick comes at once.
+void StartTicks(const PlayStage& stage) {
+    if (stage.Player.Memory->PlayTimer.Enabled()) return;
+    stage.Player.Memory->PlayTimer.SetEnabled(true);
+    Tick(stage);
+}
+
+}  // namespace
+
+void SetTempo(const PlayStage& stage, double tempo) {
+    Skipping([&] {
+        stage.Player.Memory->PlayTimer.SetInterval(Core::CLng(3750 / tempo));
+        stage.Player.TempoInUse = tempo;
+    });
+}
+
+void Start(const PlayStage& stage, std::int16_t startBar, std::int16_t endBar) {
+    PlayerState& player = stage.Player;
+    if (player.View) player.View->PlayingStarts();
+    player.LastChord = {};
+    player.Memory = std::make_unique<frmPlayMemory>();
+    SetTempo(stage, stage.File().Tempo);
+    const auto tracks = static_cast<std::size_t>(stage.File().Tracks.Count());
+    player.PlayElapsed.assign(tracks, 0);
+    player.PlayStrum.assign(tracks, 0);
+    player.PlayBar = startBar;
+    player.PlayEndBar = endBar;
+    player.RepeatStartBar = player.RepeatsLeft = 0;
+    player.InRepeat = player.SegnoTaken = player.ToldPlaysOn = false;
+    player.SegnoBar = GetSignLocation(stage.File());
+    player.CodaBar = GetCodaLocation(stage.File());
+
+    frmPlayMemory& timers = *player.Memory;
+    if (stage.Settings.CountIn || stage.Settings.Metronome) {
+        timers.tmrMetronome.SetInterval(MetronomeInterval(stage, false));
+        player.BeatsLeft = stage.Settings.CountIn ? MetronomeInterval(stage, true) : std::int16_t{0};
+        timers.tmrMetronome.SetEnabled(true);
+    } else {
+        timers.PlayTimer.SetEnabled(true);
+    }
+}
+
+void Stop(const PlayStage& stage) {
+    const bool played = stage.Player.Memory != nullptr;
+    stage.Player.Trainer.Running = false;
+    stage.Player.Memory.reset();
+    MidiAllChannelsOff();
+    if (played && stage.Player.View) stage.Player.View->PlayingStopped();
+}
+
+void Click(const PlayStage& stage) {
+    PlayerState& player = stage.Player;
+    if (!player.Memory || !player.Memory->tmrMetronome.Enabled()) return;
+    if (player.BeatsLeft == 0) {
+        if (!stage.Settings.Metronome) {
+            player.Memory->tmrMetronome.SetEnabled(false);
+            return StartTicks(stage);
+        }
+        player.BeatsLeft = MetronomeInterval(stage, true);
+        StartTicks(stage);
+        if (!player.Memory) return;  // the song ended with its first tick
+    }
+    player.Memory->tmrMetronome.SetInterval(MetronomeInterval(stage, false));
+    MidiSetInstrument(ClickChannel, stage.Settings.OutputBank, ClickProgram);
+    MidiNoteOn(ClickChannel, ClickNote, ClickVelocity);
+    --player.BeatsLeft;
+}
+
+}  // namespace Quillon::Playback
