@@ -14,6 +14,9 @@ qt6-translations-l10n|the texts that Qt brings, in other languages than English
 nettle-dev|the cipher of music files
 nlohmann-json3-dev|documents as JSON
 libcli11-dev|the command line of quillon-cli
+libfluidsynth-dev|the built-in synthesizer
+timgm6mb-soundfont|the instruments that it plays
+librtmidi-dev|the MIDI ports of the machine
 fonts-liberation|the fonts of a page'
 to_test='libgtest-dev|the tests
 libgmock-dev|the tests

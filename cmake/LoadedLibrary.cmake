@@ -1,0 +1,15 @@
+# quillon_loads(TARGET NAME)
+# For a library that TARGET loads when it is first needed, in place of being linked with it: its headers, and the name
+# that the loader knows it by as QUILLON_<NAME>. NAME is what pkg_check_modules called it.
+function(quillon_loads target name)
+  list(GET ${name}_LINK_LIBRARIES 0 library)
+  execute_process(COMMAND ${CMAKE_OBJDUMP} -p ${library} OUTPUT_VARIABLE headers ERROR_QUIET)
+  if(headers MATCHES "SONAME +([^ \n]+)")
+    set(loaded ${CMAKE_MATCH_1})
+  else()
+    get_filename_component(loaded ${library} NAME)
+  endif()
+  target_include_directories(${target} SYSTEM PRIVATE ${${name}_INCLUDE_DIRS})
+  target_compile_definitions(${target} PRIVATE QUILLON_${name}="${loaded}")
+  target_link_libraries(${target} PRIVATE ${CMAKE_DL_LIBS})
+endfunction()
