@@ -66,7 +66,10 @@ int Run(int argumentCount, const char* const* arguments) {
     app.add_option("--base", base, "Folder that holds the settings and Data")->type_name("DIR");
 
     Work work;
-    for (const auto add : {&AddConvert, &AddDump, &AddDecipher, &AddEncipher, &AddLayout, &AddTrace}) add(app, work);
+    for (const auto add :
+         {&AddConvert, &AddDump, &AddDecipher, &AddEncipher, &AddLayout, &AddTrace, &AddKeys, &AddEdit}) {
+        add(app, work);
+    }
     Answers answers;
     for (CLI::App* command : app.get_subcommands(nullptr)) {
         command->fallthrough();  // --base may stand behind the command too

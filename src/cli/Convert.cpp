@@ -16,12 +16,10 @@ struct Arguments {
 };
 
 int Convert(const Arguments& arguments) {
-    const DocumentWriter& writer = WriterFor(arguments.Out);
+    WriterFor(arguments.Out);  // a wrong ending is told before anything is opened
     OpenWholeDocument(arguments.In);
     if (arguments.Options.Track) ChooseTrack(*arguments.Options.Track);
-    if (!writer.Write(arguments.Out, arguments.Options)) {
-        throw CommandFailure(arguments.Out + ": not written; --yes would go on");
-    }
+    SaveDocument(arguments.Out, arguments.Options);
     return Done;
 }
 

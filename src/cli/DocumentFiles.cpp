@@ -86,6 +86,11 @@ void OpenWholeDocument(const fs::path& path) {
 
 const DocumentWriter& WriterFor(const fs::path& path) { return RowFor(DocumentWriters(), path, "output"); }
 
+void SaveDocument(const fs::path& path, const ConvertOptions& options) {
+    if (path.empty() || WriterFor(path).Write(path, options)) return;
+    throw CommandFailure(path.string() + ": not written; --yes would go on");
+}
+
 void ChooseTrack(int track) {
     const int tracks = Core::Open.TabFile.Tracks.Count();
     if (track < 0 || track >= tracks) {

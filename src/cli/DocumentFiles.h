@@ -39,6 +39,9 @@ Core::OpenOutcome OpenDocument(const std::filesystem::path& path);
 void OpenWholeDocument(const std::filesystem::path& path);
 /// Raises UsageError for an ending without a row.
 const DocumentWriter& WriterFor(const std::filesystem::path& path);
+/// Writes the open document by the ending of its path; no path writes nothing. Raises CommandFailure when a question
+/// was answered against it.
+void SaveDocument(const std::filesystem::path& path, const ConvertOptions& options = {});
 /// Makes a track the current one; raises CommandFailure for one that the document lacks.
 void ChooseTrack(int track);
 

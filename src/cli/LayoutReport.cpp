@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
+#include "cli/CursorReport.h"
 #include "core/mod_Common.h"
 #include "core/mod_TabFileStructure.h"
 #include "drawing/mod_HighLevelDrawing.h"
@@ -119,13 +120,7 @@ std::string LayoutReport(const LayoutOptions& options) {
     if (options.Click) {
         Editing::picDocument_MouseDown(options.Click->first, options.Click->second);
         Draw();
-        report["Cursor"] = {{"CurTrack", Open.CurTrack},
-                            {"CurBar", Open.CurBar},
-                            {"CurStrum", Open.CurStrum},
-                            {"CurString", Open.CurString},
-                            {"CurPitch", Open.CurPitch},
-                            {"InputMode", Open.InputMode},
-                            {"FileChanged", Open.FileChanged ? 1 : 0}};
+        report["Cursor"] = CursorReport();
     }
     return report.dump(2) + "\n";
 }

@@ -13,6 +13,7 @@ namespace Quillon::Editing {
 
 using Core::LanguageText;
 using Core::Open;
+using Core::OpenDocument;
 using Core::Strum;
 using Core::ToInt16;
 using Core::Track;
@@ -21,9 +22,13 @@ bool (*MayEdit)() = [] { return true; };
 
 namespace {
 
-const Track& CurrentTrack() { return Open.TabFile.Tracks[Open.CurTrack]; }
+const Track& CurrentTrack(const OpenDocument& open) { return open.TabFile.Tracks[open.CurTrack]; }
 
-int LastString() { return std::clamp<int>(CurrentTrack().Strings, 1, Core::StringCount) - 1; }
+int LastStrum(const OpenDocument& open) { return CurrentTrack(open).Bars[open.CurBar].Strums().UpperBound(); }
+
+Strum& EditStrum(OpenDocument& open, int bar, int strum) {
+    return open.TabFile.Tracks[open.CurTrack].Bars.Edit(bar).EditStrums()[strum];
+}
 
 void GiveLengthOf(const Strum& from, Strum& to) {
     to.Length = from.Length;
@@ -32,84 +37,97 @@ void GiveLengthOf(const Strum& from, Strum& to) {
     to.Tuplet = from.Tuplet;
 }
 
-void MoveLeft() {
-    if (Open.CurStrum > 0) {
-        --Open.CurStrum;
-    } else if (Open.CurBar > 0) {
-        --Open.CurBar;
-        Open.CurStrum = Core::NumberOfStrums(Open.CurTrack, Open.CurBar);
+void MoveLeft(OpenDocument& open) {
+    if (open.CurStrum > 0) {
+        --open.CurStrum;
+    } else if (open.CurBar > 0) {
+        --open.CurBar;
+        open.CurStrum = ToInt16(LastStrum(open));
     }
 }
 
-void MoveRightPastBarEnd() {
-    const Strum before = Core::ReadStrum(Open.CurTrack, Open.CurBar, Open.CurStrum);
-    switch (BarFullness(Open.TabFile, Open.CurTrack, Open.CurBar)) {
-        case Fullness::Full:
-            if (Open.CurBar == Core::NumberOfBars(Open.CurTrack)) {
-                if (!MayEdit()) return;
-                AppendBar();
-                GiveLengthOf(before, Core::EditStrum(Open.CurTrack, Open.CurBar + 1, 0));
+bool MoveRightPastBarEnd(OpenDocument& open) {
+    const Strum before = CurrentTrack(open).Bars[open.CurBar].Strums()[open.CurStrum];
+    switch (BarFullness(open.TabFile, open.CurTrack, open.CurBar)) {
+        case Fullness::Full: {
+            const bool append = open.CurBar == CurrentTrack(open).Bars.UpperBound();
+            if (append) {
+                AppendBar(open.TabFile);
+                GiveLengthOf(before, EditStrum(open, open.CurBar + 1, 0));
             }
-            ++Open.CurBar;
-            Open.CurStrum = 0;
-            break;
+            ++open.CurBar;
+            open.CurStrum = 0;
+            return append;
+        }
         case Fullness::Over:
             Services.Messages->Show(LanguageText("str_BarIsOver"), LanguageText("str_TitleNote"), Buttons::Ok,
                                     BoxIcon::Critical);
-            break;
+            return false;
         case Fullness::Under:
-            if (!MayEdit()) return;
-            Core::SetBarStrums(Open.CurTrack, Open.CurBar, Open.CurStrum + 1);
-            ++Open.CurStrum;
-            GiveLengthOf(before, Core::EditStrum(Open.CurTrack, Open.CurBar, Open.CurStrum));
-            Drawing::Page.LayoutDirty = 1;
             break;
     }
+    const std::int16_t added = ToInt16(open.CurStrum + 1);
+    Core::SetBarStrums(open.TabFile.Tracks[open.CurTrack].Bars.Edit(open.CurBar), added);
+    open.CurStrum = added;
+    GiveLengthOf(before, EditStrum(open, open.CurBar, added));
+    return true;
 }
 
-void MoveRight() {
-    if (Open.CurStrum < Core::NumberOfStrums(Open.CurTrack, Open.CurBar)) {
-        ++Open.CurStrum;
-    } else {
-        MoveRightPastBarEnd();
+bool MoveRight(OpenDocument& open) {
+    if (open.CurStrum >= LastStrum(open)) return MoveRightPastBarEnd(open);
+    ++open.CurStrum;
+    return false;
+}
+
+/// The open pitch of string 0, or the top lane. A tuning may be any number that a file says.
+std::int16_t StartPitch(const Track& track) {
+    constexpr int highest = 127;
+    return ToInt16(track.IsDrum ? 0 : std::clamp(Core::OpenPitch(track, 0), 0, highest));
+}
+
+/// Lanes count downwards, pitches upwards.
+void MoveUpOrDown(OpenDocument& open, int down) {
+    const Track& track = CurrentTrack(open);
+    if (open.InputMode == Core::TabInput) {
+        const int strings = LastString(track) + 1;
+        open.CurString = ToInt16((open.CurString + down + strings) % strings);
+        return;
     }
-}
-
-void MoveString(int by) {
-    const int strings = LastString() + 1;
-    Open.CurString = ToInt16((Open.CurString + by + strings) % strings);
-}
-
-constexpr int FretsInReach = 29;
-constexpr int LastLane = 6;
-
-void MovePitch(int by) {
-    const bool drum = CurrentTrack().IsDrum;
-    const int lowest = drum ? 0 : Core::OpenPitch(CurrentTrack(), LastString());
-    const int highest = drum ? LastLane : Core::OpenPitch(CurrentTrack(), 0) + FretsInReach;
-    const int pitch = Open.CurPitch + by;
-    Open.CurPitch = ToInt16(pitch < lowest ? highest : pitch > highest ? lowest : pitch);
+    const PitchRange range = PitchesInReach(track);
+    const int pitch = open.CurPitch + (track.IsDrum ? down : -down);
+    open.CurPitch = ToInt16(pitch < range.Lowest ? range.Highest : pitch > range.Highest ? range.Lowest : pitch);
 }
 
 }  // namespace
 
-void MoveCursor(int keyCode) {
-    switch (keyCode) {
-        case KeyLeft:
-            return MoveLeft();
-        case KeyRight:
-            return MoveRight();
-        case KeyUp:
-            return Open.InputMode == Core::TabInput ? MoveString(-1) : MovePitch(CurrentTrack().IsDrum ? -1 : 1);
-        case KeyDown:
-            return Open.InputMode == Core::TabInput ? MoveString(1) : MovePitch(CurrentTrack().IsDrum ? 1 : -1);
-        default:
-            return;
-    }
+int LastString(const Track& track) { return std::clamp<int>(track.Strings, 1, Core::StringCount) - 1; }
+
+PitchRange PitchesInReach(const Track& track) {
+    if (track.IsDrum) return {0, LaneCount - 1};
+    return {Core::OpenPitch(track, LastString(track)), Core::OpenPitch(track, 0) + HighestFret};
 }
 
-void picDocument_KeyDown(int keyCode, int shift) {
-    if (shift == 0) MoveCursor(keyCode);
+bool MoveCursor(OpenDocument& open, KeyPress key) {
+    const bool movesNote = key.Shift && !CurrentTrack(open).IsDrum;
+    switch (key.Code) {
+        case KeyLeft:
+            MoveLeft(open);
+            return false;
+        case KeyRight:
+            return MoveRight(open);
+        case KeyUp:
+        case KeyDown: {
+            const int down = key.Code == KeyDown ? 1 : -1;
+            if (!movesNote) {
+                MoveUpOrDown(open, down);
+                return false;
+            }
+            ShiftNote(open, down);
+            return true;
+        }
+        default:
+            return false;
+    }
 }
 
 void picDocument_MouseDown(int x, int y) {
@@ -138,14 +156,24 @@ void picDocument_MouseDown(int x, int y) {
     }
 }
 
-void ClampCursor() {
-    const auto within = [](std::int16_t& index, int last) {
-        index = ToInt16(std::clamp<int>(index, 0, std::max(0, last)));
-    };
-    within(Open.CurTrack, Open.TabFile.Tracks.UpperBound());
-    within(Open.CurBar, CurrentTrack().Bars.UpperBound());
-    within(Open.CurStrum, Core::NumberOfStrums(Open.CurTrack, Open.CurBar));
-    within(Open.CurString, LastString());
+void ResetCursor(OpenDocument& open, int track) {
+    open.CurTrack = ToInt16(track);
+    open.CurBar = open.CurStrum = open.CurString = 0;
+    open.CurPitch = StartPitch(CurrentTrack(open));
 }
+
+void ClampCursor(OpenDocument& open) {
+    const auto within = [](std::int16_t& index, int first, int last) {
+        index = ToInt16(std::clamp<int>(index, first, std::max(first, last)));
+    };
+    within(open.CurTrack, 0, open.TabFile.Tracks.UpperBound());
+    within(open.CurBar, 0, CurrentTrack(open).Bars.UpperBound());
+    within(open.CurStrum, 0, LastStrum(open));
+    within(open.CurString, 0, LastString(CurrentTrack(open)));
+    const PitchRange reach = PitchesInReach(CurrentTrack(open));
+    if (open.CurPitch < reach.Lowest || open.CurPitch > reach.Highest) open.CurPitch = StartPitch(CurrentTrack(open));
+}
+
+void ClampCursor() { ClampCursor(Open); }
 
 }  // namespace Quillon::Editing

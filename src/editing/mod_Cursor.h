@@ -1,26 +1,35 @@
 // The cursor: where a click puts it and where the arrow keys take it.
 #pragma once
 
+#include "core/mod_TabFileStructure.h"
+#include "editing/mod_NoteEntry.h"
+
 namespace Quillon::Editing {
 
-/// Virtual-key codes of the keys that move.
-enum Key { KeyLeft = 37, KeyUp = 38, KeyRight = 39, KeyDown = 40 };
-
-/// A key in the score; `shift` is 1 with the shift key, 2 with control, their sum with both.
-void picDocument_KeyDown(int keyCode, int shift);
 /// A click in the score, in view pixels.
 void picDocument_MouseDown(int x, int y);
 
-/// The arrows. Up and down wrap around the strings in use (in notation input: around the pitches within reach).
-/// Right at a bar's last strum goes on to the next bar when the bar is exactly full, making one at the end of the
-/// piece; grows a bar that is under; and stays, with a message, in one that is over.
-void MoveCursor(int keyCode);
+/// The arrows; true when the document grew. Up and down wrap around the strings in use (in notation input: around the
+/// pitches within reach, or the lanes). Right at a bar's last strum goes on to the next bar when the bar is exactly
+/// full, making one at the end of the piece; grows a bar that is under; and stays, with a message, in one that is over.
+bool MoveCursor(Core::OpenDocument& open, KeyPress key);
 
-/// Whether the open file may be changed: the program's question for the password of a locked one. The cursor may go
-/// anywhere; what would change the document asks first.
+/// Lowest and highest pitch that the track reaches, or its first and last lane.
+struct PitchRange {
+    int Lowest;
+    int Highest;
+};
+PitchRange PitchesInReach(const Core::Track& track);
+/// The last string in use, whatever a file says.
+int LastString(const Core::Track& track);
+
+/// Whether the open file may be changed: the program's question for the password of a locked one.
 extern bool (*MayEdit)();
 
-/// Keeps the cursor on a bar, strum and string that exist.
+/// Puts the cursor at the start of a track, on its highest string and that string's open pitch.
+void ResetCursor(Core::OpenDocument& open, int track = 0);
+/// Keeps the cursor on a bar, strum, string and pitch that exist.
 void ClampCursor();
+void ClampCursor(Core::OpenDocument& open);
 
 }  // namespace Quillon::Editing

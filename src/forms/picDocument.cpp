@@ -10,6 +10,7 @@
 #include "drawing/mod_HighLevelDrawing.h"
 #include "drawing/mod_PageLayout.h"
 #include "editing/mod_Cursor.h"
+#include "editing/mod_NoteEntry.h"
 #include "forms/Text.h"
 #include "platform/RunTimeError.h"
 #include "platform/qt/PainterPicture.h"

@@ -4,6 +4,8 @@
 #include "core/mod_MusicFile.h"
 #include "core/mod_TabFileManipulation.h"
 #include "drawing/mod_PageLayout.h"
+#include "editing/mod_Cursor.h"
+#include "editing/mod_Undo.h"
 #include "exchange/JsonDocument.h"
 #include "platform/FileSystem.h"
 #include "platform/MessageBox.h"
@@ -64,9 +66,17 @@ void SetWindowCaption() { Program.View->SetCaption(WindowCaption()); }
 
 void DocumentReplaced() {
     Program.PasswordGiven = false;
+    Editing::ClearUndo();
+    Editing::ResetCursor(Open);
     Drawing::View.VScroll = Drawing::View.HScroll = 0;
     Drawing::Page.LayoutDirty = 1;
     SetWindowCaption();
+    Program.View->RebuildTrackList();
+    Program.View->UpdateCommands();
+    Program.View->DrawDocument();
+}
+
+void DocumentRestored() {
     Program.View->RebuildTrackList();
     Program.View->UpdateCommands();
     Program.View->DrawDocument();

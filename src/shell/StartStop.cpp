@@ -88,6 +88,9 @@ std::vector<Step> StopSteps() {
 
 void Start(const std::string& commandLineFile) {
     Editing::MayEdit = PasswordCorrect;
+    Editing::Entry = {};
+    Editing::Entry.StepsChanged = [] { Program.View->UpdateCommands(); };
+    Editing::Entry.DocumentRestored = DocumentRestored;
     for (const Step& step : StartSteps(commandLineFile)) Guarded([&] { step.Run(); });
 }
 

@@ -122,6 +122,8 @@ bool SaveFileAs(const std::filesystem::path& path);
 
 /// The document was replaced by another: caption, track list, scroll bars and the painting follow.
 void DocumentReplaced();
+/// The document was replaced by an earlier state of itself: track list, commands and the painting follow.
+void DocumentRestored();
 
 void mnuFileNew_Click();
 void mnuFileOpen_Click();
