@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -13,7 +14,8 @@
 
 namespace {
 
-std::size_t liveBytes = 0;
+std::atomic<std::size_t> liveBytes = 0;
+std::atomic<std::size_t> allocations = 0;
 
 // What stands behind operator new can only be the C library's own.
 // NOLINTBEGIN(cppcoreguidelines-no-malloc)
@@ -21,6 +23,7 @@ void* Counted(std::size_t size) {
     void* held = std::malloc(size ? size : 1);
     if (!held) throw std::bad_alloc();
     liveBytes += malloc_usable_size(held);
+    ++allocations;
     return held;
 }
 
@@ -32,7 +35,8 @@ void Uncounted(void* held) {
 
 }  // namespace
 
-// The hooks behind LiveBytes. Over-aligned forms keep the library's own: no record of the document uses them.
+// The hooks behind LiveBytes and Allocations. Over-aligned forms keep the library's own: no record of the document uses
+// them.
 void* operator new(std::size_t size) { return Counted(size); }
 void* operator new[](std::size_t size) { return Counted(size); }
 void operator delete(void* held) noexcept { Uncounted(held); }
@@ -70,6 +74,8 @@ double ResidentBytes() {
 }
 
 std::size_t LiveBytes() { return liveBytes; }
+
+std::size_t Allocations() { return allocations; }
 
 void Row(std::string_view name, double measured, double limit, std::string_view unit) {
     const bool kept = measured <= limit;

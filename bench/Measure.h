@@ -15,6 +15,8 @@ double ResidentBytes();
 
 /// Bytes that operator new has handed out so far and operator delete has not taken back, as the heap rounds them.
 std::size_t LiveBytes();
+/// Calls of operator new so far, of all threads.
+std::size_t Allocations();
 
 /// Prints a row of the table. Measured and limit are in `unit`; smaller is better.
 void Row(std::string_view name, double measured, double limit, std::string_view unit);

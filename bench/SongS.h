@@ -14,4 +14,12 @@ constexpr int StrumsOfABar = 8;
 /// written as a copy.
 Core::TabFile SongS(int bars = SongBars);
 
+/// A song for the player: on `tracks` pitched tracks all seven gestures in every bar, drums on one more, and two bars
+/// of rests at the end, within which every gesture runs out.
+Core::TabFile SongOfEffects(int bars, int tracks);
+
+/// `tracks` tracks of 64ths of which each strum sounds 16 notes: seven strings, two of them as two notes each, and a
+/// chord symbol of seven.
+Core::TabFile SongOfChords(int bars, int tracks);
+
 }  // namespace Quillon::Bench

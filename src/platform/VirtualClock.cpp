@@ -10,11 +10,12 @@ void VirtualClock::MessagesInTurn::Post(std::int32_t window, int message, int pa
 }
 
 void VirtualClock::MessagesInTurn::SendAll() {
-    while (!Messages.empty()) {
-        const Waiting next = Messages.front();
-        Messages.pop_front();
+    while (NextMessage < Messages.size()) {
+        const Waiting next = Messages[NextMessage++];
         Send(next.Window, next.Message, next.Parameter);
     }
+    Messages.clear();
+    NextMessage = 0;
 }
 
 std::vector<VirtualClock::Armed>::iterator VirtualClock::Next() {

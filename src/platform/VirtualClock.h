@@ -4,7 +4,6 @@
 #pragma once
 
 #include <cstdint>
-#include <deque>
 #include <optional>
 #include <vector>
 
@@ -39,7 +38,8 @@ private:
     struct MessagesInTurn : UiQueue {
         void Post(std::int32_t window, int message, int parameter) override;
         void SendAll();
-        std::deque<Waiting> Messages;
+        std::vector<Waiting> Messages;
+        std::size_t NextMessage = 0;
     };
     struct Armed {
         std::int64_t Due;

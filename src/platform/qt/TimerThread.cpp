@@ -73,6 +73,11 @@ void TimerThread::KillEvent(std::int32_t timer) {
     std::erase_if(armed, [timer](const Armed& each) { return each.Timer == timer; });
 }
 
+std::size_t TimerThread::Running() {
+    const std::lock_guard guard(lock);
+    return armed.size();
+}
+
 std::int64_t TimerThread::PerformanceCounter() const {
     return std::chrono::nanoseconds(Clock::now().time_since_epoch()).count();
 }

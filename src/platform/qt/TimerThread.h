@@ -27,6 +27,8 @@ public:
     std::int32_t SetEvent(std::int32_t interval, std::int32_t resolution, std::int32_t window, bool periodic) override;
     void KillEvent(std::int32_t timer) override;
     UiQueue& Queue() override { return queue; }
+    /// Timers that run.
+    std::size_t Running();
     /// Nanoseconds.
     std::int64_t PerformanceCounter() const override;
     std::int64_t PerformanceFrequency() const override { return 1'000'000'000; }
