@@ -4,7 +4,8 @@
 from importlib import import_module
 from pathlib import Path
 
-SONGS = ["greensleeves", "fiddle_set", "back_porch_blues", "amazing_grace", "mountain_king"]
+SONGS = ["greensleeves", "fiddle_set", "back_porch_blues", "amazing_grace", "mountain_king",
+         "seven_gestures"]
 
 if __name__ == "__main__":
     for name in SONGS:
