@@ -67,7 +67,7 @@ int Run(int argumentCount, const char* const* arguments) {
 
     Work work;
     for (const auto add :
-         {&AddConvert, &AddDump, &AddDecipher, &AddEncipher, &AddLayout, &AddTrace, &AddKeys, &AddEdit}) {
+         {&AddConvert, &AddDump, &AddDecipher, &AddEncipher, &AddLayout, &AddTrace, &AddKeys, &AddEdit, &AddDevices}) {
         add(app, work);
     }
     Answers answers;

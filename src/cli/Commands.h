@@ -32,6 +32,7 @@ void Print(std::string_view bytes);
 
 // A command's option values live as long as `work`, which its callback sets.
 void AddConvert(CLI::App& app, Work& work);
+void AddDevices(CLI::App& app, Work& work);
 void AddDump(CLI::App& app, Work& work);
 void AddDecipher(CLI::App& app, Work& work);
 void AddEncipher(CLI::App& app, Work& work);

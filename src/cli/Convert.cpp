@@ -29,7 +29,7 @@ void AddConvert(CLI::App& app, Work& work) {
     CLI::App* command = app.add_subcommand("convert", "Opens IN by its ending and writes OUT by its ending");
     const auto arguments = std::make_shared<Arguments>();
     command->add_option("IN", arguments->In, "Document to open: .qlm .json")->required()->type_name("");
-    command->add_option("OUT", arguments->Out, "File to write: .qlm .json .svg .png .jpg .bmp")
+    command->add_option("OUT", arguments->Out, "File to write: .qlm .json .svg .png .jpg .bmp .wav")
         ->required()
         ->type_name("");
     command->add_option("--track", arguments->Options.Track, "Current track, from 0, for outputs that show one")

@@ -2,6 +2,7 @@
 
 #include "cli/Commands.h"
 #include "cli/PictureFiles.h"
+#include "cli/WaveFiles.h"
 #include "core/mod_Common.h"
 #include "core/mod_Language.h"
 #include "exchange/JsonDocument.h"
@@ -50,7 +51,7 @@ constexpr DocumentReader Readers[] = {
 
 constexpr DocumentWriter Writers[] = {
     {".qlm", &WriteMusicFile}, {".json", &WriteJsonFile}, {".svg", &WritePictures}, {".png", &WritePictures},
-    {".jpg", &WritePictures},  {".jpeg", &WritePictures}, {".bmp", &WritePictures},
+    {".jpg", &WritePictures},  {".jpeg", &WritePictures}, {".bmp", &WritePictures}, {".wav", &WriteWave},
 };
 
 /// The row of a path's ending.

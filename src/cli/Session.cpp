@@ -30,8 +30,11 @@ const char* Environment(const char* name) { return std::getenv(name); }
 Session::Session(const std::string& baseOption, const char* program, Answer answer)
     : base(Shell::BaseFolder(baseOption, ProgramFolder(program), &Environment)),
       settings(files, base / "settings.ini"),
-      messages(answer) {
+      messages(answer),
+      synthesizer(base / "Data" / "SoundFonts") {
     Services = {base, &files, &settings, &messages, &streamCipher};
+    Services.Midi = &outputs;
+    Services.Synth = &synthesizer;
     Core::DecimalSign = MachineDecimalSign();
     Core::LoadLanguage(files, base);
 }

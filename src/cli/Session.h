@@ -8,6 +8,8 @@
 #include "platform/portable/IniStore.h"
 #include "platform/portable/PosixFiles.h"
 #include "platform/portable/Rc4Md5.h"
+#include "platform/sound/FluidSynthesizer.h"
+#include "platform/sound/SystemMidi.h"
 
 namespace Quillon::Cli {
 
@@ -26,6 +28,9 @@ private:
     IniStore settings;
     AnsweringBox messages;
     Rc4Md5 streamCipher;
+    // Both load their libraries only when a command asks them for something.
+    FluidSynthesizer synthesizer;
+    SystemMidi outputs{synthesizer};
 };
 
 }  // namespace Quillon::Cli

@@ -1,7 +1,9 @@
 // Files as the system needs them: read whole, replaced whole.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -14,6 +16,14 @@ struct FileLock {
     virtual ~FileLock() = default;
 };
 
+/// A new file on its way; raises as FileSystem does.
+struct FileWriter {
+    virtual ~FileWriter() = default;
+    virtual void Append(std::string_view bytes) = 0;
+    /// Writes over bytes that were appended, as for a length that only the end tells.
+    virtual void Overwrite(std::uint64_t position, std::string_view bytes) = 0;
+};
+
 /// Every operation raises RunTimeError with a description that names the file and the cause:
 /// 53 not found, 61 disk full, 70 permission denied, 75 path or file access error, 7 file too large to read.
 struct FileSystem {
@@ -24,6 +34,9 @@ struct FileSystem {
     /// after a crash at any moment the whole old or the whole new file is there. Symbolic links are followed and
     /// the access rights of an existing file are kept.
     virtual void Replace(const std::filesystem::path& path, std::string_view bytes) = 0;
+    /// As Replace, for what is too large to hold in memory: `write` appends it in parts. When it gives false or raises,
+    /// the target stays as it was and nothing else is left; false then.
+    virtual bool ReplaceWith(const std::filesystem::path& path, const std::function<bool(FileWriter&)>& write) = 0;
     /// Writes a scratch file: whole, but without the flushing that makes Replace last through a crash.
     virtual void WriteScratch(const std::filesystem::path& path, std::string_view bytes) { Replace(path, bytes); }
     /// Deletes a file; a missing one is no error.

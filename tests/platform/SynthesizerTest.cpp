@@ -5,9 +5,9 @@
 #include <thread>
 
 #include "platform/RunTimeError.h"
-#include "platform/qt/FluidSynthesizer.h"
-#include "platform/qt/SoundFonts.h"
-#include "platform/qt/SystemMidi.h"
+#include "platform/sound/FluidSynthesizer.h"
+#include "platform/sound/SoundFonts.h"
+#include "platform/sound/SystemMidi.h"
 #include "tests/support/Golden.h"
 
 namespace Quillon {

@@ -50,7 +50,7 @@ int NumberOf(int code) {
 }
 
 /// Owns an open file; closes it unseen unless Close was called.
-class File {
+class File : public FileWriter {
 public:
     File(const fs::path& of, int flags, mode_t mode = 0) : path(of) {
         do {
@@ -58,7 +58,7 @@ public:
         } while (handle < 0 && errno == EINTR);
         if (handle < 0) Raise(path, errno);
     }
-    ~File() {
+    ~File() override {
         if (handle >= 0) ::close(handle);
     }
     File(const File&) = delete;
@@ -71,12 +71,21 @@ public:
         if (::fstat(handle, &status) != 0) Raise(path, errno);
         return status;
     }
-    void Write(std::string_view bytes) {
+    void Append(std::string_view bytes) override {
         while (!bytes.empty()) {
             const ssize_t written = ::write(handle, bytes.data(), bytes.size());
             if (written < 0 && errno == EINTR) continue;
             if (written < 0) Raise(path, errno);
             bytes.remove_prefix(static_cast<std::size_t>(written));
+        }
+    }
+    void Overwrite(std::uint64_t position, std::string_view bytes) override {
+        while (!bytes.empty()) {
+            const ssize_t written = ::pwrite(handle, bytes.data(), bytes.size(), static_cast<off_t>(position));
+            if (written < 0 && errno == EINTR) continue;
+            if (written < 0) Raise(path, errno);
+            bytes.remove_prefix(static_cast<std::size_t>(written));
+            position += static_cast<std::size_t>(written);
         }
     }
     void Flush() {
@@ -184,14 +193,22 @@ std::string PosixFiles::Read(const fs::path& path) const {
 }
 
 void PosixFiles::Replace(const fs::path& path, std::string_view bytes) {
+    ReplaceWith(path, [bytes](FileWriter& file) {
+        file.Append(bytes);
+        return true;
+    });
+}
+
+bool PosixFiles::ReplaceWith(const fs::path& path, const std::function<bool(FileWriter&)>& write) {
     const fs::path target = FollowLinks(path);
     struct stat old {};
     const bool exists = ::stat(target.c_str(), &old) == 0;
     if (exists && S_ISDIR(old.st_mode)) Raise(path, EISDIR);
     if (exists && !S_ISREG(old.st_mode)) {  // a device or a pipe stays what it is
         File file(path, O_WRONLY);
-        file.Write(bytes);
-        return file.Close();
+        const bool whole = write(file);
+        file.Close();
+        return whole;
     }
     // Renaming asks only for the folder's rights; a file marked as not to be written must stay.
     if (exists && ::access(target.c_str(), W_OK) != 0) Raise(path, errno);
@@ -200,21 +217,24 @@ void PosixFiles::Replace(const fs::path& path, std::string_view bytes) {
     try {
         NewFile made(folder, exists ? old.st_mode & 0777 : 0666);
         if (exists && ::fchmod(made->Handle(), old.st_mode & 07777) != 0) Raise(path, errno);
-        made->Write(bytes);
+        if (!write(*made)) return false;
         made->Flush();
         made->Close();
         made.PutInPlaceOf(target);
     } catch (const RunTimeError& error) {  // the person knows the target, not the new file's name
         const std::string text = error.Description();
-        throw RunTimeError(error.Number, path.string() + text.substr(text.rfind(": ")));
+        const std::size_t name = text.rfind(std::string(NewFileSuffix) + ": ");
+        if (name == std::string::npos) throw;
+        throw RunTimeError(error.Number, path.string() + text.substr(name + NewFileSuffix.size()));
     }
     File(folder, O_RDONLY | O_DIRECTORY).Flush();
     RemoveLeftovers(folder);
+    return true;
 }
 
 void PosixFiles::WriteScratch(const fs::path& path, std::string_view bytes) {
     File file(path, O_WRONLY | O_CREAT | O_TRUNC, 0600);
-    file.Write(bytes);
+    file.Append(bytes);
     file.Close();
 }
 

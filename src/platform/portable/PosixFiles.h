@@ -21,6 +21,7 @@ public:
     bool Exists(const std::filesystem::path& path) const override;
     std::string Read(const std::filesystem::path& path) const override;
     void Replace(const std::filesystem::path& path, std::string_view bytes) override;
+    bool ReplaceWith(const std::filesystem::path& path, const std::function<bool(FileWriter&)>& write) override;
     void WriteScratch(const std::filesystem::path& path, std::string_view bytes) override;
     void Delete(const std::filesystem::path& path) override;
     void MakeFolder(const std::filesystem::path& path) override;

@@ -1,4 +1,4 @@
-#include "platform/qt/SoundFonts.h"
+#include "platform/sound/SoundFonts.h"
 
 #include <algorithm>
 #include <cstdint>

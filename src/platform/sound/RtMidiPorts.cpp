@@ -1,4 +1,4 @@
-#include "platform/qt/RtMidiPorts.h"
+#include "platform/sound/RtMidiPorts.h"
 
 #include <rtmidi_c.h>
 
@@ -6,7 +6,7 @@
 #include <iostream>
 #include <utility>
 
-#include "platform/qt/SharedLibrary.h"
+#include "platform/sound/SharedLibrary.h"
 
 namespace Quillon {
 

@@ -1,4 +1,4 @@
-#include "platform/qt/FluidSound.h"
+#include "platform/sound/FluidSound.h"
 
 #include <algorithm>
 #include <new>

@@ -1,8 +1,8 @@
-#include "platform/qt/FluidLibrary.h"
+#include "platform/sound/FluidLibrary.h"
 
 #include <optional>
 
-#include "platform/qt/SharedLibrary.h"
+#include "platform/sound/SharedLibrary.h"
 
 namespace Quillon {
 

@@ -1,12 +1,12 @@
-#include "platform/qt/FluidSynthesizer.h"
+#include "platform/sound/FluidSynthesizer.h"
 
 #include <new>
 #include <system_error>
 #include <utility>
 
 #include "platform/RunTimeError.h"
-#include "platform/qt/FluidSound.h"
-#include "platform/qt/SoundFonts.h"
+#include "platform/sound/FluidSound.h"
+#include "platform/sound/SoundFonts.h"
 
 namespace Quillon {
 

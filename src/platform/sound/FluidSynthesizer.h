@@ -11,7 +11,7 @@
 #include <thread>
 
 #include "platform/Synthesizer.h"
-#include "platform/qt/ChannelMemory.h"
+#include "platform/sound/ChannelMemory.h"
 
 namespace Quillon {
 

@@ -1,8 +1,8 @@
-#include "platform/qt/SystemMidi.h"
+#include "platform/sound/SystemMidi.h"
 
 #include <cstdlib>
 
-#include "platform/qt/FluidSynthesizer.h"
+#include "platform/sound/FluidSynthesizer.h"
 
 namespace Quillon {
 

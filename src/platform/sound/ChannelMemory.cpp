@@ -1,6 +1,6 @@
-#include "platform/qt/ChannelMemory.h"
+#include "platform/sound/ChannelMemory.h"
 
-#include "platform/qt/FluidSound.h"
+#include "platform/sound/FluidSound.h"
 
 namespace Quillon {
 

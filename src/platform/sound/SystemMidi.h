@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/MidiDevice.h"
-#include "platform/qt/RtMidiPorts.h"
+#include "platform/sound/RtMidiPorts.h"
 
 namespace Quillon {
 

@@ -1,4 +1,4 @@
-#include "platform/qt/SharedLibrary.h"
+#include "platform/sound/SharedLibrary.h"
 
 #include <dlfcn.h>
 

@@ -7,7 +7,7 @@
 
 #include "platform/MidiDevice.h"
 #include "platform/Synthesizer.h"
-#include "platform/qt/FluidLibrary.h"
+#include "platform/sound/FluidLibrary.h"
 
 namespace Quillon {
 
