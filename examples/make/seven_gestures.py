@@ -26,4 +26,7 @@ guitar.Play(
     "2 1:5~[7];t=Trill 2 1:3~[5]",
     # Grace notes before the beat.
     "4 2:6;t=Grace_notes 2:8g[7] 1:5g[3] 1:3g[1]",
-    "1 5:3+4:2+3:0+2:1+1:0;dn;t=Let_ring")
+    # Short notes, dead notes, and strings that ring on.
+    "{pm 8 5:3;t=Palm_mute 5:3 5:5 5:3 4:2 4:3 4:2 5:5 }", "4 5:3 8 5:x 4:x 4 4:2. 3:x",
+    "{* 4 5:3;t=Let_ring 4:2 3:0 2:1 }",
+    "1 5:3+4:2+3:0+2:1+1:0;dn")
