@@ -12,12 +12,12 @@ song = Song(
 guitar = song.AddTrack("Guitar", 27, "E. Guitar (Clean)", Volume=40)
 
 guitar.Play(
+    # Vibrato, narrow and wide. It leaves the wheel off its rest, where the bends behind it bring it back.
+    "2 1:5;v;t=Vibrato 2 1:8;w",
     # Bends: up a tone and back, up half a tone, held from the start and let down.
     "2 3:7b[full];t=Bend 4 2:5 2:6", "2 3:7b[full-release] 4 3:5 4:7", "2 2:6b[half] 2 2:8b[pre-release]",
     # Tremolo bar: a dip, a dive, a scoop.
     "1 2:5;bar[dip];t=Tremolo_bar", "2 1:5;bar[dive] 2 1:3;bar[scoop]",
-    # Vibrato, narrow and wide.
-    "2 1:5;v;t=Vibrato 2 1:8;w",
     # Slides over three and over seven frets, and down again.
     "2 2:5s;t=Slide 2 2:8", "2 2:8s 2 2:15", "2 2:15s 2 2:10",
     # Picking in eighths, sixteenths and thirty-seconds.
