@@ -191,7 +191,7 @@ void DrawBar(Picture& picture, int x, int y, const TabFile& file, int track, int
 void DrawDocument(Picture& picture) {
     LayOutView();
     if (!View.Playing && View.FollowCursor) {
-        SetScrolls();
+        if (Open.CurBar > 0) SetScrolls(Open.CurBar);
         LayOutView();  // a scroll moves every position
     }
     picture.Box(0, 0, View.ScaleWidth, View.ScaleHeight, View.Ground);
@@ -201,14 +201,14 @@ void DrawDocument(Picture& picture) {
     DrawCursor(picture);
 }
 
-void SetScrolls() {
+void SetScrolls(int wanted) {
     const Track& track = Open.TabFile.Tracks[Open.CurTrack];
-    if (Open.CurBar <= 0 || Open.CurBar > track.Bars.UpperBound()) return;
-    const Bar& bar = track.Bars[Open.CurBar];
+    if (wanted < 0 || wanted > track.Bars.UpperBound()) return;
+    const Bar& bar = track.Bars[wanted];
     if (bar.Place.Page < 0) return;
     const int below = bar.Place.BarY + RowHeight(track) + 40 - View.ScaleHeight;
     if (below > 0) {
-        const int rowStep = bar.Place.BarY - track.Bars[Open.CurBar - 1].Place.BarY;
+        const int rowStep = bar.Place.BarY - track.Bars[std::max(0, wanted - 1)].Place.BarY;
         // On by a row while the cursor walks; all that is missing when it went out of sight.
         int units = Core::CLng((rowStep + 20) / 8.0);
         if (bar.Place.BarY - 50 >= View.ScaleHeight) units = std::max(units, (below + 7) / 8);

@@ -13,8 +13,8 @@ namespace Quillon::Drawing {
 /// Settles View's scroll ranges, and its scroll values when the view follows the cursor. Raises "Overflow" for a
 /// document wider than 32767 pixels.
 void DrawDocument(Picture& picture);
-/// Brings the cursor's row into view.
-void SetScrolls();
+/// Brings the row of a bar into view: the cursor's, or the one that plays.
+void SetScrolls(int bar);
 /// Text of the status panel, "Pages: 3" in the chosen language, from the last DrawDocument.
 const std::string& PageCountText();
 /// Index of the last page as the last DrawDocument counted it.

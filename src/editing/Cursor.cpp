@@ -6,8 +6,10 @@
 #include "drawing/mod_PageLayout.h"
 #include "editing/mod_BarsAndTracks.h"
 #include "editing/mod_Cursor.h"
+#include "editing/mod_Selection.h"
 #include "platform/MessageBox.h"
 #include "platform/Services.h"
+#include "playback/mod_TabPlayer.h"
 
 namespace Quillon::Editing {
 
@@ -130,8 +132,15 @@ bool MoveCursor(OpenDocument& open, KeyPress key) {
     }
 }
 
-void picDocument_MouseDown(int x, int y) {
+void picDocument_MouseDown(int x, int y, int shift) {
+    constexpr int WithShift = 1;
+    if (Playback::IsPlaying()) return;
     const Drawing::Hit hit = Drawing::HitTest(Open.TabFile, Open.CurTrack, x, y);
+    if (shift == WithShift) {
+        if (hit.OnBar) SelectTo(hit.Bar);
+        return;
+    }
+    ClearSelection();
     if (!hit.OnBar) {
         if (hit.PastLastBar && Open.CurBar == Core::NumberOfBars(Open.CurTrack)) picDocument_KeyDown(KeyRight, 0);
         return;

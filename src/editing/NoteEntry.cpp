@@ -9,9 +9,11 @@
 #include "core/mod_TabFileManipulation.h"
 #include "drawing/mod_PageLayout.h"
 #include "editing/mod_Cursor.h"
+#include "editing/mod_Selection.h"
 #include "editing/mod_Undo.h"
 #include "platform/MessageBox.h"
 #include "platform/Services.h"
+#include "playback/mod_TabPlayer.h"
 
 namespace Quillon::Editing {
 
@@ -173,6 +175,8 @@ bool EnterKey(OpenDocument& open, KeyPress key) {
 void picDocument_KeyDown(int keyCode, int shift) {
     constexpr int shiftHeld = 1, others = ~shiftHeld;
     if (IsModifier(keyCode)) return;
+    if (Playback::IsPlaying()) return Playback::StopTab();
+    if (keyCode == KeyEscape) return ClearSelection();
     const KeyPress key{MainRowOf(keyCode), (shift & shiftHeld) != 0};
     if (key.Code != 'Z' && (shift & others) != 0) return;
     if (!MayEdit()) return;

@@ -6,8 +6,9 @@
 
 namespace Quillon::Editing {
 
-/// A click in the score, in view pixels.
-void picDocument_MouseDown(int x, int y);
+/// A click in the score, in view pixels; with Shift, which is 1, it selects bars up to the one clicked. Nothing while a
+/// song plays.
+void picDocument_MouseDown(int x, int y, int shift = 0);
 
 /// The arrows; true when the document grew. Up and down wrap around the strings in use (in notation input: around the
 /// pitches within reach, or the lanes). Right at a bar's last strum goes on to the next bar when the bar is exactly

@@ -22,6 +22,7 @@ struct KeyPress {
 enum Key {
     KeyBackspace = 8,
     KeyEnter = 13,
+    KeyEscape = 27,
     KeyLeft = 37,
     KeyUp = 38,
     KeyRight = 39,
@@ -60,7 +61,7 @@ extern EntryState Entry;
 
 /// A key in the score; `shift` is 1 with the shift key, 2 with control, 4 with Alt, or the sum of those held. Asks for
 /// the password of a locked file first. Z takes back a step with any of them; all else with control or Alt held is
-/// another's.
+/// another's. While a song plays any key stops it and does nothing else; Esc gives the selection up.
 void picDocument_KeyDown(int keyCode, int shift);
 
 // Engines ------------------------------------------------------------------------------------------------------------

@@ -79,11 +79,15 @@ void ModelDialog::accept() {
     for (const auto& store : stores) store();
     const std::string_view complaint = validate ? validate() : std::string_view();
     if (complaint.empty()) return QDialog::accept();
-    lblComplaint->setText(Text(complaint));
-    lblComplaint->show();
+    ShowComplaint(complaint);
     // Spoken too: a screen reader follows the focus.
     lblComplaint->setFocusPolicy(Qt::StrongFocus);
     lblComplaint->setFocus();
+}
+
+void ModelDialog::ShowComplaint(std::string_view textKey) {
+    lblComplaint->setText(textKey.empty() ? QString() : Text(textKey));
+    lblComplaint->setVisible(!textKey.empty());
 }
 
 QLineEdit* ModelDialog::AddText(QFormLayout* page, const char* name, std::string_view labelKey, std::string& value) {

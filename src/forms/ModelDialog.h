@@ -56,6 +56,9 @@ protected:
     void AddFont(QFormLayout* page, const char* name, std::string_view labelKey, const Font& shown,
                  std::function<void(const Font&)> store);
     void AddColor(QFormLayout* page, const char* name, std::string_view labelKey, std::int32_t& value);
+    QTabWidget* Tabs() const { return tabs; }
+    /// Shows a complaint by its text key, or hides the one before for "".
+    void ShowComplaint(std::string_view textKey);
     static void AddNote(QFormLayout* page, std::string_view textKey);
 
 private:

@@ -88,6 +88,8 @@ int VirtualKey(const QKeyEvent& event) {
         case Qt::Key_Return:
         case Qt::Key_Enter:
             return 13;
+        case Qt::Key_Escape:
+            return 27;
         case Qt::Key_Left:
             return 37;
         case Qt::Key_Up:

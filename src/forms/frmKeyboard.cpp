@@ -23,7 +23,8 @@ struct ScoreKey {
 };
 constexpr ScoreKey ScoreKeys[] = {{Qt::Key_Left, "str_KeyLeft"},     {Qt::Key_Right, "str_KeyRight"},
                                   {Qt::Key_Up, "str_KeyUp"},         {Qt::Key_Down, "str_KeyDown"},
-                                  {Qt::Key_PageUp, "str_KeyPageUp"}, {Qt::Key_PageDown, "str_KeyPageDown"}};
+                                  {Qt::Key_PageUp, "str_KeyPageUp"}, {Qt::Key_PageDown, "str_KeyPageDown"},
+                                  {Qt::Key_Escape, "str_KeyEscape"}};
 
 QTreeWidgetItem* AddGroup(QTreeWidget* list, const QString& title) {
     auto* const group = new QTreeWidgetItem(list, {title});
@@ -48,6 +49,7 @@ frmKeyboard::frmKeyboard(QWidget* parent) : QDialog(parent) {
     for (const ScoreKey& each : ScoreKeys) {
         new QTreeWidgetItem(group, {Text(each.TextKey), QKeySequence(each.Key).toString(QKeySequence::NativeText)});
     }
+    new QTreeWidgetItem(group, {Text("str_KeyShiftClick"), Text("str_KeyShiftClickKeys")});
     new QTreeWidgetItem(group, {Text("str_KeyWheelZoom"), Text("str_KeyWheelZoomKeys")});
     std::string_view menu;
     for (const Shell::Command& command : Shell::Commands()) {

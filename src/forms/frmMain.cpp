@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QCloseEvent>
 #include <QComboBox>
+#include <QDockWidget>
 #include <QDragEnterEvent>
 #include <QElapsedTimer>
 #include <QFileDialog>
@@ -23,11 +24,13 @@
 #include "forms/Theme.h"
 #include "forms/WindowPlace.h"
 #include "forms/picDocument.h"
+#include "forms/picMixTable.h"
 #include "platform/Services.h"
 #include "platform/SettingsStore.h"
 #include "shell/Commands.h"
 #include "shell/CursorText.h"
 #include "shell/Recovery.h"
+#include "shell/mod_Sound.h"
 
 namespace Quillon::Forms {
 
@@ -62,6 +65,7 @@ frmMain::frmMain() {
     setAcceptDrops(true);
     BuildMenus();
     BuildStatusBar();
+    BuildPlaying();
     connect(document, &picDocument::Drawn, this, [this] {
         FillStatus();
         if (painted) return;
@@ -74,6 +78,8 @@ frmMain::frmMain() {
     tmrRecovery->setInterval(Shell::RecoveryTick);
     connect(tmrRecovery, &QTimer::timeout, this,
             [clock = StartedClock()] { Shell::Guarded([&clock] { Shell::tmrRecovery_Timer(clock.elapsed()); }); });
+    // A SoundFont that can't be had is known only after a while.
+    connect(tmrRecovery, &QTimer::timeout, this, Shell::TellSilence);
     document->setFocus();
 }
 
@@ -99,6 +105,7 @@ void frmMain::RebuildTrackList() {
         cmbTrack->addItem(QString("%1. %2").arg(++number).arg(ToQString(track.Name)));
     }
     cmbTrack->setCurrentIndex(Open.CurTrack);
+    mixTable->Fill();
 }
 
 void frmMain::ShowStatus(const std::string& text) {
@@ -112,7 +119,10 @@ void frmMain::UpdateCommands() {
         action->setEnabled(Shell::IsEnabled(command));
         if (command.Checked) action->setChecked(Shell::IsChecked(command));
     }
+    ShowMenus();
     ShowToolbars();
+    dockMixTable->setVisible(Shell::Program.MixTableVisible);
+    mixTable->ShowCurrent();
     if (cmbTrack->currentIndex() != Open.CurTrack) {
         const QSignalBlocker quiet(cmbTrack);
         cmbTrack->setCurrentIndex(Open.CurTrack);
@@ -130,7 +140,7 @@ void frmMain::UpdateZoom() {
 
 void frmMain::FillStatus() {
     lblNote->setText(ToQString(Shell::NoteText()));
-    lblPlace->setText(ToQString(Shell::PlaceText()));
+    if (!Shell::Sound.Playing) lblPlace->setText(ToQString(Shell::PlaceText()));
     lblPages->setText(ToQString(Drawing::PageCountText()));
 }
 
@@ -139,6 +149,7 @@ void frmMain::RestorePlaces() {
     const std::string bars = Services.Settings->Get(PlaceSection, ToolbarsKey);
     if (!bars.empty()) restoreState(QByteArray::fromBase64(QByteArray::fromStdString(bars)));
     ShowToolbars();
+    dockMixTable->setVisible(Shell::Program.MixTableVisible);
 }
 
 void frmMain::KeepPlaces() {

@@ -10,6 +10,7 @@
 
 class QAction;
 class QComboBox;
+class QDockWidget;
 class QLabel;
 class QMenu;
 class QSlider;
@@ -25,6 +26,7 @@ struct Command;
 namespace Quillon::Forms {
 
 class picDocument;
+class picMixTable;
 
 class frmMain : public QMainWindow, public Shell::ShellView, public Shell::Dialogs {
     Q_OBJECT
@@ -51,6 +53,11 @@ public:
     void KeepPlaces() override;
     void ShowWindow() override;
     void CloseWindow() override;
+    void WhenPainted(std::function<void()> act) override;
+    void PlayingStarts() override;
+    void PlayingStopped() override;
+    void ScrollToBar(int bar) override;
+    void MovePlayMarker() override;
     std::optional<std::filesystem::path> AskOpenFile(const std::filesystem::path& folder) override;
     std::optional<std::filesystem::path> AskSaveFile(const std::filesystem::path& suggested) override;
 
@@ -59,6 +66,7 @@ public:
     bool EditTrackProperties(Shell::TrackPropertiesModel& model) override;
     bool EditOptions(Shell::OptionsModel& model) override;
     bool EditPageSetup(Shell::PageSetupModel& model) override;
+    bool EditSpeedTrainer(Shell::SpeedTrainerModel& model) override;
     std::optional<std::string> AskPassword() override;
     void ExportPicture() override;
     void ShowAbout() override;
@@ -73,10 +81,13 @@ protected:
     void changeEvent(QEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void BuildMenus();
     void BuildStatusBar();
+    void BuildPlaying();
+    void ShowMenus();
     QMenu* MenuOf(std::string_view path);
     QToolBar* ToolBarOf(std::string_view name);
     QAction* MakeAction(const Shell::Command& command);
@@ -97,6 +108,9 @@ private:
     QSlider* sldZoom = nullptr;
     QToolButton* cmdZoom = nullptr;
     QTimer* tmrRecovery = nullptr;
+    QTimer* tmrPlayPlace = nullptr;  // runs while a song plays
+    picMixTable* mixTable = nullptr;
+    QDockWidget* dockMixTable = nullptr;
     std::unique_ptr<QTranslator> libraryTexts;  // of the file and colour dialogs, which the library brings
     bool closing = false;
     bool painted = false;

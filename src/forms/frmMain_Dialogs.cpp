@@ -17,6 +17,7 @@
 #include "forms/frmOptions.h"
 #include "forms/frmTrackProperties.h"
 #include "forms/ntne_frmPageSetup.h"
+#include "forms/ntne_frmSpeedTrainer.h"
 #include "platform/FileSystem.h"
 #include "platform/MessageBox.h"
 #include "platform/Services.h"
@@ -38,6 +39,10 @@ bool frmMain::EditOptions(Shell::OptionsModel& model) { return frmOptions(model,
 
 bool frmMain::EditPageSetup(Shell::PageSetupModel& model) {
     return ntne_frmPageSetup(model, this).exec() == QDialog::Accepted;
+}
+
+bool frmMain::EditSpeedTrainer(Shell::SpeedTrainerModel& model) {
+    return ntne_frmSpeedTrainer(model, this).exec() == QDialog::Accepted;
 }
 
 std::optional<std::string> frmMain::AskPassword() {

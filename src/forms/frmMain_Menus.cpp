@@ -2,6 +2,7 @@
 #include <QAction>
 #include <QComboBox>
 #include <QCoreApplication>
+#include <QDockWidget>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLibraryInfo>
@@ -17,6 +18,7 @@
 #include "forms/Text.h"
 #include "forms/frmMain.h"
 #include "forms/picDocument.h"
+#include "forms/picMixTable.h"
 #include "shell/Commands.h"
 
 namespace Quillon::Forms {
@@ -27,8 +29,8 @@ constexpr int ToolIcon = 24;
 /// The toolbar that holds the choice of the track.
 constexpr std::string_view TrackToolbar = "Track";
 
-constexpr std::pair<std::string_view, std::string_view> ToolbarTexts[] = {{"File", "str_ToolbarFile"},
-                                                                          {"Track", "str_ToolbarTrack"}};
+constexpr std::pair<std::string_view, std::string_view> ToolbarTexts[] = {
+    {"File", "str_ToolbarFile"}, {"Track", "str_ToolbarTrack"}, {"Sound", "str_ToolbarSound"}};
 
 QList<QKeySequence> Shortcuts(std::string_view keys) {
     QList<QKeySequence> result;
@@ -72,6 +74,8 @@ QAction* frmMain::MakeAction(const Shell::Command& command) {
     action->setObjectName(ToQString(command.Name));
     if (!command.Icon.empty()) action->setIcon(SvgIcon(command.Icon));
     action->setShortcuts(Shortcuts(command.Shortcut));
+    // A key that is held starts a song once and must not stop it again.
+    action->setAutoRepeat(!command.Name.starts_with("mnuSound"));
     action->setCheckable(command.Checked != nullptr);
     connect(action, &QAction::triggered, this, [this, &command] {
         Shell::RunCommand(command);
@@ -98,12 +102,14 @@ void frmMain::BuildMenus() {
         QToolBar* const bar = ToolBarOf(command.Toolbar);
         if (command.SeparatorBefore && !bar->actions().isEmpty()) bar->addSeparator();
         bar->addAction(action);
+        bar->widgetForAction(action)->installEventFilter(this);
     }
     cmbTrack = new QComboBox(this);
     cmbTrack->setObjectName("cmbTrack");
     cmbTrack->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     cmbTrack->setMinimumContentsLength(14);
     cmbTrack->setFocusPolicy(Qt::TabFocus);
+    cmbTrack->installEventFilter(this);
     connect(cmbTrack, &QComboBox::activated, this, [this](int track) {
         Shell::ShowTrack(track);
         document->setFocus();
@@ -142,6 +148,7 @@ void frmMain::BuildStatusBar() {
     cmdZoom->setFocusPolicy(Qt::TabFocus);
     cmdZoom->setMinimumWidth(fontMetrics().horizontalAdvance("400 %") + 16);
     connect(cmdZoom, &QToolButton::clicked, this, [] { Shell::mnuViewZoom100_Click(); });
+    cmdZoom->installEventFilter(this);
     statusBar()->addPermanentWidget(cmdZoom);
 }
 
@@ -178,6 +185,8 @@ void frmMain::LanguageChanged() {
     sldZoom->setAccessibleName(Text("str_Zoom"));
     cmdZoom->setToolTip(Text("str_ZoomReset"));
     cmdZoom->setAccessibleName(Text("str_ZoomReset"));
+    dockMixTable->setWindowTitle(Text("str_MixTableTitle"));
+    mixTable->SetTexts();
     FillStatus();
     document->Redraw(false);
 }

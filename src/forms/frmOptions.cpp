@@ -27,7 +27,12 @@ frmOptions::frmOptions(Shell::OptionsModel& model, QWidget* parent)
     AddNumber(page, "vbMinTabX", "str_OptionMinTabX", model.MinTabX, 8, 200, "str_UnitPixels");
     AddNumber(page, "vbMaxTabX", "str_OptionMaxTabX", model.MaxTabX, 8, 400, "str_UnitPixels");
 
-    Finish([&model] { return model.Validate(); });
+    BuildSoundPage(model);
+    BuildEffectsPage(model);
+    Finish([this, &model] {
+        const std::string_view bends = CheckBends(model);
+        return bends.empty() ? model.Validate() : bends;
+    });
 }
 
 }  // namespace Quillon::Forms

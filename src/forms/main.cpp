@@ -17,6 +17,7 @@
 #include "platform/portable/Rc4Md5.h"
 #include "platform/qt/QtMessageBox.h"
 #include "shell/mod_Shell.h"
+#include "shell/mod_Sound.h"
 
 namespace Quillon::Forms {
 
@@ -72,7 +73,9 @@ int Main(int argc, char** argv) {
     }
     ShowSplashFor(arguments.File, window);
     Shell::Start(arguments.File.toStdString());
-    return QApplication::exec();
+    const int code = QApplication::exec();
+    Shell::EndSound();  // a session that ends may not have closed the window
+    return code;
 }
 
 }  // namespace

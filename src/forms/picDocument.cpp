@@ -11,11 +11,14 @@
 #include "drawing/mod_PageLayout.h"
 #include "editing/mod_Cursor.h"
 #include "editing/mod_NoteEntry.h"
+#include "editing/mod_Selection.h"
 #include "forms/Text.h"
+#include "forms/picPlayMarker.h"
 #include "platform/RunTimeError.h"
 #include "platform/qt/PainterPicture.h"
 #include "shell/CursorText.h"
 #include "shell/mod_Shell.h"
+#include "shell/mod_Sound.h"
 
 namespace Quillon::Forms {
 
@@ -26,9 +29,14 @@ namespace {
 constexpr int VerticalUnit = 8;     // document pixels of one step of VScroll1
 constexpr int HorizontalUnit = 10;  // and of HScroll1
 
+bool IsModifier(int key) {
+    return key == Qt::Key_Shift || key == Qt::Key_Control || key == Qt::Key_Alt || key == Qt::Key_Meta ||
+           key == Qt::Key_AltGr;
+}
+
 }  // namespace
 
-picDocument::picDocument(QWidget* parent) : QAbstractScrollArea(parent) {
+picDocument::picDocument(QWidget* parent) : QAbstractScrollArea(parent), marker(new picPlayMarker(viewport())) {
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::StrongFocus);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
@@ -84,6 +92,7 @@ void picDocument::PaintBacking() {
     View.FollowCursor = followed;
     backing.setDevicePixelRatio(ratio);
     ShowScrollBars();
+    MovePlayMarker();
     TellScreenReader();
     Q_EMIT Drawn();
 }
@@ -116,6 +125,33 @@ void picDocument::paintEvent(QPaintEvent*) {
     if (dirty || backing.devicePixelRatio() != devicePixelRatioF()) PaintBacking();
     QPainter painter(viewport());
     painter.drawImage(0, 0, backing);
+    PaintSelection(painter);
+}
+
+void picDocument::PaintSelection(QPainter& painter) const {
+    const auto bands = Shell::SelectionBands();
+    if (bands.empty()) return;
+    painter.scale(zoom, zoom);
+    for (const Shell::SelectionBand& band : bands) {
+        painter.fillRect(band.X, band.Y, band.Width, band.Height, QColor(0x2A, 0x6F, 0xDB, 46));
+    }
+}
+
+void picDocument::ScrollToBar(int bar) {
+    Settle();
+    const int before = View.VScroll;
+    Drawing::SetScrolls(bar);
+    if (View.VScroll != before) Redraw(false);
+}
+
+void picDocument::SetScrolling(bool on) {
+    scrolling = on;
+    verticalScrollBar()->setEnabled(on);
+    horizontalScrollBar()->setEnabled(on);
+}
+
+void picDocument::MovePlayMarker() {
+    if (!dirty) marker->Show(Shell::PlayMarkerNow(), zoom);
 }
 
 void picDocument::resizeEvent(QResizeEvent*) {
@@ -132,6 +168,7 @@ void picDocument::scrollContentsBy(int, int) {
 
 void picDocument::mousePressEvent(QMouseEvent* event) {
     if (event->button() == Qt::MiddleButton) {
+        if (!scrolling) return;
         panFrom = event->pos();
         panScroll = {View.HScroll, View.VScroll};
         viewport()->setCursor(Qt::ClosedHandCursor);
@@ -141,12 +178,13 @@ void picDocument::mousePressEvent(QMouseEvent* event) {
     Settle();
     const int x = static_cast<int>(std::floor(event->position().x() / zoom));
     const int y = static_cast<int>(std::floor(event->position().y() / zoom));
-    Shell::Guarded([x, y] { Editing::picDocument_MouseDown(x, y); });
+    const int shift = ShiftState(event->modifiers());
+    Shell::Guarded([x, y, shift] { Editing::picDocument_MouseDown(x, y, shift); });
     Redraw();
 }
 
 void picDocument::mouseMoveEvent(QMouseEvent* event) {
-    if (!(event->buttons() & Qt::MiddleButton)) return;
+    if (!scrolling || !(event->buttons() & Qt::MiddleButton)) return;
     const QPointF moved = QPointF(event->pos() - panFrom) / zoom;
     horizontalScrollBar()->setValue(panScroll.x() - static_cast<int>(std::lround(moved.x() / HorizontalUnit)));
     verticalScrollBar()->setValue(panScroll.y() - static_cast<int>(std::lround(moved.y() / VerticalUnit)));
@@ -157,6 +195,7 @@ void picDocument::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void picDocument::wheelEvent(QWheelEvent* event) {
+    if (!scrolling) return event->accept();
     if (!(event->modifiers() & Qt::ControlModifier)) return QAbstractScrollArea::wheelEvent(event);
     constexpr int Notch = 120;
     wheelRest += event->angleDelta().y();
@@ -172,6 +211,11 @@ void picDocument::wheelEvent(QWheelEvent* event) {
 
 void picDocument::keyPressEvent(QKeyEvent* event) {
     const int code = VirtualKey(*event);
+    if (Shell::Sound.Playing) {
+        // A key that is held down since before, and those that go with others, are no keys of their own.
+        if (!event->isAutoRepeat() && !IsModifier(event->key())) Editing::picDocument_KeyDown(code, 0);
+        return event->accept();
+    }
     if (code == 0) return QAbstractScrollArea::keyPressEvent(event);
     Settle();
     const int shift = ShiftState(event->modifiers());

@@ -10,6 +10,8 @@
 
 namespace Quillon::Forms {
 
+class picPlayMarker;
+
 class picDocument : public QAbstractScrollArea {
     Q_OBJECT
 
@@ -20,6 +22,13 @@ public:
     void Redraw(bool followCursor = true);
     /// Paints at once what is due, so that the layout and the scroll bars are settled.
     void Settle();
+
+    /// Scrolls so that the row of a bar is in view.
+    void ScrollToBar(int bar);
+    /// While off, neither the scroll bars nor the wheel nor a drag move the view.
+    void SetScrolling(bool on);
+    /// Puts the play marker where the player stands, or hides it. Behind a painting that is due it waits for that.
+    void MovePlayMarker();
 
     double Zoom() const { return zoom; }
     /// The point under the mouse, when the zoom follows a turn of its wheel, else the top of the view keeps showing
@@ -46,8 +55,11 @@ private:
     void PaintBacking();
     void ShowScrollBars();
     void TellScreenReader();
+    void PaintSelection(QPainter& painter) const;
 
+    picPlayMarker* marker;
     QImage backing;
+    bool scrolling = true;
     bool dirty = true;
     bool follow = false;
     bool settingScrollBars = false;

@@ -3,8 +3,10 @@
 #include <algorithm>
 
 #include "core/mod_Language.h"
+#include "core/mod_Settings.h"
 #include "core/mod_TabFileStructure.h"
 #include "shell/mod_Shell.h"
+#include "shell/mod_Sound.h"
 
 namespace Quillon::Shell {
 
@@ -16,6 +18,7 @@ constexpr std::string_view FileMenu = "str_MenuFile";
 constexpr std::string_view ViewMenu = "str_MenuView";
 constexpr std::string_view ToolbarsMenu = "str_MenuView/str_MenuToolbars";
 constexpr std::string_view TrackMenu = "str_MenuTrack";
+constexpr std::string_view SoundMenu = "str_MenuSound";
 constexpr std::string_view HelpMenu = "str_MenuHelp";
 
 template <const char* Toolbar>
@@ -28,6 +31,7 @@ bool ToolbarShows() {
 }
 constexpr char FileToolbar[] = "File";
 constexpr char TrackToolbar[] = "Track";
+constexpr char SoundToolbar[] = "Sound";
 
 bool HasNextTrack() { return Open.CurTrack < Open.TabFile.Tracks.UpperBound(); }
 bool HasPreviousTrack() { return Open.CurTrack > 0; }
@@ -140,6 +144,18 @@ constexpr Command Table[] = {
      .Text = "str_ViewToolbarTrack",
      .Run = ToggleToolbar<TrackToolbar>,
      .Checked = ToolbarShows<TrackToolbar>},
+    {.Name = "mnuViewToolbarSound",
+     .Menu = ToolbarsMenu,
+     .Text = "str_ViewToolbarSound",
+     .Run = ToggleToolbar<SoundToolbar>,
+     .Checked = ToolbarShows<SoundToolbar>},
+    {.Name = "mnuViewMixTable",
+     .Menu = ViewMenu,
+     .Text = "str_ViewMixTable",
+     .Shortcut = "Ctrl+Shift+T",
+     .Icon = "mix-table",
+     .Run = mnuViewMixTable_Click,
+     .Checked = [] { return Program.MixTableVisible; }},
 
     {.Name = "mnuTrackProperties",
      .Menu = TrackMenu,
@@ -166,16 +182,87 @@ constexpr Command Table[] = {
      .Run = mnuTrackNext_Click,
      .Enabled = HasNextTrack},
 
+    {.Name = "mnuSoundPlayFromStart",
+     .Menu = SoundMenu,
+     .Text = "str_SoundPlayFromStart",
+     .Shortcut = "Space",
+     .Icon = "play",
+     .Toolbar = SoundToolbar,
+     .Run = mnuSoundPlayFromStart_Click},
+    {.Name = "mnuSoundPlayFromHere",
+     .Menu = SoundMenu,
+     .Text = "str_SoundPlayFromHere",
+     .Shortcut = "Shift+Space",
+     .Icon = "play-here",
+     .Toolbar = SoundToolbar,
+     .Run = mnuSoundPlayFromHere_Click},
+    {.Name = "mnuSoundPlayBar",
+     .Menu = SoundMenu,
+     .Text = "str_SoundPlayBar",
+     .Shortcut = "Ctrl+Space",
+     .Icon = "play-bar",
+     .Run = mnuSoundPlayBar_Click},
+    {.Name = "mnuSoundLoop",
+     .Menu = SoundMenu,
+     .Text = "str_SoundLoop",
+     .Shortcut = "Ctrl+L",
+     .Icon = "loop",
+     .Toolbar = SoundToolbar,
+     .Run = mnuSoundLoop_Click},
+    {.Name = "mnuSoundStop",
+     .Menu = SoundMenu,
+     .Text = "str_SoundStop",
+     .Icon = "stop",
+     .Toolbar = SoundToolbar,
+     .WhilePlaying = true,
+     .Run = mnuSoundStop_Click,
+     .Enabled = [] { return Sound.Playing; }},
+    {.Name = "mnuSoundSpeedTrainer",
+     .Menu = SoundMenu,
+     .Text = "str_SoundSpeedTrainer",
+     .Shortcut = "Ctrl+Shift+L",
+     .Icon = "speed-trainer",
+     .Toolbar = SoundToolbar,
+     .SeparatorBefore = true,
+     .Run = mnuSoundSpeedTrainer_Click},
+    {.Name = "mnuSoundMetronome",
+     .Menu = SoundMenu,
+     .Text = "str_SoundMetronome",
+     .Shortcut = "Ctrl+M",
+     .Icon = "metronome",
+     .Toolbar = SoundToolbar,
+     .SeparatorBefore = true,
+     .WhilePlaying = true,
+     .Run = mnuSoundMetronome_Click,
+     .Checked = [] { return Core::Settings.Metronome; }},
+    {.Name = "mnuSoundCountIn",
+     .Menu = SoundMenu,
+     .Text = "str_SoundCountIn",
+     .Icon = "count-in",
+     .Toolbar = SoundToolbar,
+     .Run = mnuSoundCountIn_Click,
+     .Checked = [] { return Core::Settings.CountIn; }},
+    {.Name = "mnuSoundFollow",
+     .Menu = SoundMenu,
+     .Text = "str_SoundFollow",
+     .Icon = "follow",
+     .Toolbar = SoundToolbar,
+     .WhilePlaying = true,
+     .Run = mnuSoundFollow_Click,
+     .Checked = [] { return Core::Settings.FollowTabPlayback; }},
+
     {.Name = "mnuHelpKeyboard",
      .Menu = HelpMenu,
      .Text = "str_HelpKeyboard",
      .Shortcut = "F1",
+     .WhilePlaying = true,
      .Run = [] { Program.Dialogs->ShowKeyboardHelp(); }},
     {.Name = "mnuHelpAbout",
      .Menu = HelpMenu,
      .Text = "str_HelpAbout",
      .Icon = "about",
      .SeparatorBefore = true,
+     .WhilePlaying = true,
      .Run = [] { Program.Dialogs->ShowAbout(); }},
 };
 
@@ -188,7 +275,9 @@ const Command* FindCommand(std::string_view name) {
     return found == std::end(Table) ? nullptr : found;
 }
 
-bool IsEnabled(const Command& command) { return !command.Enabled || command.Enabled(); }
+bool IsEnabled(const Command& command) {
+    return (command.WhilePlaying || !Sound.Playing) && (!command.Enabled || command.Enabled());
+}
 
 bool IsChecked(const Command& command) { return command.Checked && command.Checked(); }
 

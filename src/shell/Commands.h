@@ -19,6 +19,7 @@ struct Command {
     std::string_view Toolbar =
         {};  ///< the toolbar that shows it: "File" is the "File Toolbar" of the settings; "" for none
     bool SeparatorBefore = false;
+    bool WhilePlaying = false;  ///< all others are disabled while a song plays
     void (*Run)() = nullptr;
     bool (*Enabled)() = nullptr;  ///< nothing: always
     bool (*Checked)() = nullptr;  ///< nothing: the entry has no check mark

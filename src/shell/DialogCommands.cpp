@@ -39,7 +39,8 @@ void mnuFilePageSetup_Click() {
 void mnuFileOptions_Click() {
     OptionsModel model;
     model.Load();
-    if (!Program.Dialogs->EditOptions(model) || !model.Apply()) return;
+    if (!Program.Dialogs->EditOptions(model)) return Shell::OptionsModel::Revert();
+    if (!model.Apply()) return;
     Program.View->LanguageChanged();
     Program.View->ThemeChanged();
     Program.View->UpdateCommands();

@@ -5,6 +5,8 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,6 +15,8 @@
 #include "core/mod_TabFileStructure.h"
 #include "drawing/mod_PageLayout.h"
 #include "platform/Picture.h"
+#include "platform/Synthesizer.h"
+#include "playback/mod_TabPlayer.h"
 
 namespace Quillon::Shell {
 
@@ -45,16 +49,39 @@ struct TrackPropertiesModel {
 };
 
 struct OptionsModel {
-    Core::SettingsRecord Settings;  ///< AutoScroll and AutoPageStretch are edited
+    Core::SettingsRecord Settings;  ///< its flags, the wide vibrato and the vibrato's count are edited
     std::int16_t MinTabX = 0;
     std::int16_t MaxTabX = 0;
     std::int16_t Theme = 0;  ///< as ProgramState::Theme
     std::string Language;
     std::vector<std::string> Languages;  ///< to choose from
+    std::string BendCoefficient;         ///< as typed
+    std::string VibratoBend;
+    SynthesizerSettings Synthesizer;
+    std::vector<std::filesystem::path> SoundFonts;  ///< to choose from, the best first
 
     void Load();
     std::string_view Validate() const;
     bool Apply() const;
+
+    /// Takes the two bends that are numbers above 1 and below 50 into Settings; another gets its old value back.
+    /// The text key of a complaint, or "".
+    std::string_view CheckBends();
+    /// The synthesizer's settings at once, to be heard. Revert takes them back.
+    void Preview() const;
+    static void Revert();
+};
+
+/// The fields of ntne_frmSpeedTrainer. At first the selected bars, or all, from six tenths of the song's tempo up to
+/// it.
+struct SpeedTrainerModel {
+    Playback::TrainerFields Fields;
+
+    static constexpr int MostTempo = 1000;  ///< quarter notes a minute
+    /// The song's tempo as a whole number that the fields take.
+    static int TempoOfSong();
+    void Load();
+    std::string_view Validate() const;
 };
 
 struct PageSetupModel {

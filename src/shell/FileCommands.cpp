@@ -5,12 +5,14 @@
 #include "core/mod_TabFileManipulation.h"
 #include "drawing/mod_PageLayout.h"
 #include "editing/mod_Cursor.h"
+#include "editing/mod_Selection.h"
 #include "editing/mod_Undo.h"
 #include "exchange/JsonDocument.h"
 #include "platform/FileSystem.h"
 #include "platform/MessageBox.h"
 #include "platform/RunTimeError.h"
 #include "platform/Services.h"
+#include "playback/mod_TabPlayer.h"
 #include "shell/Recovery.h"
 #include "shell/mod_Shell.h"
 
@@ -45,6 +47,10 @@ fs::path FolderToAskIn() {
     return recent.empty() ? fs::path() : recent.front().parent_path();
 }
 
+void StopPlaying() {
+    if (Playback::IsPlaying()) Playback::StopTab();
+}
+
 bool OpenJson(const fs::path& path) {
     const std::string bytes = Services.Files->Read(path);
     try {
@@ -68,6 +74,7 @@ void DocumentReplaced() {
     Program.PasswordGiven = false;
     Editing::ClearUndo();
     Editing::ResetCursor(Open);
+    Editing::ClearSelection();
     Drawing::View.VScroll = Drawing::View.HScroll = 0;
     Drawing::Page.LayoutDirty = 1;
     SetWindowCaption();
@@ -92,6 +99,7 @@ bool ContinueWithOp() {
 }
 
 void ForceNewFile() {
+    StopPlaying();
     Core::NewTabFile();
     Open.FileName.clear();
     Open.FileChanged = false;
@@ -109,6 +117,7 @@ bool OpenFileByEnding(const fs::path& path) {
         Tell(LanguageText("str_UnknownEnding", {path.string()}));
         return false;
     }
+    StopPlaying();
     Program.View->ShowStatus(LanguageText("str_Opening", {path.filename().string()}));
     auto outcome = Core::OpenOutcome::UnknownKind;
     const bool done = Guarded([&] {

@@ -1,12 +1,15 @@
 #include <algorithm>
 
+#include "core/mod_Common.h"
 #include "core/mod_Language.h"
 #include "core/mod_Settings.h"
 #include "platform/FileSystem.h"
+#include "platform/RunTimeError.h"
 #include "platform/Services.h"
 #include "platform/SettingsStore.h"
 #include "shell/DialogModels.h"
 #include "shell/mod_Shell.h"
+#include "shell/mod_Sound.h"
 
 namespace Quillon::Shell {
 
@@ -14,8 +17,21 @@ namespace {
 
 bool InLimits(int value) { return value >= LeastTabX && value <= MostTabX; }
 
-/// Stored at once: options must not wait for a clean end of the program. When they can't be stored a box says so, and
-/// they hold for this run.
+/// Takes a number above 1 and below 50; any other text becomes that of the number as it was.
+bool TakeBend(std::string& text, double& value) {
+    try {
+        if (const double typed = Core::ParseDouble(text); typed > 1 && typed < 50) {
+            value = typed;
+            return true;
+        }
+    } catch (const RunTimeError&) {  // no number
+    }
+    text = Core::FormatDouble(value);
+    return false;
+}
+
+}  // namespace
+
 void KeepSettings() {
     Guarded([] {
         Core::SaveINISettings();
@@ -24,13 +40,15 @@ void KeepSettings() {
     });
 }
 
-}  // namespace
-
 void OptionsModel::Load() {
     MinTabX = Drawing::Page.MinTabX;
     MaxTabX = Drawing::Page.MaxTabX;
     Theme = Program.Theme;
     Settings = Core::Settings;
+    BendCoefficient = Core::FormatDouble(Settings.BendCoefficient);
+    VibratoBend = Core::FormatDouble(Settings.VibratoBend);
+    Synthesizer = Sound.Synthesizer;
+    if (Services.Synth) SoundFonts = Services.Synth->SoundFonts();
     Languages = Core::LanguageNames(*Services.Files, Services.BaseFolder);
     Core::LanguageText("str_TitleNote");  // loads one when none was
     Language = Core::Language.Name;
@@ -44,16 +62,39 @@ std::string_view OptionsModel::Validate() const {
     return "";
 }
 
+std::string_view OptionsModel::CheckBends() {
+    const bool bend = TakeBend(BendCoefficient, Settings.BendCoefficient);
+    const bool vibrato = TakeBend(VibratoBend, Settings.VibratoBend);
+    return !bend ? "str_BendOutOfRange" : !vibrato ? "str_VibratoOutOfRange" : "";
+}
+
+void OptionsModel::Preview() const {
+    if (Services.Synth) Services.Synth->Apply(Synthesizer);
+}
+
+void OptionsModel::Revert() {
+    if (Services.Synth) Services.Synth->Apply(Sound.Synthesizer);
+}
+
 bool OptionsModel::Apply() const {
+    Core::SettingsRecord settings = Settings;
+    settings.OutputDevice = Core::Settings.OutputDevice;  // which a click in the list has set already
+    // The bank of the usual mode is past 7 bits, which is meant; one set by hand stays while the mode does.
+    if (settings.AlternatePlayback != Core::Settings.AlternatePlayback) {
+        settings.OutputBank = settings.AlternatePlayback ? 127 : 128;
+    }
     Drawing::PageSetup& page = Drawing::Page;
     const bool spacing = page.MinTabX != MinTabX || page.MaxTabX != MaxTabX;
     const bool language = Core::Language.Name != Language;
-    if (!spacing && !language && Theme == Program.Theme && Settings == Core::Settings) return false;
+    const bool synthesizer = Synthesizer != Sound.Synthesizer;
+    if (!spacing && !language && !synthesizer && Theme == Program.Theme && settings == Core::Settings) return false;
     page.MinTabX = MinTabX;
     page.MaxTabX = MaxTabX;
     page.LayoutDirty = 1;
     Program.Theme = Theme;
-    Core::Settings = Settings;
+    Core::Settings = settings;
+    Sound.Synthesizer = Synthesizer;
+    Preview();
     ApplySettings();
     KeepSettings();
     const auto choose = [&] { Core::ChooseLanguage(*Services.Files, Services.BaseFolder, Language); };

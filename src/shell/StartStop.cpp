@@ -10,6 +10,7 @@
 #include "platform/SettingsStore.h"
 #include "shell/Recovery.h"
 #include "shell/mod_Shell.h"
+#include "shell/mod_Sound.h"
 
 namespace Quillon::Shell {
 
@@ -72,6 +73,8 @@ std::vector<Step> StartSteps(const std::string& commandLineFile) {
         {"Command line", [commandLineFile] { return OpenCommandLineFile(commandLineFile); }},
         {"Show document", ShowAll},
         {"Show window", [] { return Program.View->ShowWindow(), true; }},
+        // A device may take its time; the window comes first.
+        {"Sound", [] { return Program.View->WhenPainted(LoadMIDI), true; }},
         // Asked over the window, so that a person sees which program it is that asks.
         {"Recovery", [] { return OfferRecovery(), true; }},
     };
@@ -80,6 +83,7 @@ std::vector<Step> StartSteps(const std::string& commandLineFile) {
 std::vector<Step> StopSteps() {
     return {
         {"Ask about changes", ContinueWithOp},
+        {"Sound", [] { return EndSound(), true; }},
         {"Settings", WriteSettings},
         {"Scratch files", [] { return Core::DelTempFiles(), true; }},
         {"Recovery", [] { return EndRecovery(), true; }},
@@ -91,6 +95,7 @@ void Start(const std::string& commandLineFile) {
     Editing::Entry = {};
     Editing::Entry.StepsChanged = [] { Program.View->UpdateCommands(); };
     Editing::Entry.DocumentRestored = DocumentRestored;
+    WatchPlaying();
     for (const Step& step : StartSteps(commandLineFile)) Guarded([&] { step.Run(); });
 }
 

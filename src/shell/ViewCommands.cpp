@@ -12,6 +12,7 @@
 #include "platform/Services.h"
 #include "platform/SettingsStore.h"
 #include "shell/mod_Shell.h"
+#include "shell/mod_Sound.h"
 
 namespace Quillon::Shell {
 
@@ -79,6 +80,11 @@ void ShowTrack(int track) {
 void mnuTrackNext_Click() { ShowTrack(Open.CurTrack + 1); }
 void mnuTrackPrevious_Click() { ShowTrack(Open.CurTrack - 1); }
 
+void mnuViewMixTable_Click() {
+    Program.MixTableVisible = !Program.MixTableVisible;
+    Program.View->UpdateCommands();
+}
+
 bool IsToolbarVisible(std::string_view toolbar) {
     const int index = SettingsToolbar(toolbar);
     return index < 0 || Core::Settings.ToolbarVisible[index];
@@ -125,7 +131,9 @@ void LoadStoredState() {
     Drawing::ApplyPaperSize(page);
     Drawing::Page = page;
     Program.ZoomPercent = StoredNumber("View", "Zoom", 100, LeastZoom, MostZoom);
+    Program.MixTableVisible = number("View", "MixTable", 0, 0, 1) == 1;
     Program.Theme = number("View", "Theme", 0, 0, MostTheme);
+    LoadSoundSettings();
     ApplySettings();
 }
 
@@ -143,6 +151,8 @@ void SaveStoredState() {
     save("PageSetup", "TopMargin", page.PageTopMargin);
     save("View", "Zoom", Program.ZoomPercent);
     save("View", "Theme", Program.Theme);
+    save("View", "MixTable", Program.MixTableVisible ? 1 : 0);
+    SaveSoundSettings();
 }
 
 }  // namespace Quillon::Shell

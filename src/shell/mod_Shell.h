@@ -21,6 +21,7 @@ struct FilePropertiesModel;
 struct TrackPropertiesModel;
 struct OptionsModel;
 struct PageSetupModel;
+struct SpeedTrainerModel;
 
 /// The main window as the shell sees it.
 struct ShellView {
@@ -48,6 +49,17 @@ struct ShellView {
     virtual void KeepPlaces() = 0;
     /// The main window comes.
     virtual void ShowWindow() = 0;
+    /// Calls `act` once the window's first frame was painted; at once when it was.
+    virtual void WhenPainted(std::function<void()> act) = 0;
+    /// Draws the document anew; what the commands say is disabled, and both scroll bars; the bar and beat come into
+    /// the status bar.
+    virtual void PlayingStarts() = 0;
+    /// Takes all that back, hides the play marker, and gives the document the focus.
+    virtual void PlayingStopped() = 0;
+    /// Brings the row of a bar into view.
+    virtual void ScrollToBar(int bar) = 0;
+    /// The play marker stands elsewhere or nowhere, see PlayMarkerNow.
+    virtual void MovePlayMarker() = 0;
     /// Ends the message loop after Stop said so.
     virtual void CloseWindow() = 0;
     /// Asks for a file to open; nothing when cancelled.
@@ -64,6 +76,7 @@ struct Dialogs {
     virtual bool EditTrackProperties(TrackPropertiesModel& model) = 0;
     virtual bool EditOptions(OptionsModel& model) = 0;
     virtual bool EditPageSetup(PageSetupModel& model) = 0;
+    virtual bool EditSpeedTrainer(SpeedTrainerModel& model) = 0;
     /// Asks for the open file's password; nothing when cancelled.
     virtual std::optional<std::string> AskPassword() = 0;
     /// Asks for a picture file and writes the document's pages into it.
@@ -76,8 +89,9 @@ struct ProgramState {
     ShellView* View = nullptr;
     Shell::Dialogs* Dialogs = nullptr;
     bool PasswordGiven = false;  ///< the open file's password was given since it was opened
-    int ZoomPercent = 100;       ///< of the painting alone; the layout's pixels stay
-    std::int16_t Theme = 0;      ///< 0 as the system, 1 light, 2 dark
+    bool MixTableVisible = false;
+    int ZoomPercent = 100;   ///< of the painting alone; the layout's pixels stay
+    std::int16_t Theme = 0;  ///< 0 as the system, 1 light, 2 dark
 };
 extern ProgramState Program;
 
@@ -177,6 +191,9 @@ void mnuTrackProperties_Click();
 void mnuTrackNext_Click();
 void mnuTrackPrevious_Click();
 
+/// The list of tracks beside the paper; whether it shows is kept in the store.
+void mnuViewMixTable_Click();
+
 /// Toolbars go by the name that Command::Toolbar holds. Whether they show and are docked is kept in the settings.
 bool IsToolbarVisible(std::string_view toolbar);
 void SetToolbarVisible(std::string_view toolbar, bool visible);
@@ -188,9 +205,13 @@ std::string LayoutFailureText(const RunTimeError& error);
 
 /// Hands the settings to the modules that work by them.
 void ApplySettings();
-/// What the store keeps beside QL4.ini: spacing limits, page setup, zoom and theme. A damaged value has its first-run
+/// What the store keeps beside QL4.ini: spacing limits, page setup, zoom, theme
+/// and sound. A damaged value has its first-run
 /// one.
 void LoadStoredState();
 void SaveStoredState();
+/// Writes the settings and the store at once: options must not wait for a clean end of the program. When they can't be
+/// stored a box says so, and they hold for this run.
+void KeepSettings();
 
 }  // namespace Quillon::Shell

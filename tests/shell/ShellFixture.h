@@ -14,14 +14,20 @@
 #include "core/mod_Settings.h"
 #include "core/mod_TabFileManipulation.h"
 #include "drawing/mod_PageLayout.h"
+#include "editing/mod_Selection.h"
 #include "platform/MessageBox.h"
 #include "platform/RunTimeError.h"
 #include "platform/Services.h"
+#include "platform/VirtualClock.h"
+#include "platform/headless/RecordingMidi.h"
 #include "platform/portable/IniStore.h"
 #include "platform/portable/PosixFiles.h"
 #include "platform/portable/Rc4Md5.h"
+#include "playback/mod_TabPlayer.h"
+#include "shell/DialogModels.h"
 #include "shell/Recovery.h"
 #include "shell/mod_Shell.h"
+#include "shell/mod_Sound.h"
 #include "tests/support/Golden.h"
 #include "tests/support/RememberingBox.h"
 
@@ -42,6 +48,7 @@ using Testing::RememberingBox;
 
 struct FakeWindow : ShellView, Dialogs {
     std::vector<std::string> Calls;
+    std::vector<std::optional<MarkerPlace>> Markers;
     std::string Caption;
     std::vector<std::string> Status;
     std::optional<std::filesystem::path> OpenAnswer, SaveAnswer;
@@ -51,6 +58,7 @@ struct FakeWindow : ShellView, Dialogs {
     std::function<bool(TrackPropertiesModel&)> OnTrackProperties;
     std::function<bool(OptionsModel&)> OnOptions;
     std::function<bool(PageSetupModel&)> OnPageSetup;
+    std::function<bool(SpeedTrainerModel&)> OnSpeedTrainer;
 
     void DrawDocument() override { Calls.emplace_back("draw"); }
     void SetCaption(const std::string& caption) override { Caption = caption; }
@@ -65,6 +73,14 @@ struct FakeWindow : ShellView, Dialogs {
     void KeepPlaces() override { Services.Settings->Save("MainWindowDetails", "Left", "42"); }
     void ShowWindow() override { Calls.emplace_back("window"); }
     void CloseWindow() override { Calls.emplace_back("close"); }
+    void WhenPainted(std::function<void()> act) override {
+        Calls.emplace_back("painted");
+        act();
+    }
+    void PlayingStarts() override { Calls.emplace_back("playing"); }
+    void PlayingStopped() override { Calls.emplace_back("stopped"); }
+    void ScrollToBar(int bar) override { Calls.emplace_back("scroll " + std::to_string(bar)); }
+    void MovePlayMarker() override { Markers.push_back(PlayMarkerNow()); }
     std::optional<std::filesystem::path> AskOpenFile(const std::filesystem::path&) override { return OpenAnswer; }
     std::optional<std::filesystem::path> AskSaveFile(const std::filesystem::path& suggested) override {
         Suggested = suggested;
@@ -76,6 +92,7 @@ struct FakeWindow : ShellView, Dialogs {
     }
     bool EditOptions(OptionsModel& model) override { return OnOptions && OnOptions(model); }
     bool EditPageSetup(PageSetupModel& model) override { return OnPageSetup && OnPageSetup(model); }
+    bool EditSpeedTrainer(SpeedTrainerModel& model) override { return OnSpeedTrainer && OnSpeedTrainer(model); }
     std::optional<std::string> AskPassword() override {
         Calls.emplace_back("password");
         return Password;
@@ -86,6 +103,11 @@ struct FakeWindow : ShellView, Dialogs {
 };
 
 inline void ResetGlobals() {
+    // Timers and devices go before the services that they came from.
+    Playback::Player = {};
+    Playback::MidiOut = {};
+    Sound = {};
+    Editing::Selection = {};
     Services = {};
     Core::Open = {};
     Core::Settings = {};
@@ -100,7 +122,7 @@ inline void ResetGlobals() {
 struct Life {
     explicit Life(const std::filesystem::path& base) : Store(Files, base / "settings.ini") {
         ResetGlobals();
-        Services = {base, &Files, &Store, &Box, &Cipher};
+        Services = {base, &Files, &Store, &Box, &Cipher, &Midi, &Clock};
         Program.View = &Window;
         Program.Dialogs = &Window;
     }
@@ -113,6 +135,8 @@ struct Life {
     IniStore Store;
     RememberingBox Box;
     FakeWindow Window;
+    VirtualClock Clock;
+    RecordingMidi Midi;
 };
 
 class ShellTest : public testing::Test {

@@ -30,8 +30,9 @@ TEST_F(StartStop, FirstStartMakesItsFilesAndTheSecondFindsThem) {
     EXPECT_TRUE(fs::exists(folder / "base/Data/Languages/German.txt"));
     EXPECT_EQ(run->Store.Get("DefaultInfo", "GNOTENAME"), "Arial");
     EXPECT_EQ(Window().Caption, "Quillon 4 - [Unsaved.qlm]");
-    EXPECT_EQ(Window().Calls,
-              (std::vector<std::string>{"tracks", "draw", "theme", "language", "places", "recent", "zoom", "window"}));
+    EXPECT_EQ(Window().Calls, (std::vector<std::string>{"tracks", "draw", "theme", "language", "places", "recent",
+                                                        "zoom", "window", "painted"}))
+        << "the sound waits for the first frame";
     EXPECT_FALSE(Open.FileChanged);
     SetZoom(150);
     Core::Settings.MaxLineLength = 99;
@@ -54,10 +55,10 @@ TEST_F(StartStop, TheStepsStandInTheirOrder) {
     for (const Step& step : StartSteps("")) order += std::string(step.Name) + "; ";
     EXPECT_EQ(order,
               "Language; Data folder; Language files; Settings; Stored state; New document; First run; Command line; "
-              "Show document; Show window; Recovery; ");
+              "Show document; Show window; Sound; Recovery; ");
     order.clear();
     for (const Step& step : StopSteps()) order += std::string(step.Name) + "; ";
-    EXPECT_EQ(order, "Ask about changes; Settings; Scratch files; Recovery; ");
+    EXPECT_EQ(order, "Ask about changes; Sound; Settings; Scratch files; Recovery; ");
 }
 
 TEST_F(StartStop, TheCommandLinesFileIsOpenedByItsLastThreeCharacters) {
@@ -92,7 +93,7 @@ TEST_F(StartStop, TheCommandLinesFileIsOpenedByItsLastThreeCharacters) {
             EXPECT_NE(Box().Shown[0].find(c.Told), std::string::npos) << Box().Shown[0];
         }
         EXPECT_FALSE(Open.FileChanged) << c.Name;
-        EXPECT_EQ(Window().Calls.back(), "window") << "the start goes on";
+        EXPECT_EQ(Window().Calls.back(), "painted") << "the start goes on";
     }
 }
 
@@ -100,7 +101,7 @@ TEST_F(StartStop, AStartGoesOnWhereNothingCanBeWritten) {
     Spill(folder / "base", "a file where the folder should be");
     Start("");
     EXPECT_FALSE(Box().Shown.empty());
-    EXPECT_EQ(Window().Calls.back(), "window");
+    EXPECT_EQ(Window().Calls.back(), "painted");
     EXPECT_EQ(Window().Caption, "Quillon 4 - [Unsaved.qlm]");
 }
 

@@ -131,7 +131,7 @@ TEST_F(DialogTest, EveryDialogSpeaksEveryLanguageAndNoTwoFieldsOfAPageShareALett
         Core::LoadLanguage(files, Services.BaseFolder, language);
         window->LanguageChanged();
         for (const char* command : {"mnuFileProperties", "mnuTrackProperties", "mnuFilePageSetup", "mnuFileOptions",
-                                    "mnuHelpKeyboard", "mnuHelpAbout"}) {
+                                    "mnuSoundSpeedTrainer", "mnuHelpKeyboard", "mnuHelpAbout"}) {
             WithDialog(command, [&](QDialog& dialog) {
                 EXPECT_FALSE(dialog.windowTitle().startsWith("str_"));
                 for (const QLabel* label : dialog.findChildren<QLabel*>()) {

@@ -15,17 +15,22 @@
 #include "core/mod_Settings.h"
 #include "core/mod_TabFileStructure.h"
 #include "drawing/mod_PageLayout.h"
+#include "editing/mod_Selection.h"
 #include "forms/Theme.h"
 #include "forms/frmMain.h"
 #include "forms/picDocument.h"
 #include "forms/picDocumentAccess.h"
 #include "platform/MessageBox.h"
 #include "platform/Services.h"
+#include "platform/VirtualClock.h"
+#include "platform/headless/RecordingMidi.h"
 #include "platform/portable/IniStore.h"
 #include "platform/portable/PosixFiles.h"
 #include "platform/portable/Rc4Md5.h"
+#include "playback/mod_TabPlayer.h"
 #include "shell/Recovery.h"
 #include "shell/mod_Shell.h"
+#include "shell/mod_Sound.h"
 #include "tests/support/Golden.h"
 #include "tests/support/RememberingBox.h"
 
@@ -46,7 +51,7 @@ protected:
 
     WindowTest() : store(files, folder / "base/settings.ini") {
         Reset();
-        Services = {folder / "base", &files, &store, &box, &cipher};
+        Services = {folder / "base", &files, &store, &box, &cipher, &midi, &clock};
     }
     ~WindowTest() override {
         window.reset();
@@ -100,10 +105,17 @@ protected:
     Rc4Md5 cipher;
     IniStore store;
     RememberingBox box;
+    VirtualClock clock;
+    RecordingMidi midi;
     std::unique_ptr<frmMain> window;
 
 private:
     static void Reset() {
+        // Timers and devices go before the services that they came from.
+        Playback::Player = {};
+        Playback::MidiOut = {};
+        Shell::Sound = {};
+        Editing::Selection = {};
         Services = {};
         Core::Open = {};
         Core::Settings = {};

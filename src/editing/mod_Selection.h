@@ -1,0 +1,26 @@
+// The selected bars: a run from the cursor's bar to one that was clicked with Shift.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+namespace Quillon::Editing {
+
+struct BarRange {
+    std::int16_t From = 0;
+    std::int16_t To = 0;  ///< the last one, never before From
+    bool operator==(const BarRange&) const = default;
+};
+
+struct SelectionState {
+    std::optional<BarRange> Bars;
+};
+extern SelectionState Selection;
+
+/// What is selected, within the bars that there are; nothing without a selection.
+std::optional<BarRange> SelectedBars();
+/// Selects from the cursor's bar to this one, in either direction. The cursor stays.
+void SelectTo(std::int16_t bar);
+void ClearSelection();
+
+}  // namespace Quillon::Editing
