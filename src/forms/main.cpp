@@ -16,6 +16,12 @@
 #include "platform/portable/PosixFiles.h"
 #include "platform/portable/Rc4Md5.h"
 #include "platform/qt/QtMessageBox.h"
+#include "platform/qt/TimerThread.h"
+#include "platform/qt/WindowQueue.h"
+#include "platform/sound/FluidSynthesizer.h"
+#include "platform/sound/SystemMidi.h"
+#include "playback/MIDI_OUT.h"
+#include "playback/mod_TabPlayer.h"
 #include "shell/mod_Shell.h"
 #include "shell/mod_Sound.h"
 
@@ -42,6 +48,33 @@ Arguments Read(const QApplication& application) {
     return {parser.value(base), parser.positionalArguments().value(0), parser.isSet(quit)};
 }
 
+/// The sound of the machine. However the program ends, nothing plays on into what is gone: playing stops, then the
+/// output closes, then the timer thread ends, and the queue goes last.
+class SoundServices {
+public:
+    SoundServices() : synthesizer(Services.BaseFolder / "Data" / "SoundFonts") {
+        Services.Timers = &timers;
+        Services.Synth = &synthesizer;
+        Services.Midi = &outputs;
+    }
+    ~SoundServices() {
+        Playback::Player.View = nullptr;  // its window is gone
+        Playback::StopTab();
+        Playback::MidiClose();
+        Services.Timers = nullptr;
+        Services.Synth = nullptr;
+        Services.Midi = nullptr;
+    }
+    SoundServices(const SoundServices&) = delete;
+    SoundServices& operator=(const SoundServices&) = delete;
+
+private:
+    WindowQueue queue;
+    TimerThread timers{queue};
+    FluidSynthesizer synthesizer;
+    SystemMidi outputs{synthesizer};
+};
+
 int Main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName("quillon");
@@ -63,6 +96,7 @@ int Main(int argc, char** argv) {
                                             [](const char* name) -> const char* { return std::getenv(name); });
     IniStore store(files, Services.BaseFolder / "settings.ini");
     Services.Settings = &store;
+    const SoundServices sound;
 
     InstallScoreAccess();
     frmMain window;
