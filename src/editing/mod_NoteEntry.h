@@ -59,10 +59,17 @@ struct EntryState {
 };
 extern EntryState Entry;
 
-/// A key in the score; `shift` is 1 with the shift key, 2 with control, 4 with Alt, or the sum of those held. Asks for
-/// the password of a locked file first. Z takes back a step with any of them; all else with control or Alt held is
-/// another's. While a song plays any key stops it and does nothing else; Esc gives the selection up.
+/// A key in the score; `shift` is 1 with the shift key, 2 with control, 4 with Alt, or the sum of those held. While a
+/// song plays any key stops it and does nothing else; Esc gives the selection up. Asks for the password of a locked
+/// file first. Z takes back a step with any of the modifiers; all else with control or Alt held is another's.
 void picDocument_KeyDown(int keyCode, int shift);
+
+/// Sounds the strum at the cursor, its length in 64ths, and silences it by a timer of its own, which does not count as
+/// playing. For EntryState::SoundStrum.
+void SoundTypedNote(double length);
+/// Forgets the timer; before Services.Timers goes.
+void EndTypedNote();
+void tmr_stop_Timer();
 
 // Engines ------------------------------------------------------------------------------------------------------------
 

@@ -93,6 +93,7 @@ std::vector<Step> StopSteps() {
 void Start(const std::string& commandLineFile) {
     Editing::MayEdit = PasswordCorrect;
     Editing::Entry = {};
+    Editing::Entry.SoundStrum = Editing::SoundTypedNote;
     Editing::Entry.StepsChanged = [] { Program.View->UpdateCommands(); };
     Editing::Entry.DocumentRestored = DocumentRestored;
     WatchPlaying();
@@ -105,6 +106,7 @@ bool Stop() {
         Guarded([&] { goOn = step.Run(); });
         if (!goOn) return false;
     }
+    Editing::EndTypedNote();
     return true;
 }
 
