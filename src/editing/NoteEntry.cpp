@@ -184,6 +184,7 @@ void picDocument_KeyDown(int keyCode, int shift) {
 
     const bool keep = UndoIsOn();
     UndoSlot before = keep ? Snapshot(Open) : UndoSlot{};
+    const bool couldUndo = keep && CanUndo(Undone);
     Entry.EditDone = false;
     Entry.EditDone = EnterKey(Open, key);
     TypedNoteSound(Open, key);
@@ -191,7 +192,7 @@ void picDocument_KeyDown(int keyCode, int shift) {
         Open.FileChanged = true;
         Drawing::Page.LayoutDirty = 1;
         if (keep) TakeUndoStep(Undone, std::move(before));
-        if (Entry.StepsChanged) Entry.StepsChanged();
+        if (keep && !couldUndo && Entry.StepsChanged) Entry.StepsChanged();
     }
     RecommendStaff(Open, key);
 }

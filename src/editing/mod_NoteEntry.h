@@ -52,7 +52,7 @@ struct EntryState {
     bool (*OpenDialog)(EntryDialog) = nullptr;
     /// A note was typed at the cursor and may be heard; the length of its strum is in 64ths.
     void (*SoundStrum)(double length) = nullptr;
-    /// A step was taken, or undone: whether there is one to undo may have changed.
+    /// The first step was taken: there is something to undo now.
     void (*StepsChanged)() = nullptr;
     /// The whole document was replaced by an earlier state of itself.
     void (*DocumentRestored)() = nullptr;

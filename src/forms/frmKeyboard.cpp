@@ -26,6 +26,41 @@ constexpr ScoreKey ScoreKeys[] = {{Qt::Key_Left, "str_KeyLeft"},     {Qt::Key_Ri
                                   {Qt::Key_PageUp, "str_KeyPageUp"}, {Qt::Key_PageDown, "str_KeyPageDown"},
                                   {Qt::Key_Escape, "str_KeyEscape"}};
 
+/// A key of note entry. Those marked with a star in the list are for tracks without drums.
+struct EntryKey {
+    const char* TextKey;
+    const char* Keys;
+    enum Tracks : char { All, Normal, Drums } For;
+};
+constexpr EntryKey EntryKeys[] = {
+    {"str_KeyFret", "0-9", EntryKey::Normal},
+    {"str_KeyDeadNote", "X", EntryKey::Normal},
+    {"str_KeyClearNote", "Del", EntryKey::All},
+    {"str_KeyNotationNote", "Enter", EntryKey::All},
+    {"str_KeyDrumLetter", "O X R F S C T", EntryKey::Drums},
+    {"str_KeyLength", "+ / -", EntryKey::All},
+    {"str_KeyDotted", ".", EntryKey::All},
+    {"str_KeyTuplets", "Shift+3 5 6 7 9", EntryKey::All},
+    {"str_KeyDeleteBeat", "Shift+Del, Backspace", EntryKey::All},
+    {"str_KeyInsertBeat", "Shift+Ins", EntryKey::All},
+    {"str_KeyNextString", "Shift+Up / Down", EntryKey::Normal},
+    {"str_KeyAddToNote", "Shift++", EntryKey::Normal},
+    {"str_KeyTakeFromNote", "Shift+-", EntryKey::Normal},
+    {"str_KeyHammerOn", "H", EntryKey::Normal},
+    {"str_KeySlide", "S", EntryKey::Normal},
+    {"str_KeyGhost", "G", EntryKey::Normal},
+    {"str_KeyTie", "L", EntryKey::Normal},
+    {"str_KeyLetRing", "Shift+R", EntryKey::Normal},
+    {"str_KeyTap", "T", EntryKey::Normal},
+    {"str_KeyVibrato", "V", EntryKey::Normal},
+    {"str_KeyUpstroke", "U", EntryKey::Normal},
+    {"str_KeyDownstroke", "D", EntryKey::Normal},
+    {"str_KeyRepeatChord", "R", EntryKey::Normal},
+    {"str_KeyMoveRight", "Shift+M", EntryKey::Normal},
+    {"str_KeyMoveLeft", "Shift+N", EntryKey::Normal},
+    {"str_KeyShiftRight", "Shift+O", EntryKey::Normal},
+};
+
 QTreeWidgetItem* AddGroup(QTreeWidget* list, const QString& title) {
     auto* const group = new QTreeWidgetItem(list, {title});
     QFont bold = list->font();
@@ -51,6 +86,14 @@ frmKeyboard::frmKeyboard(QWidget* parent) : QDialog(parent) {
     }
     new QTreeWidgetItem(group, {Text("str_KeyShiftClick"), Text("str_KeyShiftClickKeys")});
     new QTreeWidgetItem(group, {Text("str_KeyWheelZoom"), Text("str_KeyWheelZoomKeys")});
+    group = AddGroup(list, Text("str_KeyNotes"));
+    for (const EntryKey& each : EntryKeys) {
+        QString keys = each.Keys;
+        if (each.For == EntryKey::Normal) keys += " *";
+        if (each.For == EntryKey::Drums) keys += QString(" (%1)").arg(Text("str_KeyDrumOnly"));
+        new QTreeWidgetItem(group, {Text(each.TextKey), keys});
+    }
+    new QTreeWidgetItem(group, {Text("str_KeyNormalOnly"), QString()});
     std::string_view menu;
     for (const Shell::Command& command : Shell::Commands()) {
         if (command.Shortcut.empty()) continue;

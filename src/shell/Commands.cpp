@@ -5,6 +5,7 @@
 #include "core/mod_Language.h"
 #include "core/mod_Settings.h"
 #include "core/mod_TabFileStructure.h"
+#include "editing/mod_Undo.h"
 #include "shell/mod_Shell.h"
 #include "shell/mod_Sound.h"
 
@@ -15,6 +16,7 @@ using Core::Open;
 namespace {
 
 constexpr std::string_view FileMenu = "str_MenuFile";
+constexpr std::string_view EditMenu = "str_MenuEdit";
 constexpr std::string_view ViewMenu = "str_MenuView";
 constexpr std::string_view ToolbarsMenu = "str_MenuView/str_MenuToolbars";
 constexpr std::string_view TrackMenu = "str_MenuTrack";
@@ -107,6 +109,14 @@ constexpr Command Table[] = {
      .Icon = "exit",
      .SeparatorBefore = true,
      .Run = mnuFileExit_Click},
+
+    {.Name = "mnuEditUndo",
+     .Menu = EditMenu,
+     .Text = "str_EditUndo",
+     .Shortcut = "Ctrl+Z",
+     .Icon = "undo",
+     .Run = Editing::mnuEditUndo_Click,
+     .Enabled = Editing::CanUndo},
 
     {.Name = "mnuViewZoomIn",
      .Menu = ViewMenu,

@@ -3,11 +3,13 @@
 #include <QComboBox>
 #include <QDropEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMimeData>
 #include <QScrollBar>
 #include <QSlider>
 #include <QWheelEvent>
 
+#include "core/mod_TabFileManipulation.h"
 #include "tests/windows/WindowFixture.h"
 
 namespace Quillon::Forms {
@@ -75,6 +77,90 @@ TEST_F(DocumentWindowTest, ArrowKeysMoveAndTheStatusFollows) {
     EXPECT_EQ(Open.CurString, 1);
     EXPECT_EQ(In<QLabel>(*window, "lblPlace").text(), "Bar 1 of 27, beat 2");
     EXPECT_EQ(In<QLabel>(*window, "lblNote").text(), "string 2, no note, eighth");
+}
+
+TEST_F(DocumentWindowTest, TypedNotesAreEnteredPaintedAndUndone) {
+    Start();
+    const QImage empty = Shot();
+    EXPECT_FALSE(window->ActionOf("mnuEditUndo")->isEnabled());
+    EXPECT_FALSE(Open.FileChanged);
+    for (const Qt::Key key : {Qt::Key_1, Qt::Key_2, Qt::Key_Down, Qt::Key_X, Qt::Key_Right, Qt::Key_5}) {
+        QTest::keyClick(&Score(), key);
+    }
+    Settle();
+    const auto fret = [](int strum, int string) { return Core::ReadStrum(0, 0, strum).Notes[string].Fret; };
+    ASSERT_EQ(Core::NumberOfStrums(0, 0), 1);
+    EXPECT_EQ(fret(0, 0), "12");
+    EXPECT_EQ(fret(0, 1), "x");
+    EXPECT_EQ(fret(1, 1), "5");
+    EXPECT_EQ(In<QLabel>(*window, "lblNote").text(), "string 2, fret 5, quarter");
+    EXPECT_TRUE(Open.FileChanged);
+    EXPECT_TRUE(window->ActionOf("mnuEditUndo")->isEnabled());
+    EXPECT_NE(Shot(), empty);
+    QTest::keyClick(&Score(), Qt::Key_Z, Qt::ControlModifier);
+    Settle();
+    ASSERT_EQ(Core::NumberOfStrums(0, 0), 1) << "one press, one step";
+    EXPECT_EQ(fret(1, 1), "");
+    QTest::keyClick(&Score(), Qt::Key_Z);
+    for (int i = 0; i < 3; ++i) Run("mnuEditUndo");
+    EXPECT_FALSE(window->ActionOf("mnuEditUndo")->isEnabled());
+    EXPECT_EQ(Shot(), empty);
+}
+
+TEST_F(DocumentWindowTest, ShiftedKeysReachTheScoreAsTheirPlainOnes) {
+    Start();
+    struct Row {
+        Qt::Key Key;
+        Qt::KeyboardModifiers Held;
+        const char* What;
+        bool (*Holds)(const Core::Strum&);
+    };
+    const Row rows[] = {
+        {Qt::Key_NumberSign, Qt::ShiftModifier, "Shift+3", [](auto& s) { return s.HasTuplet && s.Tuplet == 0; }},
+        {Qt::Key_ParenLeft, Qt::ShiftModifier, "Shift+9", [](auto& s) { return s.Tuplet == 4; }},
+        {Qt::Key_Minus, Qt::NoModifier, "-", [](auto& s) { return s.Length == 3; }},
+        {Qt::Key_Equal, Qt::NoModifier, "= where + stands", [](auto& s) { return s.Length == 2; }},
+        {Qt::Key_Plus, Qt::KeypadModifier, "+ of the keypad", [](auto& s) { return s.Length == 1; }},
+        {Qt::Key_Period, Qt::NoModifier, ".", [](auto& s) { return s.Dotted; }},
+        {Qt::Key_Comma, Qt::KeypadModifier, "the keypad's decimal key", [](auto& s) { return !s.Dotted; }},
+        {Qt::Key_7, Qt::KeypadModifier, "7 of the keypad", [](auto& s) { return s.Notes[0].Fret == "7"; }},
+        {Qt::Key_Plus, Qt::ShiftModifier, "Shift++", [](auto& s) { return s.Notes[0].Fret == "8"; }},
+        {Qt::Key_Underscore, Qt::ShiftModifier, "Shift+-", [](auto& s) { return s.Notes[0].Fret == "7"; }},
+        {Qt::Key_R, Qt::ShiftModifier, "Shift+R", [](auto& s) { return s.Notes[0].LetRing; }},
+        {Qt::Key_Down, Qt::ShiftModifier, "Shift+Down", [](auto& s) { return s.Notes[1].Fret == "12"; }},
+        {Qt::Key_Delete, Qt::NoModifier, "Del", [](auto& s) { return s.Notes[1].Fret.empty(); }},
+        {Qt::Key_Insert, Qt::ShiftModifier, "Shift+Ins", [](auto&) { return Core::NumberOfStrums(0, 0) == 1; }},
+        {Qt::Key_Backspace, Qt::NoModifier, "Backspace", [](auto&) { return Core::NumberOfStrums(0, 0) == 0; }},
+    };
+    for (const Row& row : rows) {
+        QTest::keyClick(&Score(), row.Key, row.Held);
+        EXPECT_TRUE(row.Holds(Core::ReadStrum(0, 0, 0))) << row.What;
+    }
+}
+
+TEST_F(DocumentWindowTest, ALockedFileAsksForItsPasswordBeforeAKey) {
+    Start();
+    Open.TabFile.HasPassword = true;
+    Open.TabFile.Password = "sesame";
+    int asked = 0;
+    const auto press = [&](const QString& password) {
+        QTimer::singleShot(0, window.get(), [&asked, password] {
+            auto* const dialog = QApplication::activeModalWidget();
+            if (!dialog) return;
+            ++asked;
+            dialog->findChild<QLineEdit*>()->setText(password);
+            qobject_cast<QDialog*>(dialog)->accept();
+        });
+        QTest::keyClick(&Score(), Qt::Key_5);
+        Settle();
+    };
+    press("wrong");
+    EXPECT_EQ(Core::ReadStrum(0, 0, 0).Notes[0].Fret, "");
+    EXPECT_EQ(box.Shown.size(), 1U);
+    press("sesame");
+    EXPECT_EQ(Core::ReadStrum(0, 0, 0).Notes[0].Fret, "5");
+    press("");
+    EXPECT_EQ(asked, 2) << "given once, it holds";
 }
 
 TEST_F(DocumentWindowTest, TheCursorIsToldToScreenReaders) {

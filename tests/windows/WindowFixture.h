@@ -15,6 +15,7 @@
 #include "core/mod_Settings.h"
 #include "core/mod_TabFileStructure.h"
 #include "drawing/mod_PageLayout.h"
+#include "editing/mod_NoteEntry.h"
 #include "editing/mod_Selection.h"
 #include "forms/Theme.h"
 #include "forms/frmMain.h"
@@ -55,6 +56,7 @@ protected:
     }
     ~WindowTest() override {
         window.reset();
+        Editing::EndTypedNote();
         Reset();
         ApplyTheme(Theme::System);
     }
