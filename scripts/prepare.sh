@@ -21,6 +21,7 @@ fonts-liberation|the fonts of a page'
 to_test='libgtest-dev|the tests
 libgmock-dev|the tests
 clang-format|the test of the formatting'
+to_bench='fluidsynth|the command that the writing of sound files is measured beside'
 to_use_clang='clang|the other compiler'
 to_lint='clang|the other compiler
 clang-tidy|the linter'

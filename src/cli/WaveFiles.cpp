@@ -5,11 +5,14 @@
 #include "core/mod_Settings.h"
 #include "exchange/WaveExport.h"
 #include "platform/Services.h"
+#include "shell/mod_Sound.h"
 
 namespace Quillon::Cli {
 
 bool WriteWave(const std::filesystem::path& path, const ConvertOptions&) {
     Core::LoadINISettings();
+    Shell::LoadSoundSettings();
+    Services.Synth->Apply(Shell::Sound.Synthesizer);
     const auto renderer = Services.Synth->NewRenderer();
     switch (Exchange::ExportWave(path, *renderer)) {
         case Exchange::WaveOutcome::Written:

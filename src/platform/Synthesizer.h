@@ -14,7 +14,7 @@ namespace Quillon {
 
 struct SynthesizerSettings {
     std::filesystem::path SoundFont;  ///< "" for the first of the found ones
-    double Gain = 0.6;                ///< 0 to LoudestGain; 1 may clip with many notes
+    double Gain = 0.5;                ///< 0 to LoudestGain; above this one songs with many notes clip
     bool Reverb = true;
     bool Chorus = true;
     bool operator==(const SynthesizerSettings&) const = default;
