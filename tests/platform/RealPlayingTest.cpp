@@ -15,10 +15,10 @@ namespace Quillon::Playback {
 
 namespace {
 
-/// A bar of bends and vibrato, in which a tick is a millisecond, that repeats for a very long time.
+/// A bar of bends and vibrato that repeats for a very long time.
 Core::TabFile RestlessSong() {
     Core::TabFile song;
-    song.Tempo = 3750;
+    song.Tempo = 940;  // a tick is 4 ms
     song.BarInfos.Edit(0).RepeatClose = 30'000;
     Core::List<Core::Strum>& strums = song.Tracks[0].Bars.Edit(0).EditStrums();
     strums.Resize(2);

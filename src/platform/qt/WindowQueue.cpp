@@ -3,6 +3,8 @@
 #include <sys/eventfd.h>
 #include <unistd.h>
 
+#include <chrono>
+
 #include "platform/RunTimeError.h"
 
 namespace Quillon {
@@ -10,6 +12,9 @@ namespace Quillon {
 namespace {
 
 constexpr std::size_t FirstRoom = 256;
+constexpr std::size_t MostRoom = std::size_t{1} << 20;
+/// How long handlers may run before painting and keys have their turn.
+constexpr std::chrono::milliseconds Turn(8);
 
 }  // namespace
 
@@ -27,6 +32,7 @@ WindowQueue::~WindowQueue() {
 void WindowQueue::Post(std::int32_t window, int message, int parameter) {
     const std::lock_guard guard(lock);
     if (posted - taken == ring.size()) {
+        if (ring.size() == MostRoom) return;
         std::vector<Waiting> larger(ring.size() * 2);
         for (std::uint64_t at = taken; at != posted; ++at) larger[at % larger.size()] = ring[at % ring.size()];
         ring.swap(larger);
@@ -53,8 +59,12 @@ void WindowQueue::HandleWaiting() {
         last = posted;
     }
     // A handler may pump messages itself, which takes the next ones from here.
+    const auto end = std::chrono::steady_clock::now() + Turn;
     Waiting message;
-    while (TakeUpTo(last, message)) Send(message.Window, message.Message, message.Parameter);
+    while (TakeUpTo(last, message)) {
+        Send(message.Window, message.Message, message.Parameter);
+        if (std::chrono::steady_clock::now() >= end) return;
+    }
 }
 
 }  // namespace Quillon

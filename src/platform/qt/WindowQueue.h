@@ -2,7 +2,8 @@
 //
 // Messages wait in one line behind a lock. A counter of the kernel is readable as long as any waits, and wakes the
 // event loop of whatever window library level it runs in: a dialog that pumps messages goes on where the handler that
-// opened it stood. Each wake-up handles what waited when it began, so that painting has its turn under any load.
+// opened it stood. Each wake-up handles what waited when it began, and for a few milliseconds at most, so that painting
+// and keys have their turn under any load: a song that asks for more timers than the machine can serve can be stopped.
 #pragma once
 
 #include <QSocketNotifier>
@@ -24,7 +25,8 @@ public:
     WindowQueue(const WindowQueue&) = delete;
     WindowQueue& operator=(const WindowQueue&) = delete;
 
-    /// Allocates only when more messages wait than ever before.
+    /// Allocates only when more messages wait than ever before. Past a million that wait, as only a song beyond every
+    /// machine brings about, further ones are lost.
     void Post(std::int32_t window, int message, int parameter) override;
 
 private:
