@@ -172,6 +172,8 @@ void DrawCursor(Picture& picture) {
     const int y = bar->Place.BarY;
     if (Open.InputMode == Core::TabInput && track.ShowTab) {
         DrawOutline(picture, x - 9, y + TabOffset(track) + 10 * Open.CurString, 19, 12);
+    } else if (track.IsDrum && (track.ShowTreble || track.ShowBass)) {
+        DrawOutline(picture, x - 8, y + DrumLaneY(Open.CurPitch) - 5, 17, 10);
     } else if (track.ShowTreble || track.ShowBass) {
         const int base = track.ShowTreble ? 0 : NotationBaseOffset(track);
         DrawOutline(picture, x - 8, y + base + PitchToStaffY(Open.CurPitch, false) + 2, 17, 10);

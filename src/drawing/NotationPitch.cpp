@@ -45,4 +45,11 @@ int DrumLaneFromY(int y) {
     return lane == bounds.end() ? -1 : static_cast<int>(lane - bounds.begin());
 }
 
+int DrumLaneY(int lane) {
+    constexpr int anchor = 24;
+    static constexpr std::array<int, 9> middles = {-36, -33, -28, -22, -16, -10, -2, 6, 10};
+    const int last = static_cast<int>(middles.size()) - 1;
+    return anchor + middles[static_cast<std::size_t>(std::clamp(lane, 0, last))];
+}
+
 }  // namespace Quillon::Drawing

@@ -21,6 +21,8 @@ int StaffYToPitch(int y);
 bool KeyUsesFlats(std::int32_t key);
 /// Lane 0 to 6 of a height on a percussion staff, from the top; -1 where none lies.
 int DrumLaneFromY(int y);
+/// Middle of a lane below the row's top; the two lanes under those that a click reaches lie below the staff.
+int DrumLaneY(int lane);
 
 /// Pitch at which a note is written: open pitch plus fret (0 for what is no number), an octave up or down as the
 /// track says.

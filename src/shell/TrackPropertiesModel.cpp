@@ -5,6 +5,7 @@
 #include "core/mod_TabFileManipulation.h"
 #include "drawing/mod_PageLayout.h"
 #include "editing/mod_Cursor.h"
+#include "editing/mod_NoteEntry.h"
 #include "shell/DialogModels.h"
 
 namespace Quillon::Shell {
@@ -29,7 +30,11 @@ Core::Track Result(const TrackPropertiesModel& model) {
         // A name left as it was loaded may stand for a pitch that no name can be typed for.
         if (pitch >= 0) track.Tuning[s] = Core::ToInt16(pitch - Core::StandardPitches[s]);
     }
-    track.Bars = Open.TabFile.Tracks[model.Index].Bars;
+    const Core::Track& before = Open.TabFile.Tracks[model.Index];
+    track.Bars = before.Bars;
+    // A track that becomes one of drums has letters that sound, unless some were chosen.
+    const bool silent = track.PercStrings == Core::Row<PercAssignment, StringCount>();
+    if (track.IsDrum && !before.IsDrum && silent) track.PercStrings = Editing::DefaultDrumSounds();
     return track;
 }
 

@@ -101,6 +101,22 @@ TEST_F(DialogModels, TrackPropertiesTakeNotesForTheTuningAndKeepTheBars) {
     EXPECT_EQ(Window().Calls, (std::vector<std::string>{"tracks", "draw"}));
 }
 
+TEST_F(DialogModels, ATrackThatBecomesDrumsHasLettersThatSoundUnlessSomeWereChosen) {
+    Window().OnTrackProperties = [](TrackPropertiesModel& model) {
+        model.Track.IsDrum = true;
+        return true;
+    };
+    mnuTrackProperties_Click();
+    EXPECT_EQ(Open.TabFile.Tracks[0].PercStrings[3].dbo, 6);
+    EXPECT_EQ(Open.TabFile.Tracks[0].PercStrings[5].dlo, 2);
+    Open.TabFile.Tracks[0].IsDrum = false;
+    Open.TabFile.Tracks[0].PercStrings = {};
+    Open.TabFile.Tracks[0].PercStrings[0].dbx = 9;
+    mnuTrackProperties_Click();
+    EXPECT_EQ(Open.TabFile.Tracks[0].PercStrings[0].dbx, 9);
+    EXPECT_EQ(Open.TabFile.Tracks[0].PercStrings[5].dlo, 0);
+}
+
 TEST_F(DialogModels, TrackPropertiesComplainInTurn) {
     const std::pair<std::function<void(TrackPropertiesModel&)>, const char*> cases[] = {
         {[](auto& m) { m.Track.Volume = 128; }, "str_VolumeOutOfRange"},
