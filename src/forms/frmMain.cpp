@@ -216,4 +216,14 @@ std::optional<std::filesystem::path> frmMain::AskSaveFile(const std::filesystem:
     return ToPath(dialog.selectedFiles().first());
 }
 
+std::optional<std::filesystem::path> frmMain::AskWaveFile(const std::filesystem::path& suggested) {
+    QFileDialog dialog(this, Text("str_WaveTitle"), PathText(suggested.parent_path()),
+                       Text("str_FilterWave") + " (*.wav)");
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix("wav");
+    dialog.selectFile(PathText(suggested.filename()));
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+    return ToPath(dialog.selectedFiles().first());
+}
+
 }  // namespace Quillon::Forms

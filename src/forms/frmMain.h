@@ -26,6 +26,7 @@ struct Command;
 namespace Quillon::Forms {
 
 class picDocument;
+class WorkProgress;
 class picMixTable;
 
 class frmMain : public QMainWindow, public Shell::ShellView, public Shell::Dialogs {
@@ -58,6 +59,10 @@ public:
     void PlayingStopped() override;
     void ScrollToBar(int bar) override;
     void MovePlayMarker() override;
+    std::optional<std::filesystem::path> AskWaveFile(const std::filesystem::path& suggested) override;
+    void BeginWork(const std::string& text) override;
+    bool GoOnWithWork(int percent) override;
+    void EndWork() override;
     std::optional<std::filesystem::path> AskOpenFile(const std::filesystem::path& folder) override;
     std::optional<std::filesystem::path> AskSaveFile(const std::filesystem::path& suggested) override;
 
@@ -109,6 +114,7 @@ private:
     QToolButton* cmdZoom = nullptr;
     QTimer* tmrRecovery = nullptr;
     QTimer* tmrPlayPlace = nullptr;  // runs while a song plays
+    WorkProgress* work = nullptr;
     picMixTable* mixTable = nullptr;
     QDockWidget* dockMixTable = nullptr;
     std::unique_ptr<QTranslator> libraryTexts;  // of the file and colour dialogs, which the library brings

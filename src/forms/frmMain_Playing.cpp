@@ -6,11 +6,13 @@
 #include <QLabel>
 #include <QMenu>
 #include <QSlider>
+#include <QStatusBar>
 #include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
 
 #include "forms/Text.h"
+#include "forms/WorkProgress.h"
 #include "forms/frmMain.h"
 #include "forms/picDocument.h"
 #include "forms/picMixTable.h"
@@ -31,13 +33,16 @@ void frmMain::BuildPlaying() {
     connect(tmrPlayPlace, &QTimer::timeout, this, [this] {
         if (const auto text = Shell::PlayPlaceChanged()) lblPlace->setText(ToQString(*text));
     });
+    work = new WorkProgress(this);
+    statusBar()->insertPermanentWidget(1, work);
+    work->hide();
     mixTable = new picMixTable(this);
     dockMixTable = new QDockWidget(this);
     dockMixTable->setObjectName("dockMixTable");
     dockMixTable->setWidget(mixTable);
     dockMixTable->setVisible(false);
     addDockWidget(Qt::LeftDockWidgetArea, dockMixTable);
-    resizeDocks({dockMixTable}, {280}, Qt::Horizontal);
+    resizeDocks({dockMixTable}, {255}, Qt::Horizontal);
     // Closed by its own button; not when the whole window goes.
     connect(dockMixTable->toggleViewAction(), &QAction::triggered, this, [this](bool visible) {
         Shell::Program.MixTableVisible = visible;
@@ -75,6 +80,15 @@ void frmMain::PlayingStopped() {
 void frmMain::ScrollToBar(int bar) { document->ScrollToBar(bar); }
 
 void frmMain::MovePlayMarker() { document->MovePlayMarker(); }
+
+void frmMain::BeginWork(const std::string& text) {
+    ShowStatus("");
+    work->Begin(ToQString(text));
+}
+
+bool frmMain::GoOnWithWork(int percent) { return work->GoOn(percent); }
+
+void frmMain::EndWork() { work->End(); }
 
 /// Menus of which nothing can be chosen are grey themselves.
 void frmMain::ShowMenus() {

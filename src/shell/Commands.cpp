@@ -6,6 +6,7 @@
 #include "core/mod_Settings.h"
 #include "core/mod_TabFileStructure.h"
 #include "editing/mod_Undo.h"
+#include "platform/Services.h"
 #include "shell/mod_Shell.h"
 #include "shell/mod_Sound.h"
 
@@ -82,6 +83,12 @@ constexpr Command Table[] = {
      .Shortcut = "Ctrl+E",
      .Icon = "export-picture",
      .Run = mnuFileExportPicture_Click},
+    {.Name = "mnuFileExportWave",
+     .Menu = FileMenu,
+     .Text = "str_FileExportWave",
+     .Icon = "export-wave",
+     .Run = mnuFileExportWave_Click,
+     .Enabled = [] { return Services.Synth != nullptr; }},
     {.Name = "mnuFileProperties",
      .Menu = FileMenu,
      .Text = "str_FileProperties",

@@ -60,6 +60,13 @@ struct ShellView {
     virtual void ScrollToBar(int bar) = 0;
     /// The play marker stands elsewhere or nowhere, see PlayMarkerNow.
     virtual void MovePlayMarker() = 0;
+    /// Asks where a sound file goes, and whether to overwrite; nothing when cancelled.
+    virtual std::optional<std::filesystem::path> AskWaveFile(const std::filesystem::path& suggested) = 0;
+    /// Long work begins: the status bar shows it with a way to cancel; user input is held back.
+    virtual void BeginWork(const std::string& text) = 0;
+    /// Shows how far it is and runs what waits; false when it was cancelled.
+    virtual bool GoOnWithWork(int percent) = 0;
+    virtual void EndWork() = 0;
     /// Ends the message loop after Stop said so.
     virtual void CloseWindow() = 0;
     /// Asks for a file to open; nothing when cancelled.
@@ -146,6 +153,7 @@ bool mnuFileSaveAs_Click();  ///< likewise
 void mnuFileProperties_Click();
 void mnuFilePageSetup_Click();
 void mnuFileExportPicture_Click();
+void mnuFileExportWave_Click();
 void mnuFileOptions_Click();
 void mnuFileExit_Click();
 

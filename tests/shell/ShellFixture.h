@@ -53,6 +53,8 @@ struct FakeWindow : ShellView, Dialogs {
     std::vector<std::string> Status;
     std::optional<std::filesystem::path> OpenAnswer, SaveAnswer;
     std::filesystem::path Suggested;
+    int Percent = 0;
+    int CancelAt = 1000;
     std::optional<std::string> Password;
     std::function<bool(FilePropertiesModel&)> OnFileProperties;
     std::function<bool(TrackPropertiesModel&)> OnTrackProperties;
@@ -86,6 +88,16 @@ struct FakeWindow : ShellView, Dialogs {
         Suggested = suggested;
         return SaveAnswer;
     }
+    std::optional<std::filesystem::path> AskWaveFile(const std::filesystem::path& suggested) override {
+        Suggested = suggested;
+        return SaveAnswer;
+    }
+    void BeginWork(const std::string&) override { Calls.emplace_back("work"); }
+    bool GoOnWithWork(int percent) override {
+        Percent = percent;
+        return percent < CancelAt;
+    }
+    void EndWork() override { Calls.emplace_back("work ends"); }
     bool EditFileProperties(FilePropertiesModel& model) override { return OnFileProperties && OnFileProperties(model); }
     bool EditTrackProperties(TrackPropertiesModel& model) override {
         return OnTrackProperties && OnTrackProperties(model);

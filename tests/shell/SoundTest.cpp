@@ -1,4 +1,6 @@
 // Which device is opened, why it is silent, and what the store remembers of it.
+#include "platform/RunTimeError.h"
+#include "shell/Commands.h"
 #include "tests/shell/ShellFixture.h"
 
 namespace Quillon::Shell {
@@ -38,6 +40,11 @@ struct NamedOutputs : MidiOutputs {
     std::string ErrorText(int) override { return "The port is busy."; }
 };
 
+struct SilentRenderer : WaveRenderer {
+    int ShortMessage(std::int16_t, std::int16_t, std::int16_t) override { return MidiOk; }
+    void Render(std::span<std::int16_t> samples) override { std::ranges::fill(samples, std::int16_t{0}); }
+};
+
 struct FakeSynthesizer : Synthesizer {
     SynthesizerSettings Applied;
     SynthesizerState Is = SynthesizerState::Sounding;
@@ -47,7 +54,10 @@ struct FakeSynthesizer : Synthesizer {
     std::filesystem::path SoundFont() const override { return "/fonts/small.sf2"; }
     std::string AudioSystem() const override { return "air"; }
     std::vector<std::filesystem::path> SoundFonts() const override { return {"/fonts/small.sf2", "/fonts/big.sf2"}; }
-    std::unique_ptr<WaveRenderer> NewRenderer() override { return nullptr; }
+    std::unique_ptr<WaveRenderer> NewRenderer() override {
+        if (Is == SynthesizerState::NoSoundFont) throw RunTimeError(53, "no SoundFont");
+        return std::make_unique<SilentRenderer>();
+    }
 };
 
 class SoundDevices : public ShellTest {
@@ -226,6 +236,39 @@ TEST_F(SoundDevices, TheTestToneEndsByItself) {
     }
     EXPECT_EQ(outputs.Log.back(), "176 123 0");
     EXPECT_EQ(run->Clock.Running(), 0U);
+}
+
+TEST_F(SoundDevices, ASoundFileIsWrittenWholeOrNotAtAll) {
+    Start("");
+    EXPECT_TRUE(IsEnabled(*FindCommand("mnuFileExportWave")));
+    const auto target = folder / "song.wav";
+    mnuFileExportWave_Click();
+    EXPECT_EQ(Window().Suggested, "Untitled.wav");
+    EXPECT_FALSE(std::filesystem::exists(target)) << "the question was cancelled";
+    Window().SaveAnswer = target;
+
+    Window().CancelAt = 0;
+    mnuFileExportWave_Click();
+    EXPECT_FALSE(std::filesystem::exists(target));
+    EXPECT_EQ(Window().Calls.back(), "work ends");
+    EXPECT_NE(Window().Status.back().find("not written"), std::string::npos);
+
+    Window().CancelAt = 1000;
+    synthesizer.Is = SynthesizerState::NoSoundFont;
+    RunCommand(*FindCommand("mnuFileExportWave"));
+    EXPECT_EQ(Box().Shown, std::vector<std::string>{"no SoundFont"});
+    synthesizer.Is = SynthesizerState::Sounding;
+    Window().SaveAnswer = folder / "no such folder" / "song.wav";
+    RunCommand(*FindCommand("mnuFileExportWave"));
+    EXPECT_NE(Box().Shown.back().find("no such folder"), std::string::npos);
+    EXPECT_EQ(Window().Calls.back(), "work ends") << "also when it raises";
+
+    Window().SaveAnswer = target;
+    mnuFileExportWave_Click();
+    EXPECT_EQ(Testing::Slurp(target).substr(0, 4), "RIFF");
+    EXPECT_EQ(Window().Status.back(), "song.wav written");
+    Services.Synth = nullptr;
+    EXPECT_FALSE(IsEnabled(*FindCommand("mnuFileExportWave")));
 }
 
 }  // namespace
