@@ -66,6 +66,7 @@ void frmOptions::BuildSoundPage(Shell::OptionsModel& model) {
     lblSoundState->setObjectName("lblSoundState");
     lblSoundState->setTextFormat(Qt::PlainText);
     lblSoundState->setWordWrap(true);
+    lblSoundState->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     lblSoundState->setMinimumHeight(fontMetrics().lineSpacing() * 3);
     lblSoundState->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     page->addRow(QString(), lblSoundState);
