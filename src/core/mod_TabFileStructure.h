@@ -125,7 +125,7 @@ struct BarInfo {
     std::int16_t ToCoda = 0;
     std::int16_t Segno = 0;
     bool RepeatOpen = false;
-    std::int16_t RepeatClose = 0;  ///< times that the repeat closing here is played, 0 for none
+    std::int16_t RepeatClose = 0;  ///< jumps back at the repeat closing here, 0 for none; the page prints it
     bool operator==(const BarInfo&) const = default;
 };
 
