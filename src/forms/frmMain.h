@@ -76,6 +76,7 @@ public:
     void ExportPicture() override;
     void ShowAbout() override;
     void ShowKeyboardHelp() override;
+    void ShowCommandPalette() override;
 
 Q_SIGNALS:
     /// The window's first frame was painted.

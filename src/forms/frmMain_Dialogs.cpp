@@ -10,6 +10,7 @@
 #include "forms/PictureEncoder.h"
 #include "forms/Text.h"
 #include "forms/frmAbout.h"
+#include "forms/frmCommandPalette.h"
 #include "forms/frmExportPicture.h"
 #include "forms/frmFileProperties.h"
 #include "forms/frmKeyboard.h"
@@ -21,6 +22,7 @@
 #include "platform/FileSystem.h"
 #include "platform/MessageBox.h"
 #include "platform/Services.h"
+#include "shell/Commands.h"
 #include "shell/DialogModels.h"
 
 namespace Quillon::Forms {
@@ -103,5 +105,17 @@ void frmMain::ExportPicture() {
 void frmMain::ShowAbout() { frmAbout(this).exec(); }
 
 void frmMain::ShowKeyboardHelp() { frmKeyboard(this).exec(); }
+
+void frmMain::ShowCommandPalette() {
+    const Shell::Command* chosen = nullptr;
+    {
+        frmCommandPalette asked(this);
+        asked.exec();
+        chosen = asked.Chosen();
+    }
+    if (!chosen) return;
+    Shell::RunCommand(*chosen);
+    UpdateCommands();
+}
 
 }  // namespace Quillon::Forms

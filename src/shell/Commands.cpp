@@ -268,6 +268,11 @@ constexpr Command Table[] = {
      .Run = mnuSoundFollow_Click,
      .Checked = [] { return Core::Settings.FollowTabPlayback; }},
 
+    {.Name = "mnuHelpPalette",
+     .Menu = HelpMenu,
+     .Text = "str_HelpPalette",
+     .Shortcut = "Ctrl+Shift+P",
+     .Run = [] { Program.Dialogs->ShowCommandPalette(); }},
     {.Name = "mnuHelpKeyboard",
      .Menu = HelpMenu,
      .Text = "str_HelpKeyboard",

@@ -90,6 +90,8 @@ struct Dialogs {
     virtual void ExportPicture() = 0;
     virtual void ShowAbout() = 0;
     virtual void ShowKeyboardHelp() = 0;
+    /// Lets a command be chosen by what its caption says, and runs it.
+    virtual void ShowCommandPalette() = 0;
 };
 
 struct ProgramState {

@@ -1,9 +1,11 @@
 #include "shell/Commands.h"
 
+#include <algorithm>
 #include <set>
 #include <sstream>
 
 #include "core/mod_Common.h"
+#include "shell/CommandPalette.h"
 #include "tests/shell/ShellFixture.h"
 
 namespace Quillon::Shell {
@@ -116,6 +118,28 @@ TEST_F(CommandTable, WhatACommandRaisesBecomesAMessage) {
 TEST_F(CommandTable, APageThatCantBeLaidOutSaysWhatToDo) {
     EXPECT_NE(LayoutFailureText(RunTimeError(6, "Overflow")).find("Divide that bar"), std::string::npos);
     EXPECT_EQ(LayoutFailureText(RunTimeError(9, "Subscript out of range")), "Subscript out of range");
+}
+
+TEST_F(CommandTable, CommandsAreFoundByWhatTheySay) {
+    const auto first = [](const char* typed) {
+        const auto found = FindCommands(typed);
+        return found.empty() ? std::string() : std::string(found.front().Which->Name);
+    };
+    EXPECT_EQ(first("zoom in"), "mnuViewZoomIn");
+    EXPECT_EQ(first("IN zoom"), "mnuViewZoomIn");
+    EXPECT_EQ(first("sav"), "mnuFileSave");
+    EXPECT_EQ(first("toolb file"), "mnuViewToolbarFile") << "the menu's name helps";
+    EXPECT_EQ(first("rackprop"), "");
+    const auto zooms = FindCommands("zoom");
+    ASSERT_GE(zooms.size(), 2U);
+    EXPECT_EQ(zooms[0].Menu, "View");
+    EXPECT_EQ(zooms[0].Keys, "Ctrl++");
+    for (const PaletteEntry& entry : FindCommands(" ")) {
+        EXPECT_EQ(entry.Enabled, IsEnabled(*entry.Which)) << entry.Caption;
+        EXPECT_EQ(entry.Caption.find('&'), std::string::npos) << entry.Caption;
+    }
+    const auto runnable = std::ranges::count_if(Commands(), [](const Command& each) { return each.Run != nullptr; });
+    EXPECT_EQ(static_cast<std::ptrdiff_t>(FindCommands("").size()), runnable);
 }
 
 }  // namespace

@@ -112,6 +112,7 @@ struct FakeWindow : ShellView, Dialogs {
     void ExportPicture() override { Calls.emplace_back("picture"); }
     void ShowAbout() override { Calls.emplace_back("about"); }
     void ShowKeyboardHelp() override { Calls.emplace_back("keyboard"); }
+    void ShowCommandPalette() override { Calls.emplace_back("palette"); }
 };
 
 inline void ResetGlobals() {

@@ -2,12 +2,14 @@
 #include "shell/Commands.h"
 
 #include <QAction>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QToolBar>
 #include <QToolButton>
 #include <set>
 
+#include "shell/CommandPalette.h"
 #include "tests/windows/WindowFixture.h"
 
 namespace Quillon::Forms {
@@ -114,6 +116,28 @@ TEST_F(CommandWindowTest, RecentFilesAreListedAndOpen) {
     entries[1]->trigger();
     Settle();
     EXPECT_EQ(Core::Open.TabFile.Title, "Greensleeves");
+}
+
+TEST_F(CommandWindowTest, ThePaletteRunsWhatIsChosen) {
+    Start();
+    const auto choose = [&](const char* typed, int downs) {
+        WithDialog("mnuHelpPalette", [&](QDialog& palette) {
+            auto& line = In<QLineEdit>(palette, "txtCommand");
+            QTest::keyClicks(&line, typed);
+            for (int i = 0; i < downs; ++i) QTest::keyClick(&line, Qt::Key_Down);
+            QTest::keyClick(&line, Qt::Key_Return);
+        });
+    };
+    choose("zoom in", 0);
+    EXPECT_GT(Shell::Program.ZoomPercent, 100);
+    choose("previous track", 0);  // the only one: disabled, so that nothing is chosen
+    const int zoomed = Shell::Program.ZoomPercent;
+    choose("no such command", 2);
+    EXPECT_EQ(Shell::Program.ZoomPercent, zoomed);
+    const auto zooms = Shell::FindCommands("zoom");
+    ASSERT_EQ(zooms.at(1).Which->Name, "mnuViewZoomOut");
+    choose("zoom", 1);
+    EXPECT_LT(Shell::Program.ZoomPercent, zoomed);
 }
 
 }  // namespace
