@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdlib>
 #include <exception>
+#include <limits>
 #include <string>
 
 #include "core/mod_Common.h"
@@ -127,7 +128,8 @@ WaveOutcome Record(FileWriter& file, WaveRenderer& renderer, const std::function
     int percent = 0;
 
     const auto receive = [&](const Playback::TimedMessage& message) {
-        if (failure) return;
+        if (message.Time > longestMs) outcome = WaveOutcome::TooLong;  // before hours of silence are rendered
+        if (failure || outcome == WaveOutcome::TooLong) return;
         try {
             recording.Play(message);
         } catch (...) {
@@ -148,6 +150,7 @@ WaveOutcome Record(FileWriter& file, WaveRenderer& renderer, const std::function
     };
     Playback::OfflineOptions song;
     song.EndBar = lastBar;
+    song.MaxMs = std::numeric_limits<std::int64_t>::max();  // longestMs ends it, and tells
     Playback::PlayOffline(song, receive, playsOn);
     if (failure) std::rethrow_exception(failure);
     if (outcome == WaveOutcome::Written) recording.End();

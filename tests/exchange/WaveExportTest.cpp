@@ -148,6 +148,16 @@ TEST_F(WaveExportTest, ASongThatIsTooLongIsNotWritten) {
     EXPECT_EQ(ExportWave(target, renderer, {}, 10'000), WaveOutcome::TooLong);
     EXPECT_FALSE(services.Files.Exists(target));
     EXPECT_LT(renderer.Frames, 441'000 + 44'100);
+
+    // Ticks of ten hours, and of four days: nothing of the wait is rendered.
+    MakeSong(1);
+    for (const float tempo : {1e-4F, 1e-5F}) {
+        Core::Open.TabFile.Tempo = tempo;
+        renderer = {};
+        EXPECT_EQ(ExportWave(target, renderer), WaveOutcome::TooLong);
+        EXPECT_EQ(renderer.Frames, 0);
+    }
+    EXPECT_FALSE(services.Files.Exists(target));
 }
 
 }  // namespace
