@@ -24,7 +24,7 @@ void StepGrace(const EffectStage& stage, int index) {
     ctlHiPreTimer& timer = stage.Timers.tmrGrace[index];
     if (!timer.Enabled()) return;
     const EffectArrays::Grace& grace = ElementOf(stage.Arrays.Graces, index);
-    MidiChannelOff(grace.Channel);
+    Skipping([&] { MidiChannelOff(grace.Channel); });
     Skipping([&] {
         const std::int16_t pitch = Core::CInt(grace.Pitch);
         MidiNoteOn(grace.Channel, pitch, grace.Velocity);

@@ -13,7 +13,7 @@ void StepTremPick(const EffectStage& stage, int index) {
         timer.SetEnabled(false);
         return;
     }
-    MidiChannelOff(pick.Channel);
+    Skipping([&] { MidiChannelOff(pick.Channel); });
     Skipping([&] { MidiNoteOn(pick.Channel, Core::CInt(ValueOf(pick.Pitch)), pick.Velocity); });
     --pick.RepeatsLeft;
 }
@@ -37,7 +37,7 @@ void StepTrill(const EffectStage& stage, int index) {
         timer.SetEnabled(false);
         return;
     }
-    MidiChannelOff(trill.Channel);
+    Skipping([&] { MidiChannelOff(trill.Channel); });
     Skipping(
         [&] { MidiNoteOn(trill.Channel, Core::CInt(trill.OtherSide ? trill.Second : trill.First), trill.Velocity); });
     trill.OtherSide = !trill.OtherSide;

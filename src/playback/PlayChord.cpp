@@ -137,8 +137,9 @@ void SoundStrum(const PlayStage& stage, const StrumPlace& at, const Core::Strum&
     if (!strum) return;
     const Core::Track& track = stage.File().Tracks[at.Track];
     if (track.IsDrum) return PlayDrums(track, *strum);
-    MidiSetInstrument(track.Channel, stage.Settings.OutputBank, track.Instrument);
-    MidiSetInstrument(track.EffectChannel, stage.Settings.OutputBank, track.Instrument);
+    for (const std::int16_t each : {track.Channel, track.EffectChannel}) {
+        Skipping([&] { MidiSetInstrument(each, stage.Settings.OutputBank, track.Instrument); });
+    }
     PlaySymbol(track, chord);
     if (strum->Hash == 1) return;
 

@@ -2,7 +2,7 @@
 //
 // A condition that can't be worked out, because an index lies outside, skips what it guards, whichever way it would
 // have gone; a track outside its strums is so simply idle.
-#include <cmath>
+#include <algorithm>
 
 #include "core/mod_Common.h"
 #include "playback/MIDI_CMD.h"
@@ -68,7 +68,7 @@ After TrackTick::Run(double& need) {
     }
     if (elapsed == 0) {
         const bool marks = stage.Settings.FollowTabPlayback && track == stage.Open.CurTrack;
-        if (marks && player.View) player.View->MoveMarker(track, player.PlayBar, playStrum);
+        if (marks && player.View) Skipping([&] { player.View->MoveMarker(track, player.PlayBar, playStrum); });
         Damp();
         if (isLast && player.PlayBar == player.PlayEndBar + 1) {
             Stop(stage);
@@ -90,14 +90,13 @@ bool TrackTick::AskTrainer() {
         Stop(stage);
         return false;
     }
-    if (std::int64_t{trainer.Tempo} + trainer.Step <= trainer.FinalTempo) {
-        trainer.Tempo += trainer.Step;
-        SetTempo(stage, trainer.Tempo);
-    } else {
-        SetTempo(stage, trainer.FinalTempo);
-    }
+    Skipping([&] {
+        const std::int32_t raised = Core::ToInt32(std::int64_t{trainer.Tempo} + trainer.Step);
+        if (raised <= trainer.FinalTempo) trainer.Tempo = raised;
+        SetTempo(stage, std::min(raised, trainer.FinalTempo));
+    });
     EnterBar(trainer.FromBar);
-    --trainer.LoopsLeft;
+    Skipping([&] { trainer.LoopsLeft = ToInt16(trainer.LoopsLeft - 1); });
     Tick(stage);
     return false;
 }
@@ -161,8 +160,8 @@ void TrackTick::Damp() {
     if (!before && !first) return;
     if (before && (IsTie(own, *before) || IsRing(own, *before))) return;
     if (own.IsDrum) return;
-    MidiChannelOff(own.Channel);
-    MidiChannelOff(own.EffectChannel);
+    Skipping([&] { MidiChannelOff(own.Channel); });
+    Skipping([&] { MidiChannelOff(own.EffectChannel); });
 }
 
 void TrackTick::Sound(const Core::Strum& strum) {
@@ -179,7 +178,8 @@ void ScrollAtBarStart(const PlayStage& stage) {
     const PlayerState& player = stage.Player;
     const auto track = static_cast<std::size_t>(stage.Open.CurTrack);
     if (!stage.Settings.FollowTabPlayback || !player.View || track >= player.PlayStrum.size()) return;
-    if (player.PlayStrum[track] == 0 && player.PlayElapsed[track] <= 1) player.View->ScrollToBar(player.PlayBar);
+    if (player.PlayStrum[track] != 0 || player.PlayElapsed[track] > 1) return;
+    Skipping([&] { player.View->ScrollToBar(player.PlayBar); });
 }
 
 }  // namespace

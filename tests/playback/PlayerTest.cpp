@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include <limits>
 #include <map>
 #include <random>
 #include <set>
@@ -132,6 +133,53 @@ TEST_F(PlayTest, ASongTooSlowOrTooLongIsIdleAndStops) {
     EXPECT_TRUE(IsPlaying());
     StopTab();
     EXPECT_EQ(clock.Running(), 0U);
+}
+
+TEST_F(PlayTest, AChannelBeyondAllNumbersSilencesWhatIsOnItAlone) {
+    struct Case {
+        const char* Channels;
+        const char* Strikes;  ///< on channel 0
+    };
+    const Case cases[] = {{R"("EffectChannel": 32767, )", "9:71 10:69 13:72"},
+                          {R"("Channel": 32767, "EffectChannel": 32767, )", ""}};
+    for (const Case& each : cases) {
+        SCOPED_TRACE(each.Channels);
+        Load(R"({"Tempo": 3750, "Tracks": [{)" + std::string(each.Channels) + R"("Bars": [{"Strums": [
+            {"Length": 4, "Notes": {"0": {"Fret": "0", "HasBend": true}, "1": {"Fret": "1", "Technique": 2}}},
+            {"Length": 4, "Technique": 1, "HasTrem": true, "Notes": {"0": {"Fret": "0", "HasTrill": true}}},
+            {"Length": 4, "Notes": {"0": {"Fret": "7"}}},
+            {"Length": 4, "Notes": {"0": {"Fret": "8", "HasGrace": true, "GraceFret": "5"}}}]}]},
+            {"Channel": 2, "Bars": [{"Strums": [{"Length": 2, "Notes": {"0": {"Fret": "9"}}}]}]}]})");
+        const auto all = Play();
+        EXPECT_FALSE(IsPlaying());
+        EXPECT_EQ(Strikes(all, 2), "1:73");
+        EXPECT_EQ(Strikes(all, 0), each.Strikes);
+    }
+}
+
+TEST_F(PlayTest, AWindowThatCantShowItsMarkerPlaysOn) {
+    struct Failing : PlayView {
+        void ScrollToBar(int) override { throw RunTimeError(6, "Overflow"); }
+        void MoveMarker(int, int, int) override { throw RunTimeError(6, "Overflow"); }
+    } failing;
+    Player.View = &failing;
+    LoadBars(Short(1) + "," + Short(2));
+    EXPECT_EQ(Strikes(Play(), 0), "1:65 2:66");
+}
+
+TEST_F(PlayTest, ATrainerPastTheRangeOfItsNumbersGoesOn) {
+    LoadBars(Short(0));
+    const std::int32_t least = std::numeric_limits<std::int32_t>::min();
+    StartSpeedTrainer({"1", "1", "3", std::to_string(least), "1", "-1"});
+    Run(100);
+    EXPECT_EQ(Player.Trainer.Tempo, least);
+    EXPECT_FALSE(IsPlaying()) << "its loops are spent";
+
+    StartSpeedTrainer({"1", "1", "-32767", "3750", "3750", "0"});
+    Run(100);
+    EXPECT_EQ(Player.Trainer.LoopsLeft, std::numeric_limits<std::int16_t>::min());
+    EXPECT_TRUE(IsPlaying());
+    StopTab();
 }
 
 TEST_F(PlayTest, TheClicksLeadAndKeepTheirInterval) {
