@@ -130,17 +130,26 @@ TEST(SystemMidiTest, PortsThatAreNotThereAreRefusedQuietly) {
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 
+/// The head of a SoundFont and blanks: at most 255 bytes, as its length tells.
+std::string SoundFontOf(std::size_t bytes) {
+    return "RIFF" + std::string(1, static_cast<char>(bytes - 8)) + std::string(3, '\0') + "sfbk" +
+           std::string(bytes - 12, ' ');
+}
+
 TEST(SoundFontsTest, TheBestOfThemComesFirstAndEachOnce) {
     const ScratchFolder folder;
     const std::filesystem::path own = folder / "own";
     const std::filesystem::path system = folder / "system";
     std::filesystem::create_directories(own);
     std::filesystem::create_directories(system);
-    Spill(system / "Small_GM.sf2", std::string(10, ' '));
-    Spill(system / "Large_GM.SF3", std::string(90, ' '));
-    Spill(system / "piano.sf2", std::string(500, ' '));
+    Spill(system / "Small_GM.sf2", SoundFontOf(20));
+    Spill(system / "Large_GM.SF3", SoundFontOf(90));
+    Spill(system / "piano.sf2", SoundFontOf(100));
+    Spill(system / "half_gm.sf2", SoundFontOf(110).substr(0, 109));
+    Spill(system / "page_gm.sf2", "<html>" + std::string(900, ' '));
+    Spill(system / "nothing_gm.sf2", "");
     Spill(system / "readme.txt", "");
-    Spill(own / "my-gm.sf2", std::string(20, ' '));
+    Spill(own / "my-gm.sf2", SoundFontOf(30));
     std::filesystem::create_symlink(system / "Large_GM.SF3", system / "default-GM.sf3");
     std::filesystem::create_symlink("nowhere.sf2", system / "dangling.sf2");
 

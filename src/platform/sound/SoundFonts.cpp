@@ -1,10 +1,13 @@
 #include "platform/sound/SoundFonts.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <cstdlib>
+#include <fstream>
 #include <set>
 #include <string>
+#include <string_view>
 #include <system_error>
 #include <tuple>
 
@@ -26,6 +29,17 @@ std::string LowerCase(std::string text) {
         if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
     }
     return text;
+}
+
+/// A RIFF file of the kind "sfbk" that holds as many bytes as it says: a download that broke off is none.
+bool IsWhole(const fs::path& file, std::uintmax_t size) {
+    constexpr std::size_t HeaderBytes = 12;
+    std::array<char, HeaderBytes> header{};
+    if (!std::ifstream(file, std::ios::binary).read(header.data(), HeaderBytes)) return false;
+    const std::string_view text(header.data(), HeaderBytes);
+    std::uintmax_t told = 8;  // the bytes that the length does not count
+    for (unsigned at = 0; at < 4; ++at) told += std::uintmax_t{static_cast<unsigned char>(text[4 + at])} << (8 * at);
+    return text.starts_with("RIFF") && text.ends_with("sfbk") && told <= size;
 }
 
 bool NamesGeneralMidi(const fs::path& file) {
@@ -58,7 +72,8 @@ std::vector<fs::path> FindSoundFonts(const std::vector<fs::path>& folders, std::
             std::error_code unreadable;
             const fs::path file = fs::canonical(entry->path(), unreadable);
             if (unreadable || !fs::is_regular_file(file, unreadable) || !known.insert(file).second) continue;
-            all.push_back({file, NamesGeneralMidi(file), at < own, fs::file_size(file, unreadable)});
+            const std::uintmax_t size = fs::file_size(file, unreadable);
+            if (!unreadable && IsWhole(file, size)) all.push_back({file, NamesGeneralMidi(file), at < own, size});
         }
     }
     std::ranges::sort(all, {}, [](const Found& each) {
