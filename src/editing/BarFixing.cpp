@@ -82,11 +82,13 @@ void FixBar(TabFile& file, int track, int bar) {
     file.Tracks[track].Bars.Edit(bar) = std::move(fixed);
 }
 
+void FixThisBar(TabFile& file, int track, int bar) {
+    if (BarFullness(file, track, bar) == Fullness::Over) CutBar(file, track, bar);
+    FixBar(file, track, bar);
+}
+
 void FixAllBars(TabFile& file, int track) {
-    for (int bar = 0; bar <= file.Tracks[track].Bars.UpperBound(); ++bar) {
-        if (BarFullness(file, track, bar) == Fullness::Over) CutBar(file, track, bar);
-        FixBar(file, track, bar);
-    }
+    for (int bar = 0; bar <= file.Tracks[track].Bars.UpperBound(); ++bar) FixThisBar(file, track, bar);
 }
 
 }  // namespace Quillon::Editing

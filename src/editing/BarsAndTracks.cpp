@@ -111,18 +111,22 @@ void AppendBar(TabFile& file) {
     for (int b = file.BarInfos.Count(); b <= bars; ++b) file.BarInfos.Add(NewBarInfo(file.BarInfos[b - 1]));
 }
 
-void InsertBar(TabFile& file, int bar) {
-    const int count = BarsOf(file);
-    CheckIndex(bar, count);
-    AppendBar(file);
-    if (bar == count) return;
+void InsertBars(TabFile& file, int bar, int count) {
+    const int before = BarsOf(file);
+    CheckIndex(bar, before);
+    if (count < 1) return;
+    Core::ToInt16(before + count - 1);
+    for (int i = 0; i < count; ++i) AppendBar(file);
+    if (bar == before) return;
     for (Track& track : file.Tracks) {
-        for (int b = count; b > bar; --b) track.Bars.Edit(b) = track.Bars[b - 1];
-        track.Bars.Edit(bar) = NewBar(track.Bars[bar + 1]);
+        for (int b = before - 1; b >= bar; --b) track.Bars.Edit(b + count) = track.Bars[b];
+        for (int i = 0; i < count; ++i) track.Bars.Edit(bar + i) = NewBar(track.Bars[bar + count]);
     }
-    for (int b = count; b > bar; --b) file.BarInfos.Edit(b) = file.BarInfos[b - 1];
-    file.BarInfos.Edit(bar) = NewBarInfo(file.BarInfos[bar + 1]);
+    for (int b = before - 1; b >= bar; --b) file.BarInfos.Edit(b + count) = file.BarInfos[b];
+    for (int i = 0; i < count; ++i) file.BarInfos.Edit(bar + i) = NewBarInfo(file.BarInfos[bar + count]);
 }
+
+void InsertBar(TabFile& file, int bar) { InsertBars(file, bar, 1); }
 
 void RemoveBarAt(Track& track, int bar) {
     const int last = track.Bars.UpperBound();

@@ -82,6 +82,11 @@ void FixBar(int track, int bar) {
     Changed();
 }
 
+void FixThisBar(int track, int bar) {
+    FixThisBar(Open.TabFile, track, bar);
+    Changed();
+}
+
 void FixAllBars(int track) {
     FixAllBars(Open.TabFile, track);
     Changed();

@@ -35,6 +35,7 @@ void AppendBar(Core::TabFile& file);
 /// One bar more before `bar` on every track, with time signature and key of the bar that it stands before. At the
 /// number of bars it is AppendBar.
 void InsertBar(Core::TabFile& file, int bar);
+void InsertBars(Core::TabFile& file, int bar, int count);
 /// Takes a bar out of one track alone.
 void RemoveBarAt(Core::Track& track, int bar);
 /// Takes a bar out of every track and BarInfos. The document's only bar is emptied instead.
@@ -51,8 +52,10 @@ Fullness BarFullness(const Core::TabFile& file, int track, int bar);
 /// tuplet of a 64th is filled with a whole note, over the bar's end: bars are told apart by thousandths, and no
 /// shorter value is there.
 void FixBar(Core::TabFile& file, int track, int bar);
-/// Each bar of a track that is over loses its last strums until it is not, then all are filled. A bar's only strum
-/// stays: it takes the longest plain value that fits.
+/// A bar that is over loses its last strums until it is not, then it is filled. A bar's only strum stays: it takes the
+/// longest plain value that fits.
+void FixThisBar(Core::TabFile& file, int track, int bar);
+/// FixThisBar for each bar of a track.
 void FixAllBars(Core::TabFile& file, int track);
 
 // Tracks -------------------------------------------------------------------------------------------------------------
@@ -77,6 +80,7 @@ void InsertBar(int bar);
 void RemoveBar(int bar);
 Fullness BarFullness(int track, int bar);
 void FixBar(int track, int bar);
+void FixThisBar(int track, int bar);
 void FixAllBars(int track);
 void AddTrack(Core::Track track);  ///< the cursor goes to it
 bool DeleteTrack(int track);
