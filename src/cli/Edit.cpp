@@ -11,12 +11,18 @@
 
 #include "cli/Commands.h"
 #include "cli/DocumentFiles.h"
+#include "core/mod_Common.h"
+#include "core/mod_TabFileManipulation.h"
 #include "core/mod_TabFileStructure.h"
+#include "editing/mod_BarClipboard.h"
 #include "editing/mod_BarsAndTracks.h"
+#include "editing/mod_Transpose.h"
 #include "exchange/JsonDocument.h"
 #include "platform/RunTimeError.h"
 
 namespace Quillon::Cli {
+
+using Core::Open;
 
 namespace {
 
@@ -28,6 +34,22 @@ struct Operation {
 
 using Numbers = std::vector<int>;
 
+Editing::BarRange RangeOf(const Numbers& n) { return {Core::ToInt16(n[1]), Core::ToInt16(n[2])}; }
+
+void CopyBars(const Numbers& n) { Editing::BarClipboard.Copied = Editing::CopyBars(Open.TabFile, RangeOf(n), n[0]); }
+
+void PasteBars(const Numbers& n) {
+    if (!Editing::BarClipboard.Copied) throw CommandFailure("paste-bars: copy or cut bars before");
+    Editing::PasteBars(Open.TabFile, *Editing::BarClipboard.Copied, n[0], n[1], Editing::PasteMode::Insert, 1);
+}
+
+void Transpose(const Numbers& n) {
+    const auto stuck = Editing::Transpose(Open.TabFile, n[0], RangeOf(n), n[3], true);
+    if (!stuck) return;
+    throw CommandFailure("transpose: no strings can play strum " + std::to_string(stuck->Strum) + " of bar " +
+                         std::to_string(stuck->Bar) + " on track " + std::to_string(stuck->Track));
+}
+
 constexpr Operation Operations[] = {
     {"insert-strum", "TBS", [](const Numbers& n) { Editing::InsertStrum(n[0], n[1], n[2]); }},
     {"delete-strum", "TBS", [](const Numbers& n) { Editing::DeleteStrum(n[0], n[1], n[2]); }},
@@ -38,6 +60,15 @@ constexpr Operation Operations[] = {
     {"append-bar", "", [](const Numbers&) { Editing::AppendBar(); }},
     {"insert-bar", "B", [](const Numbers& n) { Editing::InsertBar(n[0]); }},
     {"remove-bar", "B", [](const Numbers& n) { Editing::RemoveBar(n[0]); }},
+    {"time-signature", "BXY", [](const Numbers& n) { Core::SetTimeSignature(n[0], n[1], n[2]); }},
+    {"copy-bars", "TBL", [](const Numbers& n) { CopyBars(n); }},
+    {"cut-bars", "TBL",
+     [](const Numbers& n) {
+         CopyBars(n);
+         Editing::CutBars(Open.TabFile, RangeOf(n), n[0]);
+     }},
+    {"paste-bars", "TB", PasteBars},
+    {"transpose", "TBLX", Transpose},
     {"delete-track", "T", [](const Numbers& n) { Editing::DeleteTrack(n[0]); }},
     {"track-up", "T", [](const Numbers& n) { Editing::MoveTrackUp(n[0]); }},
     {"track-down", "T", [](const Numbers& n) { Editing::MoveTrackDown(n[0]); }},
@@ -95,14 +126,17 @@ int Edit(const Arguments& arguments) {
         }
     }
     SaveDocument(arguments.Out);
-    Print(Exchange::WriteJson(Core::Open.TabFile));
+    Print(Exchange::WriteJson(Open.TabFile));
     return Done;
 }
 
 std::string Footer() {
     std::string footer = "Operations, each one argument, with numbers from 0:\n";
     for (const Operation& operation : Operations) footer += "  " + Usage(operation) + "\n";
-    return footer + "T is a track, B a bar, S a strum.";
+    return footer +
+           "T is a track, B a bar, S a strum. Bars go from B to L, on all tracks when T is -1; X and Y are figures of "
+           "a\n"
+           "time signature, or X semitones.";
 }
 
 }  // namespace

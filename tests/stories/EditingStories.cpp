@@ -95,6 +95,19 @@ TEST_F(EditingStories, OperationsRunInTheirOrder) {
     EXPECT_EQ(moved["Tracks"][1]["Name"], "A");
 }
 
+TEST_F(EditingStories, BarsAreCopiedCutPastedAndTransposed) {
+    Printed({"keys", "new.json", "53", "--out", "five.json"});
+    const json edited = Printed({"edit", "five.json", "copy-bars -1 0 0", "paste-bars 0 1", "paste-bars 0 2",
+                                 "transpose -1 1 2 -6", "cut-bars 0 2 2", "time-signature 1 3 8"});
+    EXPECT_EQ(Frets(edited, 0), "5 ");
+    EXPECT_EQ(edited["Tracks"][0]["Bars"][1]["Strums"][0]["Notes"], json::parse(R"({"1": {"Fret": "4"}})"));
+    EXPECT_EQ(Frets(edited, 2), "- ");
+    EXPECT_EQ(edited["BarInfos"][1]["TimeSigTop"], 3);
+    EXPECT_THAT(story.Run({"edit", "five.json", "transpose 0 0 0 25"}).Err,
+                testing::HasSubstr("no strings can play strum 0 of bar 0 on track 0"));
+    EXPECT_EQ(story.Run({"edit", "five.json", "paste-bars 0 0"}).Status, 1);
+}
+
 TEST_F(EditingStories, FailuresAreOneLineAndLeaveNothing) {
     const std::pair<std::vector<std::string>, int> rows[] = {
         {{"edit", "new.json", "delete-strum 0 0 0", "--out", "out.qlm"}, 1},
