@@ -68,6 +68,7 @@ frmMain::frmMain() {
     BuildPlaying();
     connect(document, &picDocument::Drawn, this, [this] {
         FillStatus();
+        if (!Shell::Sound.Playing) ShowStates();  // they may hang on the bar of the cursor
         if (painted) return;
         painted = true;
         // Behind the paint event that runs now.
@@ -113,12 +114,16 @@ void frmMain::ShowStatus(const std::string& text) {
     lblStatus->setToolTip(lblStatus->text());
 }
 
-void frmMain::UpdateCommands() {
+void frmMain::ShowStates() {
     for (const Shell::Command& command : Shell::Commands()) {
         QAction* const action = ActionOf(std::string(command.Name));
         action->setEnabled(Shell::IsEnabled(command));
         if (command.Checked) action->setChecked(Shell::IsChecked(command));
     }
+}
+
+void frmMain::UpdateCommands() {
+    ShowStates();
     ShowMenus();
     ShowToolbars();
     dockMixTable->setVisible(Shell::Program.MixTableVisible);

@@ -72,6 +72,15 @@ public:
     bool EditOptions(Shell::OptionsModel& model) override;
     bool EditPageSetup(Shell::PageSetupModel& model) override;
     bool EditSpeedTrainer(Shell::SpeedTrainerModel& model) override;
+    bool EditAddTrack(Shell::AddTrackModel& model) override;
+    bool EditInsertBar(Shell::InsertBarModel& model) override;
+    bool EditRemoveBar(Shell::RemoveBarModel& model) override;
+    bool EditBarTimeSig(Shell::BarTimeSigModel& model) override;
+    bool EditBarKeySig(Shell::BarKeySigModel& model) override;
+    bool EditEndRepeat(Shell::EndRepeatModel& model) override;
+    bool EditCoda(Shell::CodaModel& model) override;
+    bool EditCutCopyPaste(Shell::CutCopyPasteModel& model) override;
+    bool EditTranspose(Shell::TransposeModel& model) override;
     std::optional<std::string> AskPassword() override;
     void ExportPicture() override;
     void ShowAbout() override;
@@ -97,6 +106,7 @@ private:
     QMenu* MenuOf(std::string_view path);
     QToolBar* ToolBarOf(std::string_view name);
     QAction* MakeAction(const Shell::Command& command);
+    void ShowStates();
     void FillStatus();
     void LoadLibraryTexts();
     void ShowToolbars();

@@ -28,9 +28,13 @@ namespace {
 constexpr int ToolIcon = 24;
 /// The toolbar that holds the choice of the track.
 constexpr std::string_view TrackToolbar = "Track";
+/// The toolbar that begins the second row: one row is too short for all.
+constexpr std::string_view SecondRow = "Bar 1";
 
 constexpr std::pair<std::string_view, std::string_view> ToolbarTexts[] = {
-    {"File", "str_ToolbarFile"}, {"Track", "str_ToolbarTrack"}, {"Sound", "str_ToolbarSound"}};
+    {"File", "str_ToolbarFile"},   {"Track", "str_ToolbarTrack"},
+    {"Sound", "str_ToolbarSound"}, {"Cut Copy Paste", "str_ToolbarCutCopyPaste"},
+    {"Bar 1", "str_ToolbarBar1"},  {"Bar 2", "str_ToolbarBar2"}};
 
 QList<QKeySequence> Shortcuts(std::string_view keys) {
     QList<QKeySequence> result;
@@ -59,6 +63,7 @@ QToolBar* frmMain::ToolBarOf(std::string_view name) {
     auto* const bar = new QToolBar(this);
     bar->setObjectName("toolbar" + ToQString(name));
     bar->setIconSize({ToolIcon, ToolIcon});
+    if (name == SecondRow) addToolBarBreak();
     addToolBar(bar);
     toolbars.emplace(name, bar);
     const std::string known(name);

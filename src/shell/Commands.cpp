@@ -1,12 +1,14 @@
 #include "shell/Commands.h"
 
 #include <algorithm>
+#include <vector>
 
 #include "core/mod_Language.h"
 #include "core/mod_Settings.h"
 #include "core/mod_TabFileStructure.h"
 #include "editing/mod_Undo.h"
 #include "platform/Services.h"
+#include "shell/BarCommands.h"
 #include "shell/mod_Shell.h"
 #include "shell/mod_Sound.h"
 
@@ -35,6 +37,9 @@ bool ToolbarShows() {
 constexpr char FileToolbar[] = "File";
 constexpr char TrackToolbar[] = "Track";
 constexpr char SoundToolbar[] = "Sound";
+constexpr char ClipboardToolbar[] = "Cut Copy Paste";
+constexpr char Bar1Toolbar[] = "Bar 1";
+constexpr char Bar2Toolbar[] = "Bar 2";
 
 bool HasNextTrack() { return Open.CurTrack < Open.TabFile.Tracks.UpperBound(); }
 bool HasPreviousTrack() { return Open.CurTrack > 0; }
@@ -166,6 +171,21 @@ constexpr Command Table[] = {
      .Text = "str_ViewToolbarSound",
      .Run = ToggleToolbar<SoundToolbar>,
      .Checked = ToolbarShows<SoundToolbar>},
+    {.Name = "mnuViewToolbarCutCopyPaste",
+     .Menu = ToolbarsMenu,
+     .Text = "str_ViewToolbarCutCopyPaste",
+     .Run = ToggleToolbar<ClipboardToolbar>,
+     .Checked = ToolbarShows<ClipboardToolbar>},
+    {.Name = "mnuViewToolbarBar1",
+     .Menu = ToolbarsMenu,
+     .Text = "str_ViewToolbarBar1",
+     .Run = ToggleToolbar<Bar1Toolbar>,
+     .Checked = ToolbarShows<Bar1Toolbar>},
+    {.Name = "mnuViewToolbarBar2",
+     .Menu = ToolbarsMenu,
+     .Text = "str_ViewToolbarBar2",
+     .Run = ToggleToolbar<Bar2Toolbar>,
+     .Checked = ToolbarShows<Bar2Toolbar>},
     {.Name = "mnuViewMixTable",
      .Menu = ViewMenu,
      .Text = "str_ViewMixTable",
@@ -288,13 +308,34 @@ constexpr Command Table[] = {
      .Run = [] { Program.Dialogs->ShowAbout(); }},
 };
 
+/// The menus from left to right.
+constexpr std::string_view Menus[] = {
+    FileMenu, EditMenu, ViewMenu, SoundMenu, "str_MenuBar", TrackMenu, "str_MenuOperations", HelpMenu};
+
+std::ptrdiff_t MenuIndex(const Command& command) {
+    const std::string_view menu = command.Menu.substr(0, command.Menu.find('/'));
+    return std::ranges::find(Menus, menu) - std::begin(Menus);
+}
+
+std::vector<Command> AllRows() {
+    std::vector<Command> rows(std::begin(Table), std::end(Table));
+    for (const auto& more : {BarCommandRows(), ClipboardCommandRows()}) {
+        rows.insert(rows.end(), more.begin(), more.end());
+    }
+    std::ranges::stable_sort(rows, {}, MenuIndex);
+    return rows;
+}
+
 }  // namespace
 
-std::span<const Command> Commands() { return Table; }
+std::span<const Command> Commands() {
+    static const std::vector<Command> rows = AllRows();
+    return rows;
+}
 
 const Command* FindCommand(std::string_view name) {
-    const auto found = std::ranges::find(Table, name, &Command::Name);
-    return found == std::end(Table) ? nullptr : found;
+    const auto found = std::ranges::find(Commands(), name, &Command::Name);
+    return found == Commands().end() ? nullptr : &*found;
 }
 
 bool IsEnabled(const Command& command) {

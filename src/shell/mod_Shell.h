@@ -11,6 +11,8 @@
 #include <string_view>
 #include <vector>
 
+#include "shell/BarDialogs.h"
+
 namespace Quillon {
 class RunTimeError;
 }
@@ -77,8 +79,7 @@ struct ShellView {
 
 /// Windows that edit a model and say whether it was accepted. A dialog stays open while its model's Validate
 /// complains and shows the complaint.
-struct Dialogs {
-    virtual ~Dialogs() = default;
+struct Dialogs : BarDialogs {
     virtual bool EditFileProperties(FilePropertiesModel& model) = 0;
     virtual bool EditTrackProperties(TrackPropertiesModel& model) = 0;
     virtual bool EditOptions(OptionsModel& model) = 0;

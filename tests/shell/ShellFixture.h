@@ -14,6 +14,7 @@
 #include "core/mod_Settings.h"
 #include "core/mod_TabFileManipulation.h"
 #include "drawing/mod_PageLayout.h"
+#include "editing/mod_BarClipboard.h"
 #include "editing/mod_Selection.h"
 #include "platform/MessageBox.h"
 #include "platform/RunTimeError.h"
@@ -24,6 +25,7 @@
 #include "platform/portable/PosixFiles.h"
 #include "platform/portable/Rc4Md5.h"
 #include "playback/mod_TabPlayer.h"
+#include "shell/BarModels.h"
 #include "shell/DialogModels.h"
 #include "shell/Recovery.h"
 #include "shell/mod_Shell.h"
@@ -61,6 +63,15 @@ struct FakeWindow : ShellView, Dialogs {
     std::function<bool(OptionsModel&)> OnOptions;
     std::function<bool(PageSetupModel&)> OnPageSetup;
     std::function<bool(SpeedTrainerModel&)> OnSpeedTrainer;
+    std::function<bool(AddTrackModel&)> OnAddTrack;
+    std::function<bool(InsertBarModel&)> OnInsertBar;
+    std::function<bool(RemoveBarModel&)> OnRemoveBar;
+    std::function<bool(BarTimeSigModel&)> OnBarTimeSig;
+    std::function<bool(BarKeySigModel&)> OnBarKeySig;
+    std::function<bool(EndRepeatModel&)> OnEndRepeat;
+    std::function<bool(CodaModel&)> OnCoda;
+    std::function<bool(TransposeModel&)> OnTranspose;
+    std::function<bool(CutCopyPasteModel&)> OnCutCopyPaste;
 
     void DrawDocument() override { Calls.emplace_back("draw"); }
     void SetCaption(const std::string& caption) override { Caption = caption; }
@@ -105,6 +116,15 @@ struct FakeWindow : ShellView, Dialogs {
     bool EditOptions(OptionsModel& model) override { return OnOptions && OnOptions(model); }
     bool EditPageSetup(PageSetupModel& model) override { return OnPageSetup && OnPageSetup(model); }
     bool EditSpeedTrainer(SpeedTrainerModel& model) override { return OnSpeedTrainer && OnSpeedTrainer(model); }
+    bool EditAddTrack(AddTrackModel& model) override { return OnAddTrack && OnAddTrack(model); }
+    bool EditInsertBar(InsertBarModel& model) override { return OnInsertBar && OnInsertBar(model); }
+    bool EditRemoveBar(RemoveBarModel& model) override { return OnRemoveBar && OnRemoveBar(model); }
+    bool EditBarTimeSig(BarTimeSigModel& model) override { return OnBarTimeSig && OnBarTimeSig(model); }
+    bool EditBarKeySig(BarKeySigModel& model) override { return OnBarKeySig && OnBarKeySig(model); }
+    bool EditEndRepeat(EndRepeatModel& model) override { return OnEndRepeat && OnEndRepeat(model); }
+    bool EditCoda(CodaModel& model) override { return OnCoda && OnCoda(model); }
+    bool EditCutCopyPaste(CutCopyPasteModel& model) override { return OnCutCopyPaste && OnCutCopyPaste(model); }
+    bool EditTranspose(TransposeModel& model) override { return OnTranspose && OnTranspose(model); }
     std::optional<std::string> AskPassword() override {
         Calls.emplace_back("password");
         return Password;
@@ -121,6 +141,7 @@ inline void ResetGlobals() {
     Playback::MidiOut = {};
     Sound = {};
     Editing::Selection = {};
+    Editing::BarClipboard = {};
     Services = {};
     Core::Open = {};
     Core::Settings = {};

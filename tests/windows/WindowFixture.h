@@ -15,6 +15,7 @@
 #include "core/mod_Settings.h"
 #include "core/mod_TabFileStructure.h"
 #include "drawing/mod_PageLayout.h"
+#include "editing/mod_BarClipboard.h"
 #include "editing/mod_NoteEntry.h"
 #include "editing/mod_Selection.h"
 #include "forms/Theme.h"
@@ -118,6 +119,7 @@ private:
         Playback::MidiOut = {};
         Shell::Sound = {};
         Editing::Selection = {};
+        Editing::BarClipboard = {};
         Services = {};
         Core::Open = {};
         Core::Settings = {};

@@ -1,0 +1,141 @@
+#include "shell/BarCommands.h"
+
+#include "core/mod_Language.h"
+#include "core/mod_TabFileManipulation.h"
+#include "drawing/mod_PageLayout.h"
+#include "editing/mod_BarsAndTracks.h"
+#include "editing/mod_NoteEntry.h"
+#include "editing/mod_Selection.h"
+#include "platform/MessageBox.h"
+#include "platform/Services.h"
+#include "shell/BarModels.h"
+#include "shell/mod_Shell.h"
+
+namespace Quillon::Shell {
+
+using Core::LanguageText;
+using Core::Open;
+
+namespace {
+
+bool Agreed(const std::string& question) {
+    return Services.Messages->Show(question, LanguageText("str_TitleQuestion"), Buttons::YesNo, BoxIcon::Question) ==
+           Answer::Yes;
+}
+
+/// Loads a model, has it edited and applies it.
+template <class Model>
+void ByDialog(bool (BarDialogs::*edit)(Model&)) {
+    if (!PasswordCorrect()) return;
+    Model model;
+    model.Load();
+    if (!(Program.Dialogs->*edit)(model)) return;
+    if constexpr (std::is_void_v<decltype(model.Apply())>) {
+        model.Apply();
+    } else if (!model.Apply()) {
+        return;
+    }
+    ShowEdited();
+}
+
+/// An engine that knows the cursor, outside of typing.
+void ByEngine(void (*engine)(Core::OpenDocument&)) {
+    if (!PasswordCorrect()) return;
+    engine(Open);
+    Open.FileChanged = true;
+    Drawing::Page.LayoutDirty = 1;
+    ShowEdited();
+}
+
+}  // namespace
+
+void ShowEdited() {
+    Program.View->RebuildTrackList();
+    Program.View->UpdateCommands();
+    Program.View->DrawDocument();
+}
+
+void mnuTrackAdd_Click() { ByDialog(&BarDialogs::EditAddTrack); }
+
+void mnuTrackDelete_Click() {
+    if (!PasswordCorrect()) return;
+    if (!Agreed(LanguageText("str_TrackDeleteQuestion", {Open.TabFile.Tracks[Open.CurTrack].Name}))) return;
+    if (Editing::DeleteTrack(Open.CurTrack)) ShowEdited();
+}
+
+void mnuTrackMoveUp_Click() {
+    if (PasswordCorrect() && Editing::MoveTrackUp(Open.CurTrack)) ShowEdited();
+}
+
+void mnuTrackMoveDown_Click() {
+    if (PasswordCorrect() && Editing::MoveTrackDown(Open.CurTrack)) ShowEdited();
+}
+
+void mnuBarInsert_Click() { ByDialog(&BarDialogs::EditInsertBar); }
+
+void mnuBarAppend_Click() {
+    if (!PasswordCorrect()) return;
+    Editing::AppendBar();
+    Open.CurBar = Core::NumberOfBars(Open.CurTrack);
+    Open.CurStrum = 0;
+    ShowEdited();
+}
+
+void mnuBarRemove_Click() { ByDialog(&BarDialogs::EditRemoveBar); }
+
+void mnuBarClear_Click() {
+    if (!PasswordCorrect()) return;
+    Editing::ClearBar(Open.CurTrack, Open.CurBar);
+    ShowEdited();
+}
+
+void mnuBarShrink_Click() {
+    if (!PasswordCorrect()) return;
+    const Editing::Dropped dropped = Editing::ShrinkBar(Open.CurTrack, Open.CurBar);
+    if (dropped == Editing::Dropped::Bar) Editing::ClearSelection();
+    if (dropped != Editing::Dropped::Nothing) ShowEdited();
+}
+
+void mnuFixThisBar_Click() {
+    if (!PasswordCorrect()) return;
+    Editing::FixThisBar(Open.CurTrack, Open.CurBar);
+    ShowEdited();
+}
+
+void mnuFixAllBars_Click() {
+    if (!PasswordCorrect()) return;
+    int over = 0;
+    for (int bar = 0; bar <= Core::NumberOfBars(Open.CurTrack); ++bar) {
+        if (Editing::BarFullness(Open.CurTrack, bar) == Editing::Fullness::Over) ++over;
+    }
+    if (over > 0 && !Agreed(LanguageText("str_FixAllQuestion", {std::to_string(over)}))) return;
+    Editing::FixAllBars(Open.CurTrack);
+    ShowEdited();
+}
+
+void mnuNoteInsertBeat_Click() { ByEngine(Editing::InsertBeat); }
+
+void mnuNoteDeleteBeat_Click() {
+    const int bars = Core::NumberOfBars(Open.CurTrack);
+    ByEngine(Editing::DeleteBeat);
+    if (Core::NumberOfBars(Open.CurTrack) != bars) Editing::ClearSelection();
+}
+
+void mnuBarTimeSig_Click() { ByDialog(&BarDialogs::EditBarTimeSig); }
+
+void mnuBarKeySig_Click() { ByDialog(&BarDialogs::EditBarKeySig); }
+
+void mnuBarRepeatOpen_Click() {
+    if (!PasswordCorrect()) return;
+    Core::BarInfo& info = Open.TabFile.BarInfos.Edit(Open.CurBar);
+    info.RepeatOpen = !info.RepeatOpen;
+    Open.FileChanged = true;
+    Drawing::Page.LayoutDirty = 1;
+    ShowEdited();
+}
+
+void mnuBarEndRepeat_Click() { ByDialog(&BarDialogs::EditEndRepeat); }
+
+void mnuBarCoda_Click() { ByDialog(&BarDialogs::EditCoda); }
+
+}  // namespace Quillon::Shell
