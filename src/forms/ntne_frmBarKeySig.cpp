@@ -26,6 +26,8 @@ QStringList KeyNames(bool minor) {
 ntne_frmBarKeySig::ntne_frmBarKeySig(Shell::BarKeySigModel& model, QWidget* parent)
     : ModelDialog(parent, "str_BarKeySigTitle", "BarKeySigWindowDetails") {
     setObjectName("ntne_frmBarKeySig");
+    setWindowTitle(
+        ToQString(Core::LanguageText("str_TitleOfBar", {windowTitle().toStdString(), std::to_string(model.Bar)})));
     QFormLayout* const page = AddPage();
     auto* const major = new QRadioButton(Text("str_KeyMajor"), this);
     auto* const minor = new QRadioButton(Text("str_KeyMinor"), this);

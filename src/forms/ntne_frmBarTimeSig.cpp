@@ -11,6 +11,8 @@ namespace Quillon::Forms {
 ntne_frmBarTimeSig::ntne_frmBarTimeSig(Shell::BarTimeSigModel& model, QWidget* parent)
     : ModelDialog(parent, "str_BarTimeSigTitle", "BarTimeSigWindowDetails") {
     setObjectName("ntne_frmBarTimeSig");
+    setWindowTitle(
+        ToQString(Core::LanguageText("str_TitleOfBar", {windowTitle().toStdString(), std::to_string(model.Bar)})));
     QFormLayout* const page = AddPage();
     AddNumber(page, "vbTop", "str_TimeSigTop", model.Top, 1, Shell::BarTimeSigModel::MostTop);
     QStringList bottoms;

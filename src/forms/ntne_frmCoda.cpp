@@ -12,6 +12,8 @@ namespace Quillon::Forms {
 ntne_frmCoda::ntne_frmCoda(Shell::CodaModel& model, QWidget* parent)
     : ModelDialog(parent, "str_CodaTitle", "CodaWindowDetails") {
     setObjectName("ntne_frmCoda");
+    setWindowTitle(
+        ToQString(Core::LanguageText("str_TitleOfBar", {windowTitle().toStdString(), std::to_string(model.Bar)})));
     QFormLayout* const page = AddPage();
     QCheckBox* const segno = AddCheck(page, "chkSegno", "str_SignSegno", model.Segno);
     QCheckBox* const dalSegno = AddCheck(page, "chkDalSegno", "str_SignDalSegno", model.DalSegno);

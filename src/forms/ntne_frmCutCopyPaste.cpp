@@ -12,21 +12,26 @@ namespace Quillon::Forms {
 
 namespace {
 
-std::string_view TitleOf(Shell::CutCopyPasteModel::Task task) {
+struct Frame {
+    std::string_view TitleKey;
+    const char* Section;  ///< of its own each: they differ in height
+};
+
+Frame FrameOf(Shell::CutCopyPasteModel::Task task) {
     switch (task) {
         case Shell::CutCopyPasteModel::Task::Cut:
-            return "str_CutTitle";
+            return {"str_CutTitle", "CutWindowDetails"};
         case Shell::CutCopyPasteModel::Task::Copy:
-            return "str_CopyTitle";
+            return {"str_CopyTitle", "CopyWindowDetails"};
         default:
-            return "str_PasteTitle";
+            return {"str_PasteTitle", "PasteWindowDetails"};
     }
 }
 
 }  // namespace
 
 ntne_frmCutCopyPaste::ntne_frmCutCopyPaste(Shell::CutCopyPasteModel& model, QWidget* parent)
-    : ModelDialog(parent, TitleOf(model.Doing), "CutCopyPasteWindowDetails") {
+    : ModelDialog(parent, FrameOf(model.Doing).TitleKey, FrameOf(model.Doing).Section) {
     using Task = Shell::CutCopyPasteModel::Task;
     setObjectName("ntne_frmCutCopyPaste");
     QFormLayout* const page = AddPage();

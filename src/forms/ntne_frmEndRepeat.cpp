@@ -11,6 +11,8 @@ namespace Quillon::Forms {
 ntne_frmEndRepeat::ntne_frmEndRepeat(Shell::EndRepeatModel& model, QWidget* parent)
     : ModelDialog(parent, "str_EndRepeatTitle", "EndRepeatWindowDetails") {
     setObjectName("ntne_frmEndRepeat");
+    setWindowTitle(
+        ToQString(Core::LanguageText("str_TitleOfBar", {windowTitle().toStdString(), std::to_string(model.Bar)})));
     QFormLayout* const page = AddPage();
     AddCheck(page, "chkOpens", "str_RepeatOpens", model.Opens);
     QCheckBox* const closes = AddCheck(page, "chkCloses", "str_RepeatCloses", model.Closes);
