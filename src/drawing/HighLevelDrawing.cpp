@@ -1,6 +1,7 @@
 #include "drawing/mod_HighLevelDrawing.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "core/mod_Common.h"
 #include "core/mod_Language.h"
@@ -67,13 +68,28 @@ void SetScrollRanges() {
     View.HScroll = std::clamp(View.HScroll, 0, View.HScrollMax);
 }
 
+/// While a song plays the document stands still: a scroll moves its rows, and nothing needs to be laid out anew. False
+/// when something other than the scroll changed.
+bool MoveRows() {
+    const LayoutKey now = KeyNow();
+    const std::int64_t down = std::int64_t{now.Origin.TopY} - Last.Key.Origin.TopY;
+    LayoutKey moved = Last.Key;
+    moved.Origin.TopY = now.Origin.TopY;
+    if (moved != now) return false;
+    for (const Bar& bar : Open.TabFile.Tracks[Open.CurTrack].Bars) {
+        if (bar.Place.Page >= 0) bar.Place.BarY = Core::ToInt32(bar.Place.BarY + down);
+    }
+    Last.Key = now;
+    return true;
+}
+
 /// Lays out what is due. The stored positions then stand for the view as it is.
 void LayOutView() {
     const TabFile& file = Open.TabFile;
     Page.AutoPageStretch ? StretchPage(Page, View, RowHeight(file.Tracks[Open.CurTrack])) : ApplyPaperSize(Page);
     if (View.VScroll == 0) Page.LayoutDirty = 1;
-    const bool full = View.Playing || View.CompletePass || Page.LayoutDirty == 1 || KeyNow() != Last.Key;
-    if (!full) return;
+    const bool due = View.CompletePass || Page.LayoutDirty == 1;
+    if (!due && (KeyNow() == Last.Key || (View.Playing && MoveRows()))) return;
     Last.Count = CountSettled(file, Open.CurTrack);
     Last.PageText = LanguageText("str_Pages") + std::to_string(Last.Count.LastPage + 1);
     if (Last.Count.TooSmall) {
@@ -218,6 +234,20 @@ void SetScrolls(int wanted) {
     } else if (bar.Place.BarY < 40 && View.VScroll > 0) {
         View.VScroll = std::max(0, View.VScroll - (120 - bar.Place.BarY + 7) / 8);
     }
+}
+
+void ScrollAcross(int wanted) {
+    constexpr int Beside = 20;
+    constexpr double Unit = 10;
+    const Track& track = Open.TabFile.Tracks[Open.CurTrack];
+    if (wanted < 0 || wanted > track.Bars.UpperBound() || track.Bars[wanted].Place.Page < 0) return;
+    const Core::BarPlace& place = track.Bars[wanted].Place;
+    const int left = place.BarX - Beside;
+    const int right = place.BarX + place.BarWidth + Beside - View.ScaleWidth;
+    if (left >= 0 && right <= 0) return;
+    // A bar wider than the view shows its beginning.
+    const double units = std::min(std::ceil(right / Unit), std::floor(left / Unit));
+    View.HScroll = std::clamp(View.HScroll + static_cast<int>(units), 0, View.HScrollMax);
 }
 
 const std::string& PageCountText() { return Last.PageText; }

@@ -15,6 +15,8 @@ namespace Quillon::Drawing {
 void DrawDocument(Picture& picture);
 /// Brings the row of a bar into view: the cursor's, or the one that plays.
 void SetScrolls(int bar);
+/// Brings the bar's width into view where the page is wider than that: for the bar that plays.
+void ScrollAcross(int bar);
 /// Text of the status panel, "Pages: 3" in the chosen language, from the last DrawDocument.
 const std::string& PageCountText();
 /// Index of the last page as the last DrawDocument counted it.

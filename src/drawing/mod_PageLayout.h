@@ -42,7 +42,7 @@ struct DocumentView {
     int HScroll = 0;  ///< in units of 10 pixels
     int HScrollMax = 0;
     bool CompletePass = false;       ///< asked for by printing and exports
-    bool Playing = false;            ///< the play timer runs: every pass is a full one
+    bool Playing = false;            ///< the play timer runs: the document stands still, the view does not follow it
     bool FollowCursor = true;        ///< scroll so that the cursor stays in view
     std::int32_t Ground = 0xA49E9A;  ///< colour that the pages lie on, packed as the documents' colours
 };

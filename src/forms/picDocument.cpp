@@ -139,9 +139,10 @@ void picDocument::PaintSelection(QPainter& painter) const {
 
 void picDocument::ScrollToBar(int bar) {
     Settle();
-    const int before = View.VScroll;
+    const std::pair before{View.VScroll, View.HScroll};
     Drawing::SetScrolls(bar);
-    if (View.VScroll != before) Redraw(false);
+    Drawing::ScrollAcross(bar);
+    if (std::pair{View.VScroll, View.HScroll} != before) Redraw(false);
 }
 
 void picDocument::SetScrolling(bool on) {

@@ -39,6 +39,7 @@ struct PlayWatch : Playback::PlayView {
     void PlayingStarts() override {
         Sound.Playing = true;
         Drawing::View.Playing = true;
+        Drawing::Page.LayoutDirty = 1;
         Marker = {};
         Place = {};
         Program.View->PlayingStarts();

@@ -59,6 +59,23 @@ TEST_F(DrawDocumentTest, TheFastPassPaintsWhatTheFullPassPaints) {
     EXPECT_EQ(Draw(), full);
 }
 
+TEST_F(DrawDocumentTest, ASongThatPlaysScrollsToWhatAFullPassPaints) {
+    Draw();
+    View.Playing = true;
+    const std::int16_t width = Core::ReadBar(0, 7).Place.BarWidth;
+    Core::ReadBar(0, 7).Place.BarWidth = 1;  // a pass that lays out anew would put it right
+    for (const int scroll : {40, 300, 7}) {
+        View.VScroll = scroll;
+        Draw();
+        EXPECT_EQ(Core::ReadBar(0, 7).Place.BarWidth, 1) << "a scroll alone moves the rows";
+    }
+    Core::ReadBar(0, 7).Place.BarWidth = width;
+    const std::string scrolled = Draw();
+    Page.LayoutDirty = 1;
+    EXPECT_EQ(Draw(), scrolled);
+    EXPECT_EQ(Core::ReadBar(0, 7).Place.BarWidth, width);
+}
+
 TEST_F(DrawDocumentTest, ScrollingFollowsTheCursorDownAndUp) {
     Draw();
     for (const std::int16_t bar : std::initializer_list<std::int16_t>{20, 60, 199, 120, 3}) {
@@ -85,6 +102,31 @@ TEST_F(DrawDocumentTest, WalkingOntoARowThatIsCutOffScrollsOnByThatRow) {
     Open.CurBar = bar;
     Draw();
     EXPECT_EQ(View.VScroll, Core::CLng((rowStep + 20) / 8.0));
+}
+
+TEST_F(DrawDocumentTest, ABarThatPlaysIsBroughtIntoANarrowView) {
+    View.FollowCursor = false;
+    View.VScroll = 2;
+    View.ScaleWidth = 400;
+    Draw();
+    for (const int bar : {0, 1, 2, 3, 4, 0}) {
+        ScrollAcross(bar);
+        Draw();
+        const Core::BarPlace& place = Core::ReadBar(0, bar).Place;
+        EXPECT_GE(place.BarX, 10) << bar;
+        EXPECT_LE(place.BarX + place.BarWidth, View.ScaleWidth - 10) << bar;
+    }
+    View.ScaleWidth = 100;
+    Draw();
+    ScrollAcross(2);
+    Draw();
+    EXPECT_GE(Core::ReadBar(0, 2).Place.BarX, 10) << "too wide a bar shows its beginning";
+    EXPECT_LT(Core::ReadBar(0, 2).Place.BarX, 40);
+    View.ScaleWidth = 1000;
+    Draw();
+    const int scroll = View.HScroll;
+    ScrollAcross(4);
+    EXPECT_EQ(View.HScroll, scroll);
 }
 
 TEST_F(DrawDocumentTest, AnotherTrackOrAnotherViewIsLaidOutAfresh) {

@@ -1,0 +1,109 @@
+// What the window does while a song plays, on the thread that effect timers share: a repaint when the rows scroll, and
+// the marker's and status bar's part of a tick. Song S, in a window's size, as the editor shows it.
+#include <QApplication>
+#include <algorithm>
+#include <chrono>
+#include <vector>
+
+#include "bench/Measure.h"
+#include "bench/Setting.h"
+#include "bench/SongS.h"
+#include "core/mod_Settings.h"
+#include "core/mod_TabFileStructure.h"
+#include "drawing/mod_PageLayout.h"
+#include "forms/frmMain.h"
+#include "forms/picDocument.h"
+#include "platform/Services.h"
+#include "platform/VirtualClock.h"
+#include "platform/headless/RecordingMidi.h"
+#include "playback/MIDI_OUT.h"
+#include "playback/mod_TabPlayer.h"
+#include "shell/mod_Shell.h"
+#include "shell/mod_Sound.h"
+
+using namespace Quillon;
+using namespace Quillon::Bench;
+
+namespace {
+
+/// Milliseconds, told by their median, 99th percentile and worst.
+class Times {
+public:
+    template <class Act>
+    double Take(Act&& act) {
+        const auto start = std::chrono::steady_clock::now();
+        act();
+        const std::chrono::duration<double, std::milli> taken = std::chrono::steady_clock::now() - start;
+        all.push_back(taken.count());
+        return taken.count();
+    }
+    double Part(double part) {
+        if (all.empty()) Fail("nothing was taken");
+        std::ranges::sort(all);
+        return all[static_cast<std::size_t>(part * static_cast<double>(all.size() - 1))];
+    }
+
+private:
+    std::vector<double> all;
+};
+
+void MeasurePlaying(Forms::frmMain& window, VirtualClock& clock) {
+    constexpr int Ticks = 64 * 60;  // of 60 bars, some 20 rows
+    Playback::PlayTab(0, SongBars - 1);
+    QApplication::processEvents();
+    Times ticks;
+    Times scrolls;
+    Times full;
+    bool layOut = false;
+    int scroll = Drawing::View.VScroll;
+    for (int tick = 0; tick < Ticks; ++tick) {
+        ticks.Take([&] {
+            clock.Step(1'000'000);
+            Shell::PlayPlaceChanged();
+        });
+        const bool scrolled = Drawing::View.VScroll != scroll;
+        scroll = Drawing::View.VScroll;
+        if (!scrolled) {
+            QApplication::processEvents();
+            continue;
+        }
+        layOut = !layOut;  // every other one, to tell what is spared
+        Drawing::Page.LayoutDirty = layOut ? 1 : 0;
+        (layOut ? full : scrolls).Take([&] { window.Document().Settle(); });
+        QApplication::processEvents();
+    }
+    Playback::StopTab();
+    Row("A tick with marker and place, median", ticks.Part(0.5) * 1e3, "us");
+    Row("A tick with marker and place, 99.9th percentile", ticks.Part(0.999), 3, "ms");
+    Row("Repaint of a scroll while playing, median", scrolls.Part(0.5), 5, "ms");
+    Row("Repaint of a scroll while playing, worst", scrolls.Part(1), "ms");
+    Row("The same with all bars laid out anew, median", full.Part(0.5), "ms");
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    const Setting setting;
+    VirtualClock clock;
+    RecordingMidi outputs;
+    Services.Timers = &clock;
+    Services.Midi = &outputs;
+    {
+        Forms::frmMain window;
+        Shell::Program.View = &window;
+        Shell::Program.Dialogs = &window;
+        window.resize(1100, 820);
+        Shell::Start("");
+        QApplication::processEvents();
+        Core::Open.TabFile = SongS();
+        Core::Settings.FollowTabPlayback = true;
+        Shell::DocumentReplaced();
+        QApplication::processEvents();
+        MeasurePlaying(window, clock);
+        Playback::Player.View = nullptr;
+        Playback::MidiClose();
+    }
+    return Status();
+}
