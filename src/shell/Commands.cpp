@@ -45,6 +45,8 @@ bool HasNextTrack() { return Open.CurTrack < Open.TabFile.Tracks.UpperBound(); }
 bool HasPreviousTrack() { return Open.CurTrack > 0; }
 bool CanZoomIn() { return Program.ZoomPercent < MostZoom; }
 bool CanZoomOut() { return Program.ZoomPercent > LeastZoom; }
+/// A song begins with its clicks or has none: while it plays they can be stopped, not begun.
+bool MayClick() { return !Sound.Playing || Core::Settings.Metronome; }
 bool HasRecentFiles() { return !RecentFiles().empty(); }
 
 constexpr Command Table[] = {
@@ -271,6 +273,7 @@ constexpr Command Table[] = {
      .SeparatorBefore = true,
      .WhilePlaying = true,
      .Run = mnuSoundMetronome_Click,
+     .Enabled = MayClick,
      .Checked = [] { return Core::Settings.Metronome; }},
     {.Name = "mnuSoundCountIn",
      .Menu = SoundMenu,

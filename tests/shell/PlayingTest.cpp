@@ -60,13 +60,22 @@ TEST_F(Playing, WhileASongPlaysOnlyWhatMayChangeIsEnabled) {
     ASSERT_TRUE(Do("mnuSoundPlayFromStart"));
     EXPECT_TRUE(IsPlaying());
     EXPECT_TRUE(Drawing::View.Playing);
-    EXPECT_EQ(list(), "mnuSoundStop mnuSoundMetronome mnuSoundFollow mnuHelpKeyboard mnuHelpAbout ");
+    EXPECT_EQ(list(), "mnuSoundStop mnuSoundFollow mnuHelpKeyboard mnuHelpAbout ");
     EXPECT_FALSE(Do("mnuFileNew"));
+    EXPECT_FALSE(Do("mnuSoundMetronome")) << "no click could begin now";
     EXPECT_TRUE(Do("mnuSoundStop"));
     EXPECT_FALSE(IsPlaying());
     EXPECT_FALSE(Drawing::View.Playing);
     EXPECT_EQ(list(), before);
     EXPECT_EQ(Window().Calls, (std::vector<std::string>{"playing", "stopped"}));
+}
+
+TEST_F(Playing, ClicksCanBeStoppedWhileASongPlays) {
+    Core::Settings.Metronome = true;
+    ASSERT_TRUE(Do("mnuSoundPlayFromStart"));
+    EXPECT_TRUE(Do("mnuSoundMetronome"));
+    EXPECT_FALSE(Core::Settings.Metronome);
+    EXPECT_FALSE(Do("mnuSoundMetronome"));
 }
 
 TEST_F(Playing, EachCommandPlaysItsBarsAndEndsByItself) {
