@@ -42,7 +42,7 @@ void frmMain::BuildPlaying() {
     dockMixTable->setWidget(mixTable);
     dockMixTable->setVisible(false);
     addDockWidget(Qt::LeftDockWidgetArea, dockMixTable);
-    resizeDocks({dockMixTable}, {255}, Qt::Horizontal);
+    resizeDocks({dockMixTable}, {290}, Qt::Horizontal);
     // Closed by its own button; not when the whole window goes.
     connect(dockMixTable->toggleViewAction(), &QAction::triggered, this, [this](bool visible) {
         Shell::Program.MixTableVisible = visible;

@@ -44,7 +44,8 @@ picMixTable::picMixTable(QWidget* parent) : QTreeWidget(parent) {
     header()->setSectionsMovable(false);
     header()->setStretchLastSection(false);
     header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    header()->setSectionResizeMode(Name, QHeaderView::Stretch);
+    // The name tells the tracks apart; the instrument makes do with what is left.
+    header()->setSectionResizeMode(Instrument, QHeaderView::Stretch);
     header()->setMinimumSectionSize(24);
     connect(this, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* item) {
         if (item) Shell::ShowTrack(indexOfTopLevelItem(item));
@@ -106,6 +107,9 @@ void picMixTable::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void picMixTable::keyPressEvent(QKeyEvent* event) {
+    // A click on a track took the focus from the paper, where any key stops.
+    const bool stops = event->key() == Qt::Key_Space || event->key() == Qt::Key_Escape;
+    if (stops && Shell::Sound.Playing) return Shell::mnuSoundStop_Click();
     if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) return QTreeWidget::keyPressEvent(event);
     if (!Shell::Sound.Playing) Shell::Guarded(Shell::mnuTrackProperties_Click);
 }

@@ -122,6 +122,14 @@ TEST_F(PlayingWindowTest, TheTrackListShowsHidesAndPicksTracks) {
     list.setFocus();
     QTest::keyClick(&list, Qt::Key_Down);
     EXPECT_EQ(Core::Open.CurTrack, 1) << "the keyboard picks too";
+    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Escape}) {
+        Run("mnuSoundPlayFromStart");
+        list.setFocus();
+        QTest::keyClick(&list, Qt::Key_Up);
+        EXPECT_TRUE(Playback::IsPlaying());
+        QTest::keyClick(&list, key);
+        EXPECT_FALSE(Playback::IsPlaying()) << key;
+    }
     Shell::Stop();
     Start("fiddle-set.qlm");
     EXPECT_TRUE(In<QDockWidget>(*window, "dockMixTable").isVisible()) << "kept";
