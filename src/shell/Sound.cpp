@@ -149,6 +149,8 @@ std::string WhySilent() {
 }
 
 std::string SoundText() {
+    const bool noFont = PlaysSynthesizer() && Services.Synth->State() == SynthesizerState::NoSoundFont;
+    if (noFont && Sound.Synthesizer.SoundFont.empty()) return SilentBecause(LanguageText("str_SoundFontMissing"));
     if (std::string silent = WhySilent(); !silent.empty()) return silent;
     const std::string& name = Device(Sound.Position).Name;
     if (!PlaysSynthesizer()) return LanguageText("str_SoundDevice", {name});
