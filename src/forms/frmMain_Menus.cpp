@@ -14,6 +14,7 @@
 #include <QTranslator>
 
 #include "core/mod_TabFileStructure.h"
+#include "forms/ElidedLabel.h"
 #include "forms/SvgIcon.h"
 #include "forms/Text.h"
 #include "forms/frmMain.h"
@@ -124,20 +125,19 @@ void frmMain::BuildMenus() {
 }
 
 void frmMain::BuildStatusBar() {
-    const auto label = [this](const char* name) {
-        auto* const made = new QLabel(this);
+    const auto label = [](QLabel* made, const char* name) {
         made->setObjectName(name);
         made->setTextFormat(Qt::PlainText);
         made->setContentsMargins(8, 0, 8, 0);
         return made;
     };
     // A long message gives way to what stands at the right.
-    lblStatus = label("lblStatus");
+    lblStatus = label(new ElidedLabel(this), "lblStatus");
     lblStatus->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     statusBar()->addWidget(lblStatus, 1);
-    lblNote = label("lblNote");
-    lblPlace = label("lblPlace");
-    lblPages = label("lblPages");
+    lblNote = label(new QLabel(this), "lblNote");
+    lblPlace = label(new QLabel(this), "lblPlace");
+    lblPages = label(new QLabel(this), "lblPages");
     for (QLabel* each : {lblNote, lblPlace, lblPages}) statusBar()->addPermanentWidget(each);
     sldZoom = new QSlider(Qt::Horizontal, this);
     sldZoom->setObjectName("sldZoom");
