@@ -37,8 +37,8 @@ void mnuFileExportWave_Click() {
     const auto target = Program.View->AskWaveFile(suggested);
     if (!target) return;
     const auto tell = [&](const char* key) {
-        Services.Messages->Show(LanguageText(key, {target->string()}), LanguageText("str_TitleNote"), Buttons::Ok,
-                                BoxIcon::Exclamation);
+        const std::string text = LanguageText(key, {target->string(), std::to_string(Exchange::LongestWaveHours)});
+        Services.Messages->Show(text, LanguageText("str_TitleNote"), Buttons::Ok, BoxIcon::Exclamation);
     };
     switch (Export(*target)) {
         case Exchange::WaveOutcome::Written:
