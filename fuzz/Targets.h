@@ -2,6 +2,7 @@
 // bytes find a fault; the fuzz programs call it, and the tests replay fuzz/corpus/ through it.
 #pragma once
 
+#include <algorithm>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -17,6 +18,7 @@
 #include "platform/headless/MemoryStore.h"
 #include "platform/portable/IniStore.h"
 #include "platform/portable/Rc4Md5.h"
+#include "playback/mod_OfflinePlay.h"
 #include "shell/Recovery.h"
 
 namespace Quillon::Fuzz {
@@ -88,12 +90,41 @@ inline void Recovery(std::string_view bytes) {
     }
 }
 
+/// A song from outside, played: its numbers are whatever the file says.
+inline void Play(std::string_view bytes) {
+    Core::TabFile song = Core::ReadTabFileText(bytes, {}).Document;
+    try {
+        song = Exchange::ReadJson(bytes, MemoryStore{});
+    } catch (const RunTimeError&) {
+        // No JSON: a music file's text, then.
+    }
+    Core::Open = {};
+    Core::Open.TabFile = song;
+    Core::Settings = {};
+    Core::Settings.Metronome = Core::Settings.CountIn = bytes.size() % 2 == 1;
+    constexpr int MostMessages = 20'000;
+    int messages = 0;
+    Playback::OfflineOptions options;
+    options.EndBar = static_cast<std::int16_t>(std::min(song.BarInfos.UpperBound(), 32'000));
+    options.MaxMs = 3000;
+    std::int64_t before = 0;
+    const auto receive = [&](const Playback::TimedMessage& message) {
+        ++messages;
+        Require(message.Time >= before, "a message before its time");
+        before = message.Time;
+    };
+    Playback::PlayOffline(options, receive, [&](std::int64_t) { return messages < MostMessages; });
+    Require(Core::Open.TabFile == song, "playing changed the song");
+    Require(!Playback::IsPlaying(), "the player that was put aside plays");
+}
+
 struct Target {
     std::string_view Name;  ///< of its folder below fuzz/corpus/
     void (*Run)(std::string_view bytes);
 };
 inline constexpr Target Targets[] = {
-    {"music_text", &MusicText}, {"cipher", &Cipher}, {"json", &Json}, {"settings", &Settings}, {"recovery", &Recovery},
+    {"music_text", &MusicText}, {"cipher", &Cipher},     {"json", &Json},
+    {"settings", &Settings},    {"recovery", &Recovery}, {"play", &Play},
 };
 
 }  // namespace Quillon::Fuzz
