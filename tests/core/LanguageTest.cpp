@@ -4,6 +4,7 @@
 
 #include <regex>
 #include <set>
+#include <sstream>
 
 #include "platform/portable/PosixFiles.h"
 #include "tests/support/Golden.h"
@@ -54,6 +55,18 @@ TEST(LanguageTables, EveryLanguageHasTheSameKeysAndPlacesAndNoEmptyText) {
                 << language.Name << " " << key << ": a letter for the keyboard in one language alone";
         }
         for (const auto& [key, text] : table) EXPECT_TRUE(english.contains(key)) << language.Name << " adds " << key;
+    }
+}
+
+TEST(LanguageTables, NoKeyStandsTwiceInAFile) {
+    for (const BuiltInLanguage& language : BuiltInLanguages()) {
+        std::set<std::string> keys;
+        std::istringstream lines{std::string(language.Bytes)};
+        for (std::string line; std::getline(lines, line);) {
+            if (!line.starts_with("str_")) continue;
+            EXPECT_TRUE(keys.insert(line.substr(0, line.find('='))).second) << language.Name << ": " << line;
+        }
+        EXPECT_GT(keys.size(), 100U);
     }
 }
 
