@@ -45,6 +45,8 @@ private:
 
     bool StartThread();
     void Run();
+    /// Called and returns with the lock held; ends early when something changed.
+    void RestUntil(Clock::time_point due, std::unique_lock<std::mutex>& guard);
     std::vector<Armed>::iterator Next();
     void Fire(std::vector<Armed>::iterator timer);
 
