@@ -14,7 +14,8 @@ protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
         const QRect room = contentsRect();
-        painter.drawText(room, alignment(), fontMetrics().elidedText(text(), Qt::ElideRight, room.width()));
+        painter.drawText(room, static_cast<int>(alignment()),
+                         fontMetrics().elidedText(text(), Qt::ElideRight, room.width()));
     }
 };
 

@@ -21,7 +21,7 @@ protected:
         return json::parse(run.Out, nullptr, false);
     }
     /// Frets of a bar's strums on string 0.
-    static std::string Frets(const json& document, int bar, int track = 0) {
+    static std::string Frets(const json& document, std::size_t bar, std::size_t track = 0) {
         std::string frets;
         for (const json& strum : document["Tracks"][track]["Bars"][bar]["Strums"]) {
             frets += strum.contains("Notes") ? strum["Notes"]["0"].value("Fret", "-") + " " : "- ";
