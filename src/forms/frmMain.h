@@ -67,20 +67,7 @@ public:
     std::optional<std::filesystem::path> AskSaveFile(const std::filesystem::path& suggested) override;
 
     // The dialogs.
-    bool EditFileProperties(Shell::FilePropertiesModel& model) override;
-    bool EditTrackProperties(Shell::TrackPropertiesModel& model) override;
-    bool EditOptions(Shell::OptionsModel& model) override;
-    bool EditPageSetup(Shell::PageSetupModel& model) override;
-    bool EditSpeedTrainer(Shell::SpeedTrainerModel& model) override;
-    bool EditAddTrack(Shell::AddTrackModel& model) override;
-    bool EditInsertBar(Shell::InsertBarModel& model) override;
-    bool EditRemoveBar(Shell::RemoveBarModel& model) override;
-    bool EditBarTimeSig(Shell::BarTimeSigModel& model) override;
-    bool EditBarKeySig(Shell::BarKeySigModel& model) override;
-    bool EditEndRepeat(Shell::EndRepeatModel& model) override;
-    bool EditCoda(Shell::CodaModel& model) override;
-    bool EditCutCopyPaste(Shell::CutCopyPasteModel& model) override;
-    bool EditTranspose(Shell::TransposeModel& model) override;
+    bool Edit(Shell::DialogModel& model) override;
     std::optional<std::string> AskPassword() override;
     void ExportPicture() override;
     void ShowAbout() override;

@@ -12,40 +12,16 @@
 #include "forms/frmAbout.h"
 #include "forms/frmCommandPalette.h"
 #include "forms/frmExportPicture.h"
-#include "forms/frmFileProperties.h"
 #include "forms/frmKeyboard.h"
 #include "forms/frmMain.h"
-#include "forms/frmOptions.h"
-#include "forms/frmTrackProperties.h"
-#include "forms/ntne_frmPageSetup.h"
-#include "forms/ntne_frmSpeedTrainer.h"
 #include "platform/FileSystem.h"
 #include "platform/MessageBox.h"
 #include "platform/Services.h"
 #include "shell/Commands.h"
-#include "shell/DialogModels.h"
 
 namespace Quillon::Forms {
 
 using Core::Open;
-
-bool frmMain::EditFileProperties(Shell::FilePropertiesModel& model) {
-    return frmFileProperties(model, this).exec() == QDialog::Accepted;
-}
-
-bool frmMain::EditTrackProperties(Shell::TrackPropertiesModel& model) {
-    return frmTrackProperties(model, this).exec() == QDialog::Accepted;
-}
-
-bool frmMain::EditOptions(Shell::OptionsModel& model) { return frmOptions(model, this).exec() == QDialog::Accepted; }
-
-bool frmMain::EditPageSetup(Shell::PageSetupModel& model) {
-    return ntne_frmPageSetup(model, this).exec() == QDialog::Accepted;
-}
-
-bool frmMain::EditSpeedTrainer(Shell::SpeedTrainerModel& model) {
-    return ntne_frmSpeedTrainer(model, this).exec() == QDialog::Accepted;
-}
 
 std::optional<std::string> frmMain::AskPassword() {
     bool accepted = false;

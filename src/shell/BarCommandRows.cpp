@@ -1,6 +1,7 @@
 #include "core/mod_TabFileManipulation.h"
 #include "editing/mod_BarsAndTracks.h"
 #include "shell/BarCommands.h"
+#include "shell/CommandRows.h"
 
 namespace Quillon::Shell {
 
@@ -8,8 +9,6 @@ using Core::Open;
 
 namespace {
 
-constexpr std::string_view TrackMenu = "str_MenuTrack";
-constexpr std::string_view BarMenu = "str_MenuBar";
 constexpr std::string_view TrackToolbar = "Track";
 constexpr std::string_view Bar1Toolbar = "Bar 1";
 constexpr std::string_view Bar2Toolbar = "Bar 2";

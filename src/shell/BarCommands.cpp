@@ -9,6 +9,7 @@
 #include "platform/MessageBox.h"
 #include "platform/Services.h"
 #include "shell/BarModels.h"
+#include "shell/EditCommands.h"
 #include "shell/mod_Shell.h"
 
 namespace Quillon::Shell {
@@ -23,31 +24,12 @@ bool Agreed(const std::string& question) {
            Answer::Yes;
 }
 
-/// Loads a model, has it edited and applies it.
-template <class Model>
-void ByDialog(bool (BarDialogs::*edit)(Model&)) {
-    if (!PasswordCorrect()) return;
-    Model model;
-    model.Load();
-    if (!(Program.Dialogs->*edit)(model)) return;
-    if constexpr (std::is_void_v<decltype(model.Apply())>) {
-        model.Apply();
-    } else if (!model.Apply()) {
-        return;
-    }
-    ShowEdited();
-}
+}  // namespace
 
-/// An engine that knows the cursor, outside of typing.
-void ByEngine(void (*engine)(Core::OpenDocument&)) {
-    if (!PasswordCorrect()) return;
-    engine(Open);
+void MarkEdited() {
     Open.FileChanged = true;
     Drawing::Page.LayoutDirty = 1;
-    ShowEdited();
 }
-
-}  // namespace
 
 void ShowEdited() {
     Program.View->RebuildTrackList();
@@ -55,7 +37,7 @@ void ShowEdited() {
     Program.View->DrawDocument();
 }
 
-void mnuTrackAdd_Click() { ByDialog(&BarDialogs::EditAddTrack); }
+void mnuTrackAdd_Click() { ByDialog<AddTrackModel>(); }
 
 void mnuTrackDelete_Click() {
     if (!PasswordCorrect()) return;
@@ -71,7 +53,7 @@ void mnuTrackMoveDown_Click() {
     if (PasswordCorrect() && Editing::MoveTrackDown(Open.CurTrack)) ShowEdited();
 }
 
-void mnuBarInsert_Click() { ByDialog(&BarDialogs::EditInsertBar); }
+void mnuBarInsert_Click() { ByDialog<InsertBarModel>(); }
 
 void mnuBarAppend_Click() {
     if (!PasswordCorrect()) return;
@@ -81,7 +63,7 @@ void mnuBarAppend_Click() {
     ShowEdited();
 }
 
-void mnuBarRemove_Click() { ByDialog(&BarDialogs::EditRemoveBar); }
+void mnuBarRemove_Click() { ByDialog<RemoveBarModel>(); }
 
 void mnuBarClear_Click() {
     if (!PasswordCorrect()) return;
@@ -121,21 +103,20 @@ void mnuNoteDeleteBeat_Click() {
     if (Core::NumberOfBars(Open.CurTrack) != bars) Editing::ClearSelection();
 }
 
-void mnuBarTimeSig_Click() { ByDialog(&BarDialogs::EditBarTimeSig); }
+void mnuBarTimeSig_Click() { ByDialog<BarTimeSigModel>(); }
 
-void mnuBarKeySig_Click() { ByDialog(&BarDialogs::EditBarKeySig); }
+void mnuBarKeySig_Click() { ByDialog<BarKeySigModel>(); }
 
 void mnuBarRepeatOpen_Click() {
     if (!PasswordCorrect()) return;
     Core::BarInfo& info = Open.TabFile.BarInfos.Edit(Open.CurBar);
     info.RepeatOpen = !info.RepeatOpen;
-    Open.FileChanged = true;
-    Drawing::Page.LayoutDirty = 1;
+    MarkEdited();
     ShowEdited();
 }
 
-void mnuBarEndRepeat_Click() { ByDialog(&BarDialogs::EditEndRepeat); }
+void mnuBarEndRepeat_Click() { ByDialog<EndRepeatModel>(); }
 
-void mnuBarCoda_Click() { ByDialog(&BarDialogs::EditCoda); }
+void mnuBarCoda_Click() { ByDialog<CodaModel>(); }
 
 }  // namespace Quillon::Shell

@@ -3,18 +3,7 @@
 // They take no step of undo: what they change belongs to the state that the next key finds.
 #pragma once
 
-#include <span>
-
-#include "shell/Commands.h"
-
 namespace Quillon::Shell {
-
-/// Their part of the table of commands.
-std::span<const Command> BarCommandRows();
-std::span<const Command> ClipboardCommandRows();
-
-/// The document changed under the cursor: its marks, the track list, the commands and the painting follow.
-void ShowEdited();
 
 void mnuTrackAdd_Click();
 void mnuTrackDelete_Click();  ///< asks first

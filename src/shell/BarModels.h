@@ -11,13 +11,14 @@
 
 #include "core/mod_TabFileStructure.h"
 #include "editing/mod_Selection.h"
+#include "shell/DialogModel.h"
 
 namespace Quillon::Shell {
 
 /// The selected bars, or the one of the cursor.
 Editing::BarRange BarsInMind();
 
-struct AddTrackModel {
+struct AddTrackModel : DialogModel {
     bool IsDrum = false;
     std::string Name;
     std::int16_t Instrument = 24;  ///< General MIDI program 0 to 127; not of a drum track
@@ -32,7 +33,7 @@ struct AddTrackModel {
     void Apply() const;
 };
 
-struct InsertBarModel {
+struct InsertBarModel : DialogModel {
     std::int16_t Count = 1;
     std::int16_t BeforeBar = 1;  ///< one past the last bar: behind it
 
@@ -43,7 +44,7 @@ struct InsertBarModel {
     void Apply() const;
 };
 
-struct RemoveBarModel {
+struct RemoveBarModel : DialogModel {
     std::int16_t FromBar = 1;
     std::int16_t ToBar = 1;
 
@@ -56,7 +57,7 @@ struct RemoveBarModel {
 /// How far a signature reaches.
 enum class SignatureScope : std::int16_t { ThisBar, FromHere, AllBars };
 
-struct BarTimeSigModel {
+struct BarTimeSigModel : DialogModel {
     std::int16_t Bar = 1;
     std::int16_t Top = 4;
     std::int16_t BottomIndex = 2;  ///< into Bottoms; -1 for one that is none of them
@@ -69,7 +70,7 @@ struct BarTimeSigModel {
     bool Apply() const;
 };
 
-struct BarKeySigModel {
+struct BarKeySigModel : DialogModel {
     std::int16_t Bar = 1;
     std::int16_t Key = 0;    ///< index into KeyNames
     std::int16_t Minor = 0;  ///< 1: chosen from the minor keys
@@ -83,7 +84,7 @@ struct BarKeySigModel {
     bool Apply() const;
 };
 
-struct EndRepeatModel {
+struct EndRepeatModel : DialogModel {
     std::int16_t Bar = 1;
     bool Opens = false;
     bool Closes = false;
@@ -95,7 +96,7 @@ struct EndRepeatModel {
     bool Apply() const;
 };
 
-struct CodaModel {
+struct CodaModel : DialogModel {
     std::int16_t Bar = 1;
     bool Segno = false;
     bool DalSegno = false;
@@ -109,7 +110,7 @@ struct CodaModel {
 };
 
 /// Bars to be cut or copied, or where those copied are pasted.
-struct CutCopyPasteModel {
+struct CutCopyPasteModel : DialogModel {
     enum class Task : std::uint8_t { Cut, Copy, Paste };
 
     Task Doing = Task::Copy;
@@ -128,7 +129,7 @@ struct CutCopyPasteModel {
     void Apply() const;
 };
 
-struct TransposeModel {
+struct TransposeModel : DialogModel {
     std::int16_t Semitones = 1;
     std::int16_t FromBar = 1;  ///< the selected bars, else all
     std::int16_t ToBar = 1;

@@ -5,6 +5,8 @@
 #include "platform/Services.h"
 #include "shell/BarCommands.h"
 #include "shell/BarModels.h"
+#include "shell/CommandRows.h"
+#include "shell/EditCommands.h"
 #include "shell/mod_Shell.h"
 
 namespace Quillon::Shell {
@@ -18,7 +20,7 @@ void CutCopyPaste(Task task) {
     if (task != Task::Copy && !PasswordCorrect()) return;
     CutCopyPasteModel model;
     model.Load(task);
-    if (!Program.Dialogs->EditCutCopyPaste(model)) return;
+    if (!Program.Dialogs->Edit(model)) return;
     model.Apply();
     if (task != Task::Paste) {
         Program.View->ShowStatus(Core::LanguageText("str_OnClipboard", {CutCopyPasteModel::CopiedText()}));
@@ -36,7 +38,6 @@ bool HasStrings() {
     return false;
 }
 
-constexpr std::string_view EditMenu = "str_MenuEdit";
 constexpr std::string_view ClipboardToolbar = "Cut Copy Paste";
 
 constexpr Command Table[] = {
@@ -64,7 +65,7 @@ constexpr Command Table[] = {
      .Run = mnuEditPaste_Click,
      .Enabled = HasCopied},
     {.Name = "mnuOperationsTranspose",
-     .Menu = "str_MenuOperations",
+     .Menu = OperationsMenu,
      .Text = "str_OperationsTranspose",
      .Icon = "transpose",
      .Run = mnuOperationsTranspose_Click,
@@ -83,7 +84,7 @@ void mnuOperationsTranspose_Click() {
     if (!PasswordCorrect()) return;
     TransposeModel model;
     model.Load();
-    if (!Program.Dialogs->EditTranspose(model)) return;
+    if (!Program.Dialogs->Edit(model)) return;
     const std::string complaint = model.Apply();
     if (complaint.empty()) return ShowEdited();
     Services.Messages->Show(complaint, Core::LanguageText("str_TitleNote"), Buttons::Ok, BoxIcon::Exclamation);

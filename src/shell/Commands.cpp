@@ -9,6 +9,7 @@
 #include "editing/mod_Undo.h"
 #include "platform/Services.h"
 #include "shell/BarCommands.h"
+#include "shell/CommandRows.h"
 #include "shell/mod_Shell.h"
 #include "shell/mod_Sound.h"
 
@@ -17,14 +18,6 @@ namespace Quillon::Shell {
 using Core::Open;
 
 namespace {
-
-constexpr std::string_view FileMenu = "str_MenuFile";
-constexpr std::string_view EditMenu = "str_MenuEdit";
-constexpr std::string_view ViewMenu = "str_MenuView";
-constexpr std::string_view ToolbarsMenu = "str_MenuView/str_MenuToolbars";
-constexpr std::string_view TrackMenu = "str_MenuTrack";
-constexpr std::string_view SoundMenu = "str_MenuSound";
-constexpr std::string_view HelpMenu = "str_MenuHelp";
 
 template <const char* Toolbar>
 void ToggleToolbar() {
@@ -312,8 +305,8 @@ constexpr Command Table[] = {
 };
 
 /// The menus from left to right.
-constexpr std::string_view Menus[] = {
-    FileMenu, EditMenu, ViewMenu, SoundMenu, "str_MenuBar", TrackMenu, "str_MenuOperations", HelpMenu};
+constexpr std::string_view Menus[] = {FileMenu, EditMenu,  ViewMenu, SoundMenu,      NoteMenu,  ChordMenu,
+                                      BarMenu,  TrackMenu, GoMenu,   OperationsMenu, ToolsMenu, HelpMenu};
 
 std::ptrdiff_t MenuIndex(const Command& command) {
     const std::string_view menu = command.Menu.substr(0, command.Menu.find('/'));
@@ -365,8 +358,9 @@ std::string PlainCaption(const Command& command) {
 }
 
 std::string Tooltip(const Command& command) {
-    if (command.Shortcut.empty()) return PlainCaption(command);
-    const std::string_view first = command.Shortcut.substr(0, command.Shortcut.find(' '));
+    const std::string_view keys = command.Shortcut.empty() ? command.ScoreKey : command.Shortcut;
+    if (keys.empty()) return PlainCaption(command);
+    const std::string_view first = keys.substr(0, keys.find(' '));
     return PlainCaption(command) + " (" + std::string(first) + ")";
 }
 

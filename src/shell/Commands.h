@@ -15,10 +15,13 @@ struct Command {
     std::string_view Menu = {};      ///< text keys of the menu and its submenus, joined by "/"
     std::string_view Text = {};      ///< text key of the caption
     std::string_view Shortcut = {};  ///< as "Ctrl+Shift+S", "" for none; further ones follow behind a blank
-    std::string_view Icon = {};      ///< name of an SVG icon without its ending, "" for none
+    std::string_view ScoreKey =
+        {};  ///< the key of the score that does the same with a step of undo, as "Shift+T": shown, not bound
+    std::string_view Icon = {};  ///< name of an SVG icon without its ending, "" for none
     std::string_view Toolbar =
         {};  ///< the toolbar that shows it: "File" is the "File Toolbar" of the settings; "" for none
     bool SeparatorBefore = false;
+    bool RightMenu = false;     ///< stands in picRightMenu too, when it is enabled
     bool WhilePlaying = false;  ///< all others are disabled while a song plays
     void (*Run)() = nullptr;
     bool (*Enabled)() = nullptr;  ///< nothing: always
@@ -36,7 +39,7 @@ bool RunCommand(const Command& command);
 
 /// Caption without the "&" of its keyboard letter and without "...": what a screen reader says.
 std::string PlainCaption(const Command& command);
-/// Caption and shortcut: "Open (Ctrl+O)".
+/// Caption and shortcut, or key of the score: "Open (Ctrl+O)".
 std::string Tooltip(const Command& command);
 
 }  // namespace Quillon::Shell

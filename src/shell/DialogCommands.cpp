@@ -14,7 +14,7 @@ void mnuFileProperties_Click() {
     if (!PasswordCorrect()) return;
     FilePropertiesModel model;
     model.Load();
-    if (!Program.Dialogs->EditFileProperties(model) || !model.Apply()) return;
+    if (!Program.Dialogs->Edit(model) || !model.Apply()) return;
     Program.PasswordGiven = true;  // whoever came here typed the file's password, or has just made it up
     Program.View->UpdateCommands();
     Program.View->DrawDocument();
@@ -24,7 +24,7 @@ void mnuTrackProperties_Click() {
     if (!PasswordCorrect()) return;
     TrackPropertiesModel model;
     model.Load(Open.CurTrack);
-    if (!Program.Dialogs->EditTrackProperties(model) || !model.Apply()) return;
+    if (!Program.Dialogs->Edit(model) || !model.Apply()) return;
     Program.View->RebuildTrackList();
     Program.View->UpdateCommands();
     Program.View->DrawDocument();
@@ -33,13 +33,13 @@ void mnuTrackProperties_Click() {
 void mnuFilePageSetup_Click() {
     PageSetupModel model;
     model.Load();
-    if (Program.Dialogs->EditPageSetup(model) && model.Apply()) Program.View->DrawDocument();
+    if (Program.Dialogs->Edit(model) && model.Apply()) Program.View->DrawDocument();
 }
 
 void mnuFileOptions_Click() {
     OptionsModel model;
     model.Load();
-    if (!Program.Dialogs->EditOptions(model)) return Shell::OptionsModel::Revert();
+    if (!Program.Dialogs->Edit(model)) return Shell::OptionsModel::Revert();
     if (!model.Apply()) return;
     Program.View->LanguageChanged();
     Program.View->ThemeChanged();

@@ -17,11 +17,12 @@
 #include "platform/Picture.h"
 #include "platform/Synthesizer.h"
 #include "playback/mod_TabPlayer.h"
+#include "shell/DialogModel.h"
 
 namespace Quillon::Shell {
 
 /// Title, names and texts, fonts and colours of the open file.
-struct FilePropertiesModel {
+struct FilePropertiesModel : DialogModel {
     Core::TabFile File;          ///< a copy, of which the header fields are edited
     bool UseAsDefaults = false;  ///< new files start with these values
 
@@ -35,7 +36,7 @@ struct FilePropertiesModel {
     void SetNoteFont(const Font& font);
 };
 
-struct TrackPropertiesModel {
+struct TrackPropertiesModel : DialogModel {
     int Index = 0;
     Core::Track Track;                                    ///< a copy, all but its bars is edited
     Core::Row<std::string, Core::StringCount> OpenNotes;  ///< per string, string 0 first: "E4"
@@ -48,7 +49,7 @@ struct TrackPropertiesModel {
     void ChooseInstrument(int program);
 };
 
-struct OptionsModel {
+struct OptionsModel : DialogModel {
     Core::SettingsRecord Settings;  ///< its flags, the wide vibrato and the vibrato's count are edited
     std::int16_t MinTabX = 0;
     std::int16_t MaxTabX = 0;
@@ -74,7 +75,7 @@ struct OptionsModel {
 
 /// The fields of ntne_frmSpeedTrainer. At first the selected bars, or all, from six tenths of the song's tempo up to
 /// it.
-struct SpeedTrainerModel {
+struct SpeedTrainerModel : DialogModel {
     Playback::TrainerFields Fields;
 
     static constexpr int MostTempo = 1000;  ///< quarter notes a minute
@@ -84,7 +85,7 @@ struct SpeedTrainerModel {
     std::string_view Validate() const;
 };
 
-struct PageSetupModel {
+struct PageSetupModel : DialogModel {
     Drawing::PageSetup Page;  ///< a copy, of which paper, orientation, margins and scale are edited
 
     void Load();

@@ -46,7 +46,7 @@ void mnuSoundStop_Click() { Playback::StopTab(); }
 void mnuSoundSpeedTrainer_Click() {
     SpeedTrainerModel model;
     model.Load();
-    if (Program.Dialogs->EditSpeedTrainer(model)) Playback::StartSpeedTrainer(model.Fields);
+    if (Program.Dialogs->Edit(model)) Playback::StartSpeedTrainer(model.Fields);
 }
 
 void mnuSoundMetronome_Click() { Toggle(Core::Settings.Metronome); }

@@ -11,19 +11,13 @@
 #include <string_view>
 #include <vector>
 
-#include "shell/BarDialogs.h"
+#include "shell/DialogModel.h"
 
 namespace Quillon {
 class RunTimeError;
 }
 
 namespace Quillon::Shell {
-
-struct FilePropertiesModel;
-struct TrackPropertiesModel;
-struct OptionsModel;
-struct PageSetupModel;
-struct SpeedTrainerModel;
 
 /// The main window as the shell sees it.
 struct ShellView {
@@ -77,14 +71,12 @@ struct ShellView {
     virtual std::optional<std::filesystem::path> AskSaveFile(const std::filesystem::path& suggested) = 0;
 };
 
-/// Windows that edit a model and say whether it was accepted. A dialog stays open while its model's Validate
-/// complains and shows the complaint.
-struct Dialogs : BarDialogs {
-    virtual bool EditFileProperties(FilePropertiesModel& model) = 0;
-    virtual bool EditTrackProperties(TrackPropertiesModel& model) = 0;
-    virtual bool EditOptions(OptionsModel& model) = 0;
-    virtual bool EditPageSetup(PageSetupModel& model) = 0;
-    virtual bool EditSpeedTrainer(SpeedTrainerModel& model) = 0;
+/// The windows that the program asks something with.
+struct Dialogs {
+    virtual ~Dialogs() = default;
+    /// Opens the window of the model's type; says whether it was accepted. The window stays open while the model's
+    /// Validate complains, and shows the complaint.
+    virtual bool Edit(DialogModel& model) = 0;
     /// Asks for the open file's password; nothing when cancelled.
     virtual std::optional<std::string> AskPassword() = 0;
     /// Asks for a picture file and writes the document's pages into it.
@@ -143,6 +135,9 @@ bool OpenFileByEnding(const std::filesystem::path& path);
 bool OpenDroppedFile(const std::filesystem::path& path);
 /// Saves under a name; holds it as the document's from then on. False when it was not saved.
 bool SaveFileAs(const std::filesystem::path& path);
+
+/// The open document was changed: it is to be saved, and laid out anew.
+void MarkEdited();
 
 /// The document was replaced by another: caption, track list, scroll bars and the painting follow.
 void DocumentReplaced();

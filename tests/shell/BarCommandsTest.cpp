@@ -2,6 +2,7 @@
 
 #include "core/mod_Instruments.h"
 #include "editing/mod_BarsAndTracks.h"
+#include "shell/CommandRows.h"
 #include "tests/shell/ShellFixture.h"
 
 namespace Quillon::Shell {
@@ -36,22 +37,22 @@ protected:
     }
     static Core::BarInfo& Info(int bar) { return Open.TabFile.BarInfos.Edit(bar); }
     void AddDrums() {
-        Window().OnAddTrack = [](AddTrackModel& model) {
+        Window().On<AddTrackModel>([](AddTrackModel& model) {
             model.IsDrum = true;
             model.Name = AddTrackModel::SuggestedName(true);
             return model.Validate().empty();
-        };
+        });
         Do("mnuTrackAdd");
     }
 };
 
 TEST_F(BarCommands, ATrackIsAddedOnChannelsOfItsOwnAndShown) {
-    Window().OnAddTrack = [](AddTrackModel& model) {
+    Window().On<AddTrackModel>([](AddTrackModel& model) {
         EXPECT_EQ(model.Name, "Track 2");
         model.Instrument = 33;
         model.Strings = 4;
         return model.Validate().empty();
-    };
+    });
     EXPECT_TRUE(Do("mnuTrackAdd"));
     ASSERT_EQ(Open.TabFile.Tracks.Count(), 2);
     const Core::Track& bass = Open.TabFile.Tracks[1];
@@ -67,7 +68,7 @@ TEST_F(BarCommands, ATrackIsAddedOnChannelsOfItsOwnAndShown) {
     EXPECT_EQ(drums.Channel, 9);
     EXPECT_EQ(drums.PercStrings[5].dlo, 2) << "letters that sound";
     for (int i = 0; i < 8; ++i) {
-        Window().OnAddTrack = [](AddTrackModel&) { return true; };
+        Window().On<AddTrackModel>([](AddTrackModel&) { return true; });
         Do("mnuTrackAdd");
         const Core::Track& track = Open.TabFile.Tracks[Open.CurTrack];
         EXPECT_TRUE(track.Channel != 9 && track.EffectChannel != 9 && track.Channel < 16) << i;
@@ -96,38 +97,38 @@ TEST_F(BarCommands, BarsComeAndGoOnAllTracks) {
     AddDrums();
     Info(1).TimeSigTop = 3;
     Open.CurBar = 1;
-    Window().OnInsertBar = [](InsertBarModel& model) {
+    Window().On<InsertBarModel>([](InsertBarModel& model) {
         EXPECT_EQ(model.BeforeBar, 2);
         model.Count = 2;
         return model.Validate().empty();
-    };
+    });
     Do("mnuBarInsert");
     EXPECT_EQ(Bars(), "0--123");
     EXPECT_EQ(Bars(1), "------");
     EXPECT_EQ(Info(2).TimeSigTop, 3);
     EXPECT_EQ(Open.CurBar, 1);
-    Window().OnInsertBar = [](InsertBarModel& model) {
+    Window().On<InsertBarModel>([](InsertBarModel& model) {
         model.BeforeBar = 7;
         return model.Validate().empty();
-    };
+    });
     Do("mnuBarInsert");
     Do("mnuBarAppend");
     EXPECT_EQ(Bars(), "0--123--");
     EXPECT_EQ(Open.CurBar, 7);
     Open.CurBar = 1;
     Editing::SelectTo(2);
-    Window().OnRemoveBar = [](RemoveBarModel& model) {
+    Window().On<RemoveBarModel>([](RemoveBarModel& model) {
         EXPECT_EQ(std::pair(model.FromBar, model.ToBar), std::pair(std::int16_t{2}, std::int16_t{3}));
         return true;
-    };
+    });
     Do("mnuBarRemove");
     EXPECT_EQ(Bars(), "0123--");
     EXPECT_FALSE(Editing::SelectedBars());
-    Window().OnRemoveBar = [](RemoveBarModel& model) {
+    Window().On<RemoveBarModel>([](RemoveBarModel& model) {
         model.FromBar = 1;
         model.ToBar = 6;
         return model.Validate().empty();
-    };
+    });
     Do("mnuBarRemove");
     EXPECT_EQ(Bars(), "-");
     EXPECT_EQ(Open.TabFile.BarInfos.Count(), 1);
@@ -140,10 +141,15 @@ TEST_F(BarCommands, BarNumbersAreChecked) {
     EXPECT_EQ(insert.Validate(), "");
     insert.BeforeBar = 6;
     EXPECT_EQ(insert.Validate(), "str_BarMissing");
-    insert = {1000, 1};
+    insert.BeforeBar = 1;
+    insert.Count = 1000;
     EXPECT_EQ(insert.Validate(), "str_BarCountOutOfRange");
-    EXPECT_EQ((RemoveBarModel{1, 5}).Validate(), "str_BarMissing");
-    EXPECT_EQ((RemoveBarModel{3, 2}).Validate(), "str_BarOrder");
+    RemoveBarModel remove;
+    remove.ToBar = 5;
+    EXPECT_EQ(remove.Validate(), "str_BarMissing");
+    remove.FromBar = 3;
+    remove.ToBar = 2;
+    EXPECT_EQ(remove.Validate(), "str_BarOrder");
     AddTrackModel track;
     track.Load();
     track.Name = " ";
@@ -211,12 +217,12 @@ TEST_F(BarCommands, SignaturesReachAsFarAsTheyAreToldAndKeepOddFigures) {
     };
     Open.CurBar = 1;
     SignatureScope scope = SignatureScope::ThisBar;
-    Window().OnBarTimeSig = [&](BarTimeSigModel& model) {
+    Window().On<BarTimeSigModel>([&](BarTimeSigModel& model) {
         ++model.Top;
         model.BottomIndex = 3;
         model.Scope = static_cast<std::int16_t>(scope);
         return model.Validate().empty();
-    };
+    });
     Do("mnuBarTimeSig");
     EXPECT_EQ(tops(), "4/4 5/8 4/4 4/4 ");
     scope = SignatureScope::FromHere;
@@ -226,7 +232,7 @@ TEST_F(BarCommands, SignaturesReachAsFarAsTheyAreToldAndKeepOddFigures) {
     Do("mnuBarTimeSig");
     EXPECT_EQ(tops(), "7/8 7/8 7/8 7/8 ");
     Info(1) = {.TimeSigTop = 100000, .TimeSigBottom = 5};
-    Window().OnBarTimeSig = [&](BarTimeSigModel& model) { return model.Validate().empty(); };
+    Window().On<BarTimeSigModel>([&](BarTimeSigModel& model) { return model.Validate().empty(); });
     Open.FileChanged = false;
     Do("mnuBarTimeSig");
     EXPECT_EQ(tops(), "7/8 100000/5 7/8 7/8 ");
@@ -239,23 +245,23 @@ TEST_F(BarCommands, SignaturesReachAsFarAsTheyAreToldAndKeepOddFigures) {
 
 TEST_F(BarCommands, AKeyIsSetOnOneTrackOrAll) {
     AddDrums();
-    Window().OnBarKeySig = [](BarKeySigModel& model) {
+    Window().On<BarKeySigModel>([](BarKeySigModel& model) {
         EXPECT_TRUE(model.AllTracks) << "they agree";
         model.Key = 2;
         model.Minor = 1;
         return model.Validate().empty();
-    };
+    });
     Do("mnuBarKeySig");
     EXPECT_EQ(Core::ReadBar(0, 0).Key, 2);
     EXPECT_TRUE(Core::ReadBar(1, 0).KeyIsMinor);
     EXPECT_EQ(Core::ReadBar(0, 1).Key, 0);
     Open.CurTrack = 0;
-    Window().OnBarKeySig = [](BarKeySigModel& model) {
+    Window().On<BarKeySigModel>([](BarKeySigModel& model) {
         model.AllTracks = false;
         model.Key = 13;
         model.Scope = static_cast<std::int16_t>(SignatureScope::FromHere);
         return model.Validate().empty();
-    };
+    });
     Do("mnuBarKeySig");
     EXPECT_EQ(Core::ReadBar(0, 3).Key, 13);
     EXPECT_EQ(Core::ReadBar(1, 0).Key, 2);
@@ -274,18 +280,18 @@ TEST_F(BarCommands, ARepeatCountsItsJumpsBack) {
     EXPECT_TRUE(Info(0).RepeatOpen);
     EXPECT_TRUE(IsChecked(*FindCommand("mnuBarRepeatOpen")));
     Open.CurBar = 1;
-    Window().OnEndRepeat = [](EndRepeatModel& model) {
+    Window().On<EndRepeatModel>([](EndRepeatModel& model) {
         model.Closes = true;
         model.Jumps = 3;
         return model.Validate().empty();
-    };
+    });
     Do("mnuBarEndRepeat");
     EXPECT_EQ(Info(1).RepeatClose, 3);
     EXPECT_TRUE(IsChecked(*FindCommand("mnuBarEndRepeat")));
-    Window().OnEndRepeat = [](EndRepeatModel& model) {
+    Window().On<EndRepeatModel>([](EndRepeatModel& model) {
         model.Closes = false;
         return model.Validate().empty();
-    };
+    });
     Do("mnuBarEndRepeat");
     EXPECT_EQ(Info(1).RepeatClose, 0);
     EndRepeatModel model;
@@ -298,13 +304,13 @@ TEST_F(BarCommands, ARepeatCountsItsJumpsBack) {
 TEST_F(BarCommands, SignsAreSetAndTheirSenseIsTold) {
     Info(0).Segno = 1;
     Open.CurBar = 2;
-    Window().OnCoda = [](CodaModel& model) {
+    Window().On<CodaModel>([](CodaModel& model) {
         EXPECT_EQ(model.Check().size(), 1U);
         EXPECT_NE(model.Check()[0].find("bar 1"), std::string::npos) << model.Check()[0];
         model.DalSegno = true;
         EXPECT_TRUE(model.Check().empty());
         return true;
-    };
+    });
     Do("mnuBarCoda");
     EXPECT_EQ(Info(2).DalSegno, -1);
     EXPECT_EQ(Info(0).Segno, 1) << "as the file had it";
@@ -318,12 +324,12 @@ TEST_F(BarCommands, BarsAreCutCopiedAndPastedThroughTheirDialog) {
     EXPECT_FALSE(Can("mnuEditPaste"));
     Open.CurBar = 1;
     Editing::SelectTo(2);
-    Window().OnCutCopyPaste = [](CutCopyPasteModel& model) {
+    Window().On<CutCopyPasteModel>([](CutCopyPasteModel& model) {
         if (model.Doing != CutCopyPasteModel::Task::Paste) {
             EXPECT_EQ(std::pair(model.FromBar, model.ToBar), std::pair(std::int16_t{2}, std::int16_t{3}));
         }
         return model.Validate().empty();
-    };
+    });
     Do("mnuEditCopy");
     EXPECT_EQ(Bars(), "0123");
     EXPECT_FALSE(Open.FileChanged);
@@ -332,19 +338,19 @@ TEST_F(BarCommands, BarsAreCutCopiedAndPastedThroughTheirDialog) {
     EXPECT_EQ(Bars(), "03");
     EXPECT_EQ(Open.CurBar, 1);
     EXPECT_TRUE(Open.FileChanged);
-    Window().OnCutCopyPaste = [](CutCopyPasteModel& model) {
+    Window().On<CutCopyPasteModel>([](CutCopyPasteModel& model) {
         model.BeforeBar = 3;
         model.Times = 2;
         return model.Validate().empty();
-    };
+    });
     Do("mnuEditPaste");
     EXPECT_EQ(Bars(), "031212");
     EXPECT_EQ(Open.CurBar, 2);
     ForceNewFile();
-    Window().OnCutCopyPaste = [](CutCopyPasteModel& model) {
+    Window().On<CutCopyPasteModel>([](CutCopyPasteModel& model) {
         model.Over = 1;
         return model.Validate().empty();
-    };
+    });
     Do("mnuEditPaste");
     EXPECT_EQ(Bars(), "12") << "into another song";
     CutCopyPasteModel model;
@@ -358,10 +364,10 @@ TEST_F(BarCommands, BarsAreCutCopiedAndPastedThroughTheirDialog) {
 
 TEST_F(BarCommands, TransposingMovesTheSelectionOrTellsTheBeatThatIsInTheWay) {
     std::int16_t by = 12;
-    Window().OnTranspose = [&](TransposeModel& model) {
+    Window().On<TransposeModel>([&](TransposeModel& model) {
         model.Semitones = by;
         return model.Validate().empty();
-    };
+    });
     Editing::SelectTo(1);
     Do("mnuOperationsTranspose");
     EXPECT_EQ(Core::ReadStrum(0, 0, 0).Notes[0].Fret, "12");

@@ -20,10 +20,10 @@ protected:
 };
 
 TEST_F(DialogModels, NothingChangedSetsNothing) {
-    Window().OnFileProperties = [](FilePropertiesModel& model) { return model.Validate().empty(); };
-    Window().OnTrackProperties = [](TrackPropertiesModel& model) { return model.Validate().empty(); };
-    Window().OnOptions = [](OptionsModel& model) { return model.Validate().empty(); };
-    Window().OnPageSetup = [](PageSetupModel& model) { return model.Validate().empty(); };
+    Window().On<FilePropertiesModel>([](FilePropertiesModel& model) { return model.Validate().empty(); });
+    Window().On<TrackPropertiesModel>([](TrackPropertiesModel& model) { return model.Validate().empty(); });
+    Window().On<OptionsModel>([](OptionsModel& model) { return model.Validate().empty(); });
+    Window().On<PageSetupModel>([](PageSetupModel& model) { return model.Validate().empty(); });
     mnuFileProperties_Click();
     mnuTrackProperties_Click();
     mnuFileOptions_Click();
@@ -34,7 +34,7 @@ TEST_F(DialogModels, NothingChangedSetsNothing) {
 }
 
 TEST_F(DialogModels, FilePropertiesChangeTheDocumentAndTheDefaults) {
-    Window().OnFileProperties = [](FilePropertiesModel& model) {
+    Window().On<FilePropertiesModel>([](FilePropertiesModel& model) {
         model.File.Title = "Étude";
         model.File.Artist = "Me";
         model.File.Tempo = 92.5F;
@@ -42,7 +42,7 @@ TEST_F(DialogModels, FilePropertiesChangeTheDocumentAndTheDefaults) {
         model.SetNoteFont({"Courier", 9, true, false, true, false});
         model.UseAsDefaults = true;
         return true;
-    };
+    });
     mnuFileProperties_Click();
     EXPECT_TRUE(Open.FileChanged);
     EXPECT_EQ(Drawing::Page.LayoutDirty, 1);
@@ -78,7 +78,7 @@ TEST_F(DialogModels, TrackPropertiesTakeNotesForTheTuningAndKeepTheBars) {
     Open.CurString = 6;
     Edit("5");
     Open.FileChanged = false;
-    Window().OnTrackProperties = [](TrackPropertiesModel& model) {
+    Window().On<TrackPropertiesModel>([](TrackPropertiesModel& model) {
         EXPECT_EQ(model.OpenNotes[0], "E4");
         EXPECT_EQ(model.OpenNotes[5], "E2");
         model.Track.Strings = 4;
@@ -88,7 +88,7 @@ TEST_F(DialogModels, TrackPropertiesTakeNotesForTheTuningAndKeepTheBars) {
         model.Track.IsDrum = true;
         model.Track.PercStrings[0].dbx = 46;
         return model.Validate().empty();
-    };
+    });
     mnuTrackProperties_Click();
     const Core::Track& track = Open.TabFile.Tracks[0];
     EXPECT_EQ(Core::OpenPitch(track, 0), 43);
@@ -102,10 +102,10 @@ TEST_F(DialogModels, TrackPropertiesTakeNotesForTheTuningAndKeepTheBars) {
 }
 
 TEST_F(DialogModels, ATrackThatBecomesDrumsHasLettersThatSoundUnlessSomeWereChosen) {
-    Window().OnTrackProperties = [](TrackPropertiesModel& model) {
+    Window().On<TrackPropertiesModel>([](TrackPropertiesModel& model) {
         model.Track.IsDrum = true;
         return true;
-    };
+    });
     mnuTrackProperties_Click();
     EXPECT_EQ(Open.TabFile.Tracks[0].PercStrings[3].dbo, 6);
     EXPECT_EQ(Open.TabFile.Tracks[0].PercStrings[5].dlo, 2);
@@ -158,14 +158,14 @@ TEST_F(DialogModels, OddValuesThatTheFileCameWithKeepNobodyFromChangingOthers) {
     file.Tracks[0].LyricsOfOtherTrack = 1;
     file.Tracks[0].LyricsTrack = 7;
     Core::TabFile expected = file;
-    Window().OnFileProperties = [](FilePropertiesModel& model) {
+    Window().On<FilePropertiesModel>([](FilePropertiesModel& model) {
         model.File.Title = "New";
         return model.Validate().empty();
-    };
-    Window().OnTrackProperties = [](TrackPropertiesModel& model) {
+    });
+    Window().On<TrackPropertiesModel>([](TrackPropertiesModel& model) {
         model.Track.Name = "New";
         return model.Validate().empty();
-    };
+    });
     mnuFileProperties_Click();
     mnuTrackProperties_Click();
     expected.Title = expected.Tracks[0].Name = "New";
@@ -173,11 +173,11 @@ TEST_F(DialogModels, OddValuesThatTheFileCameWithKeepNobodyFromChangingOthers) {
 }
 
 TEST_F(DialogModels, WhoMakesUpAPasswordIsNotAskedForIt) {
-    Window().OnFileProperties = [](FilePropertiesModel& model) {
+    Window().On<FilePropertiesModel>([](FilePropertiesModel& model) {
         model.File.HasPassword = true;
         model.File.Password = "pick";
         return true;
-    };
+    });
     mnuFileProperties_Click();
     Window().Calls.clear();
     EXPECT_TRUE(PasswordCorrect());
@@ -188,11 +188,11 @@ TEST_F(DialogModels, WhoMakesUpAPasswordIsNotAskedForIt) {
 
 TEST_F(DialogModels, OptionsThatCannotBeStoredHoldForThisRun) {
     run->Files.FullFor = "base";
-    Window().OnOptions = [](OptionsModel& model) {
+    Window().On<OptionsModel>([](OptionsModel& model) {
         model.Theme = 2;
         model.Language = "German";
         return true;
-    };
+    });
     mnuFileOptions_Click();
     EXPECT_EQ(Box().Shown.size(), 2U) << "the settings, and the choice of the language";
     EXPECT_EQ(Program.Theme, 2);
@@ -201,21 +201,21 @@ TEST_F(DialogModels, OptionsThatCannotBeStoredHoldForThisRun) {
 }
 
 TEST_F(DialogModels, OptionsAndPageSetupLastOverACrash) {
-    Window().OnOptions = [](OptionsModel& model) {
+    Window().On<OptionsModel>([](OptionsModel& model) {
         model.MaxTabX = 60;
         model.Settings.AutoPageStretch = true;
         model.Settings.AutoScroll = false;
         model.Theme = 2;
         model.Language = "German";
         return model.Validate().empty();
-    };
-    Window().OnPageSetup = [](PageSetupModel& model) {
+    });
+    Window().On<PageSetupModel>([](PageSetupModel& model) {
         model.Page.PaperSizeIndex = 3;
         model.Page.IsLandscape = true;
         model.Page.PageScaleIndex = 1;
         model.Page.PageTopMargin = 150;
         return model.Validate().empty();
-    };
+    });
     mnuFileOptions_Click();
     mnuFilePageSetup_Click();
     for (int life = 0; life < 2; ++life) {

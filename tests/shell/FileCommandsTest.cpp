@@ -140,7 +140,7 @@ TEST_F(FileCommands, APasswordIsAskedOnceAndForEveryFileAnew) {
     Open.TabFile.Password = "capo";
     ASSERT_TRUE(SaveFileAs(folder / "locked.qlm"));
     int edits = 0;
-    Window().OnTrackProperties = [&](TrackPropertiesModel&) { return ++edits, false; };
+    Window().On<TrackPropertiesModel>([&](TrackPropertiesModel&) { return ++edits, false; });
     mnuTrackProperties_Click();  // no answer
     Window().Password = "kappo";
     mnuTrackProperties_Click();

@@ -197,7 +197,7 @@ TEST_F(Playing, LoopAndTrainerTakeTheSelectedBars) {
     EXPECT_LT(trainer.LoopsLeft, 32766 - 15);
     Playback::StopTab();
 
-    Window().OnSpeedTrainer = [](SpeedTrainerModel& model) {
+    Window().On<SpeedTrainerModel>([](SpeedTrainerModel& model) {
         EXPECT_EQ(model.Fields.txtFromBar, "2");
         EXPECT_EQ(model.Fields.txtToBar, "3");
         EXPECT_EQ(model.Fields.txtInitialTempo, "72");
@@ -205,7 +205,7 @@ TEST_F(Playing, LoopAndTrainerTakeTheSelectedBars) {
         EXPECT_EQ(model.Validate(), "");
         model.Fields.txtLoops = "2";
         return true;
-    };
+    });
     Do("mnuSoundSpeedTrainer");
     EXPECT_TRUE(IsPlaying());
     Run(600'000);
@@ -266,7 +266,7 @@ TEST_F(Playing, AClickInTheTrackListTakesTheTrackFromItsBeginning) {
     EXPECT_EQ(Open.CurTrack, 1);
     EXPECT_EQ(Open.CurBar, 0);
     int asked = 0;
-    Window().OnTrackProperties = [&](TrackPropertiesModel& model) { return asked += 1 + model.Index, false; };
+    Window().On<TrackPropertiesModel>([&](TrackPropertiesModel& model) { return asked += 1 + model.Index, false; });
     picMixTable_Open(5, 0);
     EXPECT_EQ(asked, 1);
     Playback::PlayTab(2, 3);

@@ -5,8 +5,10 @@
 
 #include <deque>
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
+#include <typeindex>
 #include <vector>
 
 #include "core/mod_Language.h"
@@ -58,20 +60,17 @@ struct FakeWindow : ShellView, Dialogs {
     int Percent = 0;
     int CancelAt = 1000;
     std::optional<std::string> Password;
-    std::function<bool(FilePropertiesModel&)> OnFileProperties;
-    std::function<bool(TrackPropertiesModel&)> OnTrackProperties;
-    std::function<bool(OptionsModel&)> OnOptions;
-    std::function<bool(PageSetupModel&)> OnPageSetup;
-    std::function<bool(SpeedTrainerModel&)> OnSpeedTrainer;
-    std::function<bool(AddTrackModel&)> OnAddTrack;
-    std::function<bool(InsertBarModel&)> OnInsertBar;
-    std::function<bool(RemoveBarModel&)> OnRemoveBar;
-    std::function<bool(BarTimeSigModel&)> OnBarTimeSig;
-    std::function<bool(BarKeySigModel&)> OnBarKeySig;
-    std::function<bool(EndRepeatModel&)> OnEndRepeat;
-    std::function<bool(CodaModel&)> OnCoda;
-    std::function<bool(TransposeModel&)> OnTranspose;
-    std::function<bool(CutCopyPasteModel&)> OnCutCopyPaste;
+    std::map<std::type_index, std::function<bool(DialogModel&)>> Edits;
+
+    /// What a person does in the dialog of the model from now on.
+    template <class Model>
+    void On(std::function<bool(Model&)> edit) {
+        Edits[typeid(Model)] = [act = std::move(edit)](DialogModel& model) { return act(dynamic_cast<Model&>(model)); };
+    }
+    bool Edit(DialogModel& model) override {
+        const auto found = Edits.find(typeid(model));
+        return found != Edits.end() && found->second(model);
+    }
 
     void DrawDocument() override { Calls.emplace_back("draw"); }
     void SetCaption(const std::string& caption) override { Caption = caption; }
@@ -109,22 +108,6 @@ struct FakeWindow : ShellView, Dialogs {
         return percent < CancelAt;
     }
     void EndWork() override { Calls.emplace_back("work ends"); }
-    bool EditFileProperties(FilePropertiesModel& model) override { return OnFileProperties && OnFileProperties(model); }
-    bool EditTrackProperties(TrackPropertiesModel& model) override {
-        return OnTrackProperties && OnTrackProperties(model);
-    }
-    bool EditOptions(OptionsModel& model) override { return OnOptions && OnOptions(model); }
-    bool EditPageSetup(PageSetupModel& model) override { return OnPageSetup && OnPageSetup(model); }
-    bool EditSpeedTrainer(SpeedTrainerModel& model) override { return OnSpeedTrainer && OnSpeedTrainer(model); }
-    bool EditAddTrack(AddTrackModel& model) override { return OnAddTrack && OnAddTrack(model); }
-    bool EditInsertBar(InsertBarModel& model) override { return OnInsertBar && OnInsertBar(model); }
-    bool EditRemoveBar(RemoveBarModel& model) override { return OnRemoveBar && OnRemoveBar(model); }
-    bool EditBarTimeSig(BarTimeSigModel& model) override { return OnBarTimeSig && OnBarTimeSig(model); }
-    bool EditBarKeySig(BarKeySigModel& model) override { return OnBarKeySig && OnBarKeySig(model); }
-    bool EditEndRepeat(EndRepeatModel& model) override { return OnEndRepeat && OnEndRepeat(model); }
-    bool EditCoda(CodaModel& model) override { return OnCoda && OnCoda(model); }
-    bool EditCutCopyPaste(CutCopyPasteModel& model) override { return OnCutCopyPaste && OnCutCopyPaste(model); }
-    bool EditTranspose(TransposeModel& model) override { return OnTranspose && OnTranspose(model); }
     std::optional<std::string> AskPassword() override {
         Calls.emplace_back("password");
         return Password;

@@ -182,25 +182,25 @@ TEST_F(SoundDevices, DamagedSettingsHaveTheirDefaults) {
 TEST_F(SoundDevices, OptionsAreHeardAtOnceAndCancelTakesThemBackButNotTheDevice) {
     outputs.Ports = {"Box"};
     Start("");
-    Window().OnOptions = [&](OptionsModel& model) {
+    Window().On<OptionsModel>([&](OptionsModel& model) {
         EXPECT_EQ(model.SoundFonts.size(), 2U);
         lstDevices_Click(1);
         model.Synthesizer = {"/fonts/big.sf2", 1.5, false, false};
         model.Preview();
         EXPECT_EQ(synthesizer.Applied.Gain, 1.5);
         return false;
-    };
+    });
     mnuFileOptions_Click();
     EXPECT_EQ(synthesizer.Applied, SynthesizerSettings{});
     EXPECT_EQ(Core::Settings.OutputDevice, 1);
     EXPECT_EQ(outputs.Log.back(), "open Box");
 
-    Window().OnOptions = [&](OptionsModel& model) {
+    Window().On<OptionsModel>([&](OptionsModel& model) {
         lstDevices_Click(0);
         model.Synthesizer.Gain = 0.25;
         model.Settings.AlternatePlayback = true;
         return true;
-    };
+    });
     mnuFileOptions_Click();
     EXPECT_EQ(Core::Settings.OutputDevice, 0) << "the model's older copy must not bring the other back";
     EXPECT_EQ(Core::Settings.OutputBank, 127);

@@ -1,0 +1,64 @@
+// Which window edits which model.
+#include <QDialog>
+#include <typeindex>
+#include <unordered_map>
+
+#include "forms/frmFileProperties.h"
+#include "forms/frmMain.h"
+#include "forms/frmOptions.h"
+#include "forms/frmTrackProperties.h"
+#include "forms/ntne_frmAddTrack.h"
+#include "forms/ntne_frmBarKeySig.h"
+#include "forms/ntne_frmBarTimeSig.h"
+#include "forms/ntne_frmCoda.h"
+#include "forms/ntne_frmCutCopyPaste.h"
+#include "forms/ntne_frmEndRepeat.h"
+#include "forms/ntne_frmInsertBar.h"
+#include "forms/ntne_frmPageSetup.h"
+#include "forms/ntne_frmRemoveBar.h"
+#include "forms/ntne_frmSpeedTrainer.h"
+#include "forms/ntne_frmTranspose.h"
+#include "shell/BarModels.h"
+#include "shell/DialogModels.h"
+
+namespace Quillon::Forms {
+
+namespace {
+
+using Shell::DialogModel;
+
+template <class Window, class Model>
+bool Exec(DialogModel& model, QWidget* parent) {
+    return Window(static_cast<Model&>(model), parent).exec() == QDialog::Accepted;
+}
+
+template <class Window, class Model>
+auto Row() {
+    return std::pair<const std::type_index, bool (*)(DialogModel&, QWidget*)>(typeid(Model), Exec<Window, Model>);
+}
+
+const std::unordered_map<std::type_index, bool (*)(DialogModel&, QWidget*)>& Windows() {
+    static const std::unordered_map<std::type_index, bool (*)(DialogModel&, QWidget*)> table = {
+        Row<ntne_frmAddTrack, Shell::AddTrackModel>(),
+        Row<ntne_frmInsertBar, Shell::InsertBarModel>(),
+        Row<ntne_frmRemoveBar, Shell::RemoveBarModel>(),
+        Row<ntne_frmBarTimeSig, Shell::BarTimeSigModel>(),
+        Row<ntne_frmBarKeySig, Shell::BarKeySigModel>(),
+        Row<ntne_frmEndRepeat, Shell::EndRepeatModel>(),
+        Row<ntne_frmCoda, Shell::CodaModel>(),
+        Row<ntne_frmCutCopyPaste, Shell::CutCopyPasteModel>(),
+        Row<ntne_frmTranspose, Shell::TransposeModel>(),
+        Row<frmFileProperties, Shell::FilePropertiesModel>(),
+        Row<frmTrackProperties, Shell::TrackPropertiesModel>(),
+        Row<frmOptions, Shell::OptionsModel>(),
+        Row<ntne_frmSpeedTrainer, Shell::SpeedTrainerModel>(),
+        Row<ntne_frmPageSetup, Shell::PageSetupModel>(),
+    };
+    return table;
+}
+
+}  // namespace
+
+bool frmMain::Edit(DialogModel& model) { return Windows().at(typeid(model))(model, this); }
+
+}  // namespace Quillon::Forms
