@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <new>
+#include <stdexcept>
 #include <vector>
 
 namespace {
@@ -63,6 +64,12 @@ double MedianSeconds(int runs, const std::function<void()>& act, const std::func
     }
     std::ranges::sort(seconds);
     return seconds.at(seconds.size() / 2);
+}
+
+double Times::Part(double part) {
+    if (all.empty()) throw std::logic_error("nothing was taken");
+    std::ranges::sort(all);
+    return all.at(static_cast<std::size_t>(part * static_cast<double>(all.size() - 1)));
 }
 
 double ResidentBytes() {

@@ -1,14 +1,32 @@
 // How a measurement is taken and told: a row with its name, what came out, its limit, and whether it keeps it.
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <functional>
 #include <string_view>
+#include <vector>
 
 namespace Quillon::Bench {
 
 /// Median seconds of one call, over `runs` calls after one that warms up. `before` runs untimed ahead of each.
 double MedianSeconds(int runs, const std::function<void()>& act, const std::function<void()>& before = {});
+
+/// Milliseconds of single acts, told by their parts: 0.5 is the median, 1 the worst.
+class Times {
+public:
+    template <class Act>
+    void Take(Act&& act) {
+        const auto start = std::chrono::steady_clock::now();
+        act();
+        const std::chrono::duration<double, std::milli> taken = std::chrono::steady_clock::now() - start;
+        all.push_back(taken.count());
+    }
+    double Part(double part);
+
+private:
+    std::vector<double> all;
+};
 
 /// Resident memory of this process in bytes.
 double ResidentBytes();

@@ -1,9 +1,6 @@
 // What the window does while a song plays, on the thread that effect timers share: a repaint when the rows scroll, and
 // the marker's and status bar's part of a tick. Song S, in a window's size, as the editor shows it.
 #include <QApplication>
-#include <algorithm>
-#include <chrono>
-#include <vector>
 
 #include "bench/Measure.h"
 #include "bench/Setting.h"
@@ -25,27 +22,6 @@ using namespace Quillon;
 using namespace Quillon::Bench;
 
 namespace {
-
-/// Milliseconds, told by their median, 99th percentile and worst.
-class Times {
-public:
-    template <class Act>
-    double Take(Act&& act) {
-        const auto start = std::chrono::steady_clock::now();
-        act();
-        const std::chrono::duration<double, std::milli> taken = std::chrono::steady_clock::now() - start;
-        all.push_back(taken.count());
-        return taken.count();
-    }
-    double Part(double part) {
-        if (all.empty()) Fail("nothing was taken");
-        std::ranges::sort(all);
-        return all[static_cast<std::size_t>(part * static_cast<double>(all.size() - 1))];
-    }
-
-private:
-    std::vector<double> all;
-};
 
 void MeasurePlaying(Forms::frmMain& window, VirtualClock& clock) {
     constexpr int Ticks = 64 * 60;  // of 60 bars, some 20 rows

@@ -6,6 +6,7 @@
 #include "core/mod_Language.h"
 #include "core/mod_TabFileManipulation.h"
 #include "core/mod_TabFileStructure.h"
+#include "editing/mod_BarsAndTracks.h"
 
 namespace Quillon::Shell {
 
@@ -79,9 +80,23 @@ std::string NoteText() {
     return text;
 }
 
+std::string FullnessText() {
+    if (!CursorIsInScore()) return "";
+    static constexpr const char* Keys[] = {"str_BarIsUnder", "str_BarIsFull", "str_BarIsOverfull"};
+    return LanguageText(Keys[static_cast<int>(Editing::BarFullness(Open.CurTrack, Open.CurBar))]);
+}
+
 std::string CursorText() {
-    const std::string note = NoteText();
-    return note.empty() ? PlaceText() : PlaceText() + ", " + note;
+    if (!CursorIsInScore()) return "";
+    std::string text;
+    const std::string track =
+        LanguageText("str_CursorTrack", {std::to_string(Open.CurTrack + 1), Open.TabFile.Tracks[Open.CurTrack].Name});
+    for (const std::string& part : {NoteText(), PlaceText(), FullnessText(), track}) {
+        if (part.empty()) continue;
+        if (!text.empty()) text += ", ";
+        text += part;
+    }
+    return text;
 }
 
 }  // namespace Quillon::Shell

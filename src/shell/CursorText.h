@@ -9,7 +9,9 @@ namespace Quillon::Shell {
 std::string PlaceText();
 /// What stands under the cursor: "string 1, fret 5, dotted quarter", or with a pitch in notation input.
 std::string NoteText();
-/// Both, for a screen reader.
+/// Whether the bar is full: "bar not full".
+std::string FullnessText();
+/// All of it and the track, what changes most first, for a screen reader.
 std::string CursorText();
 
 }  // namespace Quillon::Shell

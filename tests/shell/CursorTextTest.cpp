@@ -50,7 +50,21 @@ TEST_F(CursorTextTest, WhatIsNotThereIsNotTold) {
     Core::Open.CurString = 7;
     Core::Open.TabFile.Tracks[0].Bars.Edit(0).EditStrums()[0].Length = 99;
     EXPECT_EQ(NoteText(), "");
-    EXPECT_EQ(CursorText(), PlaceText());
+    EXPECT_EQ(CursorText(), "Bar 1 of 1, beat 1, bar not full, track 1, Track 1");
+}
+
+TEST_F(CursorTextTest, TheWholePlaceIsToldWhatChangesMostFirst) {
+    Core::Open.CurStrum = 1;
+    EXPECT_EQ(CursorText(),
+              "string 3, fret 7, eighth of a tuplet, Bar 1 of 1, beat 2.5, bar not full, track 1, Track 1");
+    Core::Open.TabFile.BarInfos.Edit(0) = {.TimeSigTop = 1, .TimeSigBottom = 4};
+    EXPECT_EQ(FullnessText(), "bar overfull");
+    Core::Open.CurStrum = 0;
+    auto& strums = Core::Open.TabFile.Tracks[0].Bars.Edit(0).EditStrums();
+    strums.Resize(1);
+    strums[0] = {};
+    strums[0].Length = 2;
+    EXPECT_EQ(FullnessText(), "bar full");
 }
 
 }  // namespace

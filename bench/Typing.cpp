@@ -1,0 +1,92 @@
+// What a person who types waits for: from the key's event to the finished repaint of the real window, and what the
+// window itself adds to a key that only moves the cursor. Song S, in a window of 1,600 by 1,000 pixels.
+#include <QApplication>
+#include <QKeyEvent>
+#include <random>
+
+#include "bench/Measure.h"
+#include "bench/Setting.h"
+#include "bench/SongS.h"
+#include "core/mod_TabFileStructure.h"
+#include "editing/mod_Cursor.h"
+#include "forms/frmMain.h"
+#include "forms/picDocument.h"
+#include "platform/Services.h"
+#include "platform/VirtualClock.h"
+#include "platform/headless/RecordingMidi.h"
+#include "playback/MIDI_OUT.h"
+#include "playback/mod_TabPlayer.h"
+#include "shell/mod_Shell.h"
+
+using namespace Quillon;
+using namespace Quillon::Bench;
+
+namespace {
+
+constexpr int Keys = 1'000;
+
+/// Presses a key and runs what it posted, until the window has been painted and flushed.
+void Press(Forms::frmMain& window, int key, const char* text) {
+    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
+    QApplication::sendEvent(&window.Document(), &press);
+    QApplication::processEvents();
+}
+
+/// Puts the cursor on a bar somewhere in the song, in view.
+void GoSomewhere(std::mt19937& random) {
+    Core::Open.CurBar = static_cast<std::int16_t>(std::uniform_int_distribution<int>(0, SongBars - 1)(random));
+    Core::Open.CurStrum = 0;
+    Core::Open.CurString = static_cast<std::int16_t>(std::uniform_int_distribution<int>(0, 5)(random));
+    Shell::Program.View->DrawDocument();
+    QApplication::processEvents();
+}
+
+void Measure(Forms::frmMain& window) {
+    std::mt19937 random(20);
+    Times digits;
+    Times moves;
+    for (int key = 0; key < Keys; ++key) {
+        GoSomewhere(random);
+        const char digit[] = {static_cast<char>('3' + key % 7), '\0'};
+        digits.Take([&] { Press(window, digit[0], digit); });
+        if (!Core::Open.FileChanged) Fail("the digit was not typed");
+        Core::Open.FileChanged = false;
+        moves.Take([&] { Press(window, Qt::Key_Down, ""); });
+        if (Core::Open.FileChanged) Fail("a key that moves the cursor wrote");
+    }
+    Row("A digit, from key event to finished repaint, median", digits.Part(0.5), 8, "ms");
+    Row("A digit, from key event to finished repaint, 99th percentile", digits.Part(0.99), 16, "ms");
+    Row("A digit, from key event to finished repaint, worst", digits.Part(1), "ms");
+    Row("A cursor key, likewise, median", moves.Part(0.5), "ms");
+    Row("A cursor key, likewise, 99th percentile", moves.Part(0.99), "ms");
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    const Setting setting;
+    VirtualClock clock;
+    RecordingMidi outputs;
+    Services.Timers = &clock;
+    Services.Midi = &outputs;
+    {
+        Forms::frmMain window;
+        Shell::Program.View = &window;
+        Shell::Program.Dialogs = &window;
+        window.resize(1600, 1000);
+        Shell::Start("");
+        window.resize(1600, 1000);
+        QApplication::processEvents();
+        Core::Open.TabFile = SongS();
+        Editing::ResetCursor(Core::Open);
+        Shell::DocumentReplaced();
+        QApplication::processEvents();
+        Measure(window);
+        Playback::Player.View = nullptr;
+        Playback::MidiClose();
+        Core::Open.FileChanged = false;
+    }
+    return Status();
+}
