@@ -145,7 +145,7 @@ void frmMain::UpdateZoom() {
 
 void frmMain::FillStatus() {
     lblNote->setText(ToQString(Shell::NoteText()));
-    if (!Shell::Sound.Playing) lblPlace->setText(ToQString(Shell::PlaceText() + ", " + Shell::FullnessText()));
+    if (!Shell::Sound.Playing) lblPlace->setText(ToQString(Shell::PlaceText()));
     lblPages->setText(ToQString(Drawing::PageCountText()));
 }
 

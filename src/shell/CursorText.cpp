@@ -43,13 +43,18 @@ std::string LengthText(const Core::Strum& strum) {
     return text;
 }
 
+std::string FullnessText() {
+    static constexpr const char* Keys[] = {"str_BarIsUnder", "str_BarIsFull", "str_BarIsOverfull"};
+    return LanguageText(Keys[static_cast<int>(Editing::BarFullness(Open.CurTrack, Open.CurBar))]);
+}
+
 }  // namespace
 
 std::string PlaceText() {
     if (!CursorIsInScore()) return "";
     const int bars = Core::NumberOfBars(Open.CurTrack) + 1;
-    return LanguageText("str_CursorPlace",
-                        {std::to_string(Open.CurBar + 1), std::to_string(bars), Core::FormatDouble(Beat())});
+    return LanguageText("str_CursorPlace", {std::to_string(Open.CurBar + 1), std::to_string(bars),
+                                            Core::FormatDouble(Beat()), FullnessText()});
 }
 
 std::string NoteText() {
@@ -80,18 +85,12 @@ std::string NoteText() {
     return text;
 }
 
-std::string FullnessText() {
-    if (!CursorIsInScore()) return "";
-    static constexpr const char* Keys[] = {"str_BarIsUnder", "str_BarIsFull", "str_BarIsOverfull"};
-    return LanguageText(Keys[static_cast<int>(Editing::BarFullness(Open.CurTrack, Open.CurBar))]);
-}
-
 std::string CursorText() {
     if (!CursorIsInScore()) return "";
     std::string text;
     const std::string track =
         LanguageText("str_CursorTrack", {std::to_string(Open.CurTrack + 1), Open.TabFile.Tracks[Open.CurTrack].Name});
-    for (const std::string& part : {NoteText(), PlaceText(), FullnessText(), track}) {
+    for (const std::string& part : {NoteText(), PlaceText(), track}) {
         if (part.empty()) continue;
         if (!text.empty()) text += ", ";
         text += part;

@@ -5,12 +5,10 @@
 
 namespace Quillon::Shell {
 
-/// Bar and beat, counted from 1: "Bar 3 of 16, beat 2.5". The beat is that of the time signature.
+/// Bar and beat, counted from 1: "Bar 3 of 16, beat 2.5, bar not full". The beat is that of the time signature.
 std::string PlaceText();
 /// What stands under the cursor: "string 1, fret 5, dotted quarter", or with a pitch in notation input.
 std::string NoteText();
-/// Whether the bar is full: "bar not full".
-std::string FullnessText();
 /// All of it and the track, what changes most first, for a screen reader.
 std::string CursorText();
 

@@ -21,11 +21,11 @@ protected:
 };
 
 TEST_F(CursorTextTest, PlacesCountBeatsOfTheTimeSignature) {
-    EXPECT_EQ(PlaceText(), "Bar 1 of 1, beat 1");
+    EXPECT_EQ(PlaceText(), "Bar 1 of 1, beat 1, bar not full");
     Core::Open.CurStrum = 1;
-    EXPECT_EQ(PlaceText(), "Bar 1 of 1, beat 2.5") << "after a dotted eighth of eighths";
+    EXPECT_EQ(PlaceText(), "Bar 1 of 1, beat 2.5, bar not full") << "after a dotted eighth of eighths";
     Core::Open.CurStrum = 2;
-    EXPECT_EQ(PlaceText(), "Bar 1 of 1, beat 3.17") << "after an eighth of a triplet";
+    EXPECT_EQ(PlaceText(), "Bar 1 of 1, beat 3.17, bar not full") << "after an eighth of a triplet";
 }
 
 TEST_F(CursorTextTest, NotesAreToldByStringOrByPitch) {
@@ -58,13 +58,13 @@ TEST_F(CursorTextTest, TheWholePlaceIsToldWhatChangesMostFirst) {
     EXPECT_EQ(CursorText(),
               "string 3, fret 7, eighth of a tuplet, Bar 1 of 1, beat 2.5, bar not full, track 1, Track 1");
     Core::Open.TabFile.BarInfos.Edit(0) = {.TimeSigTop = 1, .TimeSigBottom = 4};
-    EXPECT_EQ(FullnessText(), "bar overfull");
+    EXPECT_EQ(PlaceText(), "Bar 1 of 1, beat 1.75, bar overfull");
     Core::Open.CurStrum = 0;
     auto& strums = Core::Open.TabFile.Tracks[0].Bars.Edit(0).EditStrums();
     strums.Resize(1);
     strums[0] = {};
     strums[0].Length = 2;
-    EXPECT_EQ(FullnessText(), "bar full");
+    EXPECT_EQ(PlaceText(), "Bar 1 of 1, beat 1, bar full");
 }
 
 }  // namespace

@@ -47,7 +47,7 @@ TEST_F(DocumentWindowTest, AFileOfTheCommandLineIsPaintedAndNamed) {
     EXPECT_GT(ink, 3000);
     EXPECT_EQ(window->windowTitle(), "Quillon 4 - [greensleeves.qlm]");
     EXPECT_EQ(In<QComboBox>(*window, "cmbTrack").currentText(), "1. Guitar");
-    EXPECT_EQ(In<QLabel>(*window, "lblPlace").text(), "Bar 1 of 27, beat 1");
+    EXPECT_EQ(In<QLabel>(*window, "lblPlace").text(), "Bar 1 of 27, beat 1, bar full");
     EXPECT_EQ(In<QLabel>(*window, "lblPages").text(), "Pages: 2");
 }
 
@@ -75,7 +75,7 @@ TEST_F(DocumentWindowTest, ArrowKeysMoveAndTheStatusFollows) {
     Settle();
     EXPECT_EQ(Open.CurStrum, 1);
     EXPECT_EQ(Open.CurString, 1);
-    EXPECT_EQ(In<QLabel>(*window, "lblPlace").text(), "Bar 1 of 27, beat 2");
+    EXPECT_EQ(In<QLabel>(*window, "lblPlace").text(), "Bar 1 of 27, beat 2, bar full");
     EXPECT_EQ(In<QLabel>(*window, "lblNote").text(), "string 2, no note, eighth");
 }
 
@@ -168,7 +168,8 @@ TEST_F(DocumentWindowTest, TheCursorIsToldToScreenReaders) {
     const QAccessibleInterface* const score = QAccessible::queryAccessibleInterface(&Score());
     ASSERT_NE(score, nullptr);
     EXPECT_EQ(score->text(QAccessible::Name), "Score");
-    EXPECT_EQ(score->text(QAccessible::Description), "Bar 1 of 27, beat 1, string 1, no note, eighth");
+    EXPECT_EQ(score->text(QAccessible::Description),
+              "string 1, no note, eighth, Bar 1 of 27, beat 1, bar full, track 1, Guitar");
 }
 
 TEST_F(DocumentWindowTest, ZoomScalesThePaintingAndLeavesTheLayout) {
