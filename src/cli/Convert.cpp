@@ -29,7 +29,9 @@ void AddConvert(CLI::App& app, Work& work) {
     CLI::App* command = app.add_subcommand("convert", "Opens IN by its ending and writes OUT by its ending");
     const auto arguments = std::make_shared<Arguments>();
     command->add_option("IN", arguments->In, "Document to open: .qlm .json")->required()->type_name("");
-    command->add_option("OUT", arguments->Out, "File to write: .qlm .json .svg .png .jpg .bmp .wav")
+    command
+        ->add_option("OUT", arguments->Out,
+                     "File to write: .qlm .json .txt .tab .html .htm .pdf .svg .png .jpg .bmp .wav")
         ->required()
         ->type_name("");
     command->add_option("--track", arguments->Options.Track, "Current track, from 0, for outputs that show one")
@@ -39,6 +41,10 @@ void AddConvert(CLI::App& app, Work& work) {
     command->add_option("--dpi", arguments->Options.Dpi, "Dots to the inch of .png .jpg .bmp; 96 without it")
         ->type_name("N")
         ->check(CLI::Range(10, 2400));
+    command->add_option("--max-line", arguments->Options.MaxLine, "Characters of a line of .txt .html .pdf")
+        ->type_name("N")
+        ->check(CLI::Range(1, 32767));
+    command->add_flag("--warning,!--no-warning", arguments->Options.Warning, "Say at its head whose work the text is");
     command->callback([arguments, &work] { work = [arguments] { return Convert(*arguments); }; });
 }
 

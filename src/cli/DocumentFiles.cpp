@@ -2,6 +2,7 @@
 
 #include "cli/Commands.h"
 #include "cli/PictureFiles.h"
+#include "cli/TextFiles.h"
 #include "cli/WaveFiles.h"
 #include "core/mod_Common.h"
 #include "core/mod_Language.h"
@@ -52,6 +53,8 @@ constexpr DocumentReader Readers[] = {
 constexpr DocumentWriter Writers[] = {
     {".qlm", &WriteMusicFile}, {".json", &WriteJsonFile}, {".svg", &WritePictures}, {".png", &WritePictures},
     {".jpg", &WritePictures},  {".jpeg", &WritePictures}, {".bmp", &WritePictures}, {".wav", &WriteWave},
+    {".txt", &WriteText},      {".tab", &WriteText},      {".html", &WritePage},    {".htm", &WritePage},
+    {".pdf", &WritePdf},
 };
 
 /// The row of a path's ending.
