@@ -1,4 +1,5 @@
 // Notes by pitch, and drum sounds by lane.
+#include <algorithm>
 #include <array>
 
 #include "core/mod_Common.h"
@@ -6,6 +7,7 @@
 #include "core/mod_TabFileManipulation.h"
 #include "editing/mod_Cursor.h"
 #include "editing/mod_NoteEntry.h"
+#include "editing/mod_NoteMarks.h"
 
 namespace Quillon::Editing {
 
@@ -20,14 +22,6 @@ namespace {
 constexpr std::array<std::int8_t, 47> Lanes = {-1, 7, 7, 5, 5, 5, 5, 6, 2, 6, 8, 6, 2, 4, 4, 0, 3, 1, 0, 1, 1, 0, 1, 0,
                                                1,  1, 3, 4, 3, 3, 4, 3, 4, 3, 2, 2, 8, 8, 5, 5, 5, 3, 4, 6, 6, 8, 8};
 
-Strum& EditStrum(OpenDocument& open) {
-    return open.TabFile.Tracks[open.CurTrack].Bars.Edit(open.CurBar).EditStrums()[open.CurStrum];
-}
-
-const Strum& ReadStrum(const OpenDocument& open) {
-    return open.TabFile.Tracks[open.CurTrack].Bars[open.CurBar].Strums()[open.CurStrum];
-}
-
 /// How a note is told, and written, at the cursor's place on the staff, string by string.
 struct Place {
     virtual ~Place() = default;
@@ -37,18 +31,18 @@ struct Place {
 };
 
 bool Toggle(OpenDocument& open, const Place& place) {
-    const Strum& strum = ReadStrum(open);
+    const Strum& strum = StrumAtCursor(open);
     const int last = LastString(open.TabFile.Tracks[open.CurTrack]);
     for (int s = 0; s <= last; ++s) {
         if (strum.Notes[s].Fret.empty() || !place.Holds(s, strum.Notes[s].Fret)) continue;
-        EditStrum(open).Notes.Edit(s).Fret.clear();
+        EditStrumAtCursor(open).Notes.Edit(s).Fret.clear();
         return true;
     }
     for (int s = 0; s <= last; ++s) {
         if (!strum.Notes[s].Fret.empty()) continue;
         const std::string text = place.Text(s);
         if (text.empty()) continue;
-        EditStrum(open).Notes.Edit(s).Fret = text;
+        EditStrumAtCursor(open).Notes.Edit(s).Fret = text;
         open.CurString = Core::ToInt16(s);
         return true;
     }
@@ -101,6 +95,47 @@ bool ToggleNotationNote(OpenDocument& open) {
     const Track& track = open.TabFile.Tracks[open.CurTrack];
     return track.IsDrum ? Toggle(open, LanePlace(track, open.CurPitch))
                         : Toggle(open, PitchPlace(track, open.CurPitch));
+}
+
+namespace {
+
+std::int16_t PlaceAtCursor(const OpenDocument& open) {
+    const Track& track = open.TabFile.Tracks[open.CurTrack];
+    const std::string& fret = NoteAtCursor(open).Fret;
+    if (!track.IsDrum) return Core::ToInt16(Core::OpenPitch(track, open.CurString) + std::max(0, FretNumber(fret)));
+    for (int lane = 0; lane < LaneCount; ++lane) {
+        if (LanePlace(track, lane).Holds(open.CurString, fret)) return Core::ToInt16(lane);
+    }
+    return open.CurPitch;
+}
+
+std::int16_t StringAtCursor(const OpenDocument& open, const Place& place) {
+    const Strum& strum = StrumAtCursor(open);
+    const int last = LastString(open.TabFile.Tracks[open.CurTrack]);
+    for (int s = 0; s <= last; ++s) {
+        if (!strum.Notes[s].Fret.empty() && place.Holds(s, strum.Notes[s].Fret)) return Core::ToInt16(s);
+    }
+    if (!place.Text(open.CurString).empty()) return open.CurString;
+    for (int s = 0; s <= last; ++s) {
+        if (!place.Text(s).empty()) return Core::ToInt16(s);
+    }
+    return open.CurString;
+}
+
+}  // namespace
+
+void SetInputMode(OpenDocument& open, std::int16_t mode) {
+    const Track& track = open.TabFile.Tracks[open.CurTrack];
+    if (mode == open.InputMode) return;
+    open.InputMode = mode;
+    if (mode != Core::TabInput) {
+        open.CurPitch = PlaceAtCursor(open);
+    } else if (track.IsDrum) {
+        open.CurString = StringAtCursor(open, LanePlace(track, open.CurPitch));
+    } else {
+        open.CurString = StringAtCursor(open, PitchPlace(track, open.CurPitch));
+    }
+    ClampCursor(open);
 }
 
 std::string_view DrumLetter(KeyPress key) {

@@ -1,4 +1,5 @@
 // What single keys do to the note, or the strum, under the cursor.
+#include <algorithm>
 #include <string>
 #include <utility>
 
@@ -7,6 +8,7 @@
 #include "editing/mod_BarsAndTracks.h"
 #include "editing/mod_Cursor.h"
 #include "editing/mod_NoteEntry.h"
+#include "editing/mod_NoteMarks.h"
 
 namespace Quillon::Editing {
 
@@ -21,14 +23,6 @@ constexpr std::int32_t LastLength = 6;  ///< the 64th
 
 const Track& CurrentTrack(const OpenDocument& open) { return open.TabFile.Tracks[open.CurTrack]; }
 
-const Strum& ReadStrum(const OpenDocument& open) {
-    return CurrentTrack(open).Bars[open.CurBar].Strums()[open.CurStrum];
-}
-
-Strum& EditStrum(OpenDocument& open) {
-    return open.TabFile.Tracks[open.CurTrack].Bars.Edit(open.CurBar).EditStrums()[open.CurStrum];
-}
-
 /// What Delete takes of a note beside its fret. Fingers stay: they are the hand's, not the note's.
 void ClearMarks(Note& note) {
     note.Accentuate = note.Ghost = note.LetRing = note.Tied = false;
@@ -36,11 +30,27 @@ void ClearMarks(Note& note) {
     note.Harmonic = note.Technique = note.Dynamic = 0;
 }
 
+/// The note's fret at the same pitch on a string nearby; -1 when it can't go there.
+int ShiftedFret(const OpenDocument& open, int by) {
+    const Track& track = CurrentTrack(open);
+    const int to = open.CurString + by;
+    const int fret = FretNumber(NoteAtCursor(open).Fret);
+    if (to < 0 || to > LastString(track) || fret < 0 || !StrumAtCursor(open).Notes[to].Fret.empty()) return -1;
+    const int shifted = fret + Core::OpenPitch(track, open.CurString) - Core::OpenPitch(track, to);
+    return shifted <= HighestFret ? std::max(shifted, -1) : -1;
+}
+
+bool HasMarks(const Note& note) {
+    Note cleared = note;
+    ClearMarks(cleared);
+    return cleared != note;
+}
+
 /// Swaps the strum at the cursor with another of its track and moves the cursor there.
 void SwapTo(OpenDocument& open, int bar, int strum) {
     auto& bars = open.TabFile.Tracks[open.CurTrack].Bars;
     Strum other = bars[bar].Strums()[strum];
-    std::swap(EditStrum(open), other);
+    std::swap(EditStrumAtCursor(open), other);
     bars.Edit(bar).EditStrums()[strum] = std::move(other);
     open.CurBar = Core::ToInt16(bar);
     open.CurStrum = Core::ToInt16(strum);
@@ -49,14 +59,14 @@ void SwapTo(OpenDocument& open, int bar, int strum) {
 }  // namespace
 
 void SetFretDigit(OpenDocument& open, char digit) {
-    std::string& fret = EditStrum(open).Notes.Edit(open.CurString).Fret;
+    std::string& fret = EditNoteAtCursor(open).Fret;
     if (fret != "1" && fret != "2") fret.clear();
     fret += digit;
 }
 
 void DeleteNote(OpenDocument& open) {
     const bool empty = StrumIsEmpty(open.TabFile, open.CurTrack, open.CurBar, open.CurStrum);
-    Strum& strum = EditStrum(open);
+    Strum& strum = EditStrumAtCursor(open);
     if (empty) {
         for (int s = 0; s <= LastString(CurrentTrack(open)); ++s) {
             if (!strum.Notes.IsDefault(s)) ClearMarks(strum.Notes.Edit(s));
@@ -70,6 +80,16 @@ void DeleteNote(OpenDocument& open) {
     note.Fret.clear();
 }
 
+bool CanDeleteNote(const OpenDocument& open) {
+    if (const Note& note = NoteAtCursor(open); !note.Fret.empty() || HasMarks(note)) return true;
+    if (!StrumIsEmpty(open.TabFile, open.CurTrack, open.CurBar, open.CurStrum)) return false;
+    const Strum& strum = StrumAtCursor(open);
+    for (int s = 0; s <= LastString(CurrentTrack(open)); ++s) {
+        if (HasMarks(strum.Notes[s])) return true;
+    }
+    return strum.HasTrem || strum.Stroke != 0 || strum.Technique != 0;
+}
+
 void DeleteBeat(OpenDocument& open) {
     const int last = CurrentTrack(open).Bars[open.CurBar].Strums().UpperBound();
     if (last > 0) {
@@ -78,45 +98,49 @@ void DeleteBeat(OpenDocument& open) {
         --open.CurBar;
         open.CurStrum = Core::ToInt16(CurrentTrack(open).Bars[open.CurBar].Strums().UpperBound());
     } else {
-        Core::ClearStrum(EditStrum(open));
+        Core::ClearStrum(EditStrumAtCursor(open));
     }
     ClampCursor(open);
 }
 
 void InsertBeat(OpenDocument& open) { InsertStrum(open.TabFile, open.CurTrack, open.CurBar, open.CurStrum); }
 
+bool CanShiftNote(const OpenDocument& open, int by) { return ShiftedFret(open, by) >= 0; }
+
 bool ShiftNote(OpenDocument& open, int by) {
-    const Track& track = CurrentTrack(open);
+    const int fret = ShiftedFret(open, by);
+    if (fret < 0) return false;
     const int to = open.CurString + by;
-    const int fret = FretNumber(ReadStrum(open).Notes[open.CurString].Fret);
-    if (to < 0 || to > LastString(track) || fret < 0 || !ReadStrum(open).Notes[to].Fret.empty()) return false;
-    const int newFret = fret + Core::OpenPitch(track, open.CurString) - Core::OpenPitch(track, to);
-    if (newFret < 0 || newFret > HighestFret) return false;
-    Strum& strum = EditStrum(open);
+    Strum& strum = EditStrumAtCursor(open);
     Note& moved = strum.Notes.Edit(to);
     moved = strum.Notes[open.CurString];
-    moved.Fret = std::to_string(newFret);
+    moved.Fret = std::to_string(fret);
     strum.Notes.Clear(open.CurString);
     open.CurString = Core::ToInt16(to);
     return true;
 }
 
+bool CanAddToFret(const OpenDocument& open, int by) {
+    const int fret = FretNumber(NoteAtCursor(open).Fret);
+    return fret >= 0 && fret + by >= 0 && fret + by <= HighestFret;
+}
+
 bool AddToFret(OpenDocument& open, int by) {
-    const int fret = FretNumber(ReadStrum(open).Notes[open.CurString].Fret);
-    if (fret < 0 || fret + by < 0 || fret + by > HighestFret) return false;
-    EditStrum(open).Notes.Edit(open.CurString).Fret = std::to_string(fret + by);
+    if (!CanAddToFret(open, by)) return false;
+    const int fret = FretNumber(NoteAtCursor(open).Fret) + by;
+    EditNoteAtCursor(open).Fret = std::to_string(fret);
     return true;
 }
 
 bool ChangeLength(OpenDocument& open, int by) {
-    const std::int32_t length = ReadStrum(open).Length;
+    const std::int32_t length = StrumAtCursor(open).Length;
     if (by > 0 ? length >= LastLength : length <= 0) return false;
-    EditStrum(open).Length = length + by;
+    EditStrumAtCursor(open).Length = length + by;
     return true;
 }
 
 void ToggleTuplet(OpenDocument& open, std::int32_t kind) {
-    Strum& strum = EditStrum(open);
+    Strum& strum = EditStrumAtCursor(open);
     if (strum.HasTuplet && strum.Tuplet == kind) {
         strum.HasTuplet = false;
         return;

@@ -9,6 +9,7 @@
 #include "core/mod_TabFileManipulation.h"
 #include "drawing/mod_PageLayout.h"
 #include "editing/mod_Cursor.h"
+#include "editing/mod_NoteMarks.h"
 #include "editing/mod_Selection.h"
 #include "editing/mod_Undo.h"
 #include "platform/MessageBox.h"
@@ -43,13 +44,6 @@ int MainRowOf(int code) {
     return code >= keypad0 && code <= keypad9 ? code - keypad0 + '0' : code;
 }
 
-Core::Note& EditNote(OpenDocument& open) {
-    return open.TabFile.Tracks[open.CurTrack]
-        .Bars.Edit(open.CurBar)
-        .EditStrums()[open.CurStrum]
-        .Notes.Edit(open.CurString);
-}
-
 /// Deleting and inserting beats, on every route.
 bool RunBeatKey(OpenDocument& open, KeyPress key) {
     if ((key.Code == KeyDelete && key.Shift) || (key.Code == KeyBackspace && !key.Shift)) {
@@ -64,7 +58,7 @@ bool RunBeatKey(OpenDocument& open, KeyPress key) {
 }
 
 bool WriteFret(OpenDocument& open, std::string_view fret) {
-    EditNote(open).Fret = fret;
+    EditNoteAtCursor(open).Fret = fret;
     return true;
 }
 
@@ -106,7 +100,7 @@ void RecommendStaff(OpenDocument& open, KeyPress key) {
     if ((IsArrow(key.Code) && !key.Shift) || !Core::Settings.StaffAddition) return;
     Track& track = open.TabFile.Tracks[open.CurTrack];
     if (track.IsDrum) return;
-    const int fret = FretNumber(track.Bars[open.CurBar].Strums()[open.CurStrum].Notes[open.CurString].Fret);
+    const int fret = FretNumber(NoteAtCursor(open).Fret);
     if (fret < 0) return;
     const int pitch = Core::OpenPitch(track, open.CurString) + fret;
     const auto offer = [&](bool& asked, const char* question, bool& show) {
@@ -136,16 +130,13 @@ bool IsSounding(const OpenDocument& open, KeyPress key) {
 
 void TypedNoteSound(const OpenDocument& open, KeyPress key) {
     if (!Core::Settings.PlayNotesAsTyped || !Entry.EditDone || !Entry.SoundStrum || !IsSounding(open, key)) return;
-    const Core::Strum& strum = open.TabFile.Tracks[open.CurTrack].Bars[open.CurBar].Strums()[open.CurStrum];
+    const Core::Strum& strum = StrumAtCursor(open);
     if (Core::HasNotes(strum)) Entry.SoundStrum(Core::StrumLength(strum));
 }
 
 }  // namespace
 
-bool NoteUnderCursor(const OpenDocument& open) {
-    const Track& track = open.TabFile.Tracks[open.CurTrack];
-    return !track.Bars[open.CurBar].Strums()[open.CurStrum].Notes[open.CurString].Fret.empty();
-}
+bool NoteUnderCursor(const OpenDocument& open) { return !NoteAtCursor(open).Fret.empty(); }
 
 bool StrumIsEmpty(const Core::TabFile& file, int track, int bar, int strum) {
     const Core::Strum& column = file.Tracks[track].Bars[bar].Strums()[strum];

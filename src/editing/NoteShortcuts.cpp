@@ -5,6 +5,7 @@
 
 #include "core/mod_TabFileStructure.h"
 #include "editing/mod_NoteEntry.h"
+#include "editing/mod_NoteMarks.h"
 
 namespace Quillon::Editing {
 
@@ -14,9 +15,6 @@ using Core::Strum;
 
 namespace {
 
-/// What a command needs to do anything.
-enum class Needs : std::uint8_t { Nothing, Note, Strum };
-
 struct Shortcut {
     int Code;
     bool Shift;
@@ -24,73 +22,44 @@ struct Shortcut {
     bool (*Run)(OpenDocument& open);
 };
 
-Strum& EditStrum(OpenDocument& open) {
-    return open.TabFile.Tracks[open.CurTrack].Bars.Edit(open.CurBar).EditStrums()[open.CurStrum];
+template <auto Mark>
+bool Toggle(OpenDocument& open) {
+    return ToggleMark(open, Mark);
 }
 
-Note& EditNote(OpenDocument& open) { return EditStrum(open).Notes.Edit(open.CurString); }
-
-template <bool Note::*Mark>
-bool ToggleMark(OpenDocument& open) {
-    Note& note = EditNote(open);
-    note.*Mark = !(note.*Mark);
-    return true;
-}
-
-template <std::int32_t Technique>
-bool ToggleNoteTechnique(OpenDocument& open) {
-    Note& note = EditNote(open);
-    note.Technique = note.Technique == Technique ? 0 : Technique;
-    return true;
-}
-
-template <std::int32_t Strum::*Field, std::int32_t Value>
-bool ToggleOfStrum(OpenDocument& open) {
-    Strum& strum = EditStrum(open);
-    strum.*Field = strum.*Field == Value ? 0 : Value;
-    return true;
+template <auto Field, std::int32_t Code>
+bool Toggle(OpenDocument& open) {
+    return ToggleCode(open, Field, Code);
 }
 
 bool Ask(EntryDialog dialog) { return Entry.OpenDialog && Entry.OpenDialog(dialog); }
 
 bool BendOnOff(OpenDocument& open) {
-    const Strum& strum = open.TabFile.Tracks[open.CurTrack].Bars[open.CurBar].Strums()[open.CurStrum];
-    if (!strum.Notes[open.CurString].HasBend) return Ask(EntryDialog::Bend);
-    EditNote(open).HasBend = false;
-    return true;
+    return NoteAtCursor(open).HasBend ? ToggleMark(open, &Note::HasBend) : Ask(EntryDialog::Bend);
 }
-
-constexpr std::int32_t UpStroke = 1;
-constexpr std::int32_t DownStroke = 2;
 
 constexpr Shortcut NoteShortcuts[] = {
     {'B', false, Needs::Note, BendOnOff},
-    {'H', false, Needs::Note, ToggleNoteTechnique<Core::HammerOnPullOff>},
-    {'S', false, Needs::Note, ToggleNoteTechnique<Core::LegatoSlide>},
-    {'G', false, Needs::Note, ToggleMark<&Note::Ghost>},
-    {'T', false, Needs::Strum, ToggleOfStrum<&Strum::Technique, Core::Tapping>},
-    {'V', false, Needs::Strum, ToggleOfStrum<&Strum::Technique, Core::Vibrato>},
-    {'U', false, Needs::Strum, ToggleOfStrum<&Strum::Stroke, UpStroke>},
-    {'D', false, Needs::Strum, ToggleOfStrum<&Strum::Stroke, DownStroke>},
+    {'H', false, Needs::Note, Toggle<&Note::Technique, Core::HammerOnPullOff>},
+    {'S', false, Needs::Note, Toggle<&Note::Technique, Core::LegatoSlide>},
+    {'G', false, Needs::Note, Toggle<&Note::Ghost>},
+    {'T', false, Needs::Strum, Toggle<&Strum::Technique, Core::Tapping>},
+    {'V', false, Needs::Strum, Toggle<&Strum::Technique, Core::Vibrato>},
+    {'U', false, Needs::Strum, Toggle<&Strum::Stroke, UpStroke>},
+    {'D', false, Needs::Strum, Toggle<&Strum::Stroke, DownStroke>},
     {'C', false, Needs::Nothing, [](OpenDocument&) { return Ask(EntryDialog::Chord); }},
-    {'L', false, Needs::Nothing, ToggleMark<&Note::Tied>},
+    {'L', false, Needs::Nothing, Toggle<&Note::Tied>},
     {'R', false, Needs::Nothing, RepeatStrum},
     {KeypadSubtract, true, Needs::Note, [](OpenDocument& open) { return AddToFret(open, -1); }},
     {KeyMinus, true, Needs::Note, [](OpenDocument& open) { return AddToFret(open, -1); }},
     {KeypadAdd, true, Needs::Note, [](OpenDocument& open) { return AddToFret(open, 1); }},
     {KeyPlus, true, Needs::Note, [](OpenDocument& open) { return AddToFret(open, 1); }},
-    {'R', true, Needs::Nothing, ToggleMark<&Note::LetRing>},
+    {'R', true, Needs::Nothing, Toggle<&Note::LetRing>},
     {'M', true, Needs::Nothing, [](OpenDocument& open) { return MoveStrumRight(open), true; }},
     {'N', true, Needs::Nothing, MoveStrumLeft},
     {'O', true, Needs::Nothing, [](OpenDocument& open) { return ShiftStrumRight(open), true; }},
     {'T', true, Needs::Nothing, [](OpenDocument&) { return Ask(EntryDialog::Text); }},
 };
-
-bool ToggleDot(OpenDocument& open) {
-    Strum& strum = EditStrum(open);
-    strum.Dotted = !strum.Dotted;
-    return true;
-}
 
 bool Longer(OpenDocument& open) { return ChangeLength(open, -1); }
 bool Shorter(OpenDocument& open) { return ChangeLength(open, 1); }
@@ -106,8 +75,8 @@ constexpr Shortcut LengthShortcuts[] = {
     {KeyMinus, false, Needs::Nothing, Shorter},
     {KeypadAdd, false, Needs::Nothing, Longer},
     {KeyPlus, false, Needs::Nothing, Longer},
-    {KeypadDecimal, false, Needs::Nothing, ToggleDot},
-    {KeyPeriod, false, Needs::Nothing, ToggleDot},
+    {KeypadDecimal, false, Needs::Nothing, Toggle<&Strum::Dotted>},
+    {KeyPeriod, false, Needs::Nothing, Toggle<&Strum::Dotted>},
     {'3', true, Needs::Nothing, Tuplet<0>},
     {'5', true, Needs::Nothing, Tuplet<1>},
     {'6', true, Needs::Nothing, Tuplet<2>},
@@ -120,12 +89,7 @@ bool RunShortcut(const Shortcut (&table)[Count], OpenDocument& open, KeyPress ke
     const auto* const found = std::find_if(std::begin(table), std::end(table), [&](const Shortcut& each) {
         return each.Code == key.Code && each.Shift == key.Shift;
     });
-    if (found == std::end(table)) return false;
-    if (found->Wanted == Needs::Note && !NoteUnderCursor(open)) return false;
-    if (found->Wanted == Needs::Strum && StrumIsEmpty(open.TabFile, open.CurTrack, open.CurBar, open.CurStrum)) {
-        return false;
-    }
-    return found->Run(open);
+    return found != std::end(table) && IsMet(open, found->Wanted) && found->Run(open);
 }
 
 }  // namespace

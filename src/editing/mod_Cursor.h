@@ -15,6 +15,10 @@ void picDocument_MouseDown(int x, int y, int shift = 0);
 /// full, making one at the end of the piece; grows a bar that is under; and stays, with a message, in one that is over.
 bool MoveCursor(Core::OpenDocument& open, KeyPress key);
 
+/// Changes between tab and notation input, and the cursor goes along: to the pitch, or lane, of the note or the open
+/// string under it; or to the string whose note has its pitch, else to one that reaches it, best the one where it is.
+void SetInputMode(Core::OpenDocument& open, std::int16_t mode);
+
 /// Lowest and highest pitch that the track reaches, or its first and last lane.
 struct PitchRange {
     int Lowest;
