@@ -153,7 +153,10 @@ void frmMain::RestorePlaces() {
     RestorePlace(*this, PlaceSection, QSize(1100, 820));
     const std::string bars = Services.Settings->Get(PlaceSection, ToolbarsKey);
     if (!bars.empty()) restoreState(QByteArray::fromBase64(QByteArray::fromStdString(bars)));
+    arranged.clear();  // whatever the state says
+    DockToolbars();
     ShowToolbars();
+    ArrangeToolbars();
     dockMixTable->setVisible(Shell::Program.MixTableVisible);
 }
 

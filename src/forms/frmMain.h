@@ -3,12 +3,16 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QRect>
 #include <map>
 #include <memory>
+#include <utility>
+#include <vector>
 
 #include "shell/mod_Shell.h"
 
 class QAction;
+class QActionGroup;
 class QComboBox;
 class QDockWidget;
 class QLabel;
@@ -47,6 +51,7 @@ public:
     void FillRecentFiles() override;
     void ShowStatus(const std::string& text) override;
     void UpdateCommands() override;
+    void ArrangeToolbars() override;
     void UpdateZoom() override;
     void LanguageChanged() override;
     void ThemeChanged() override;
@@ -81,6 +86,7 @@ Q_SIGNALS:
 protected:
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -92,6 +98,9 @@ private:
     void ShowMenus();
     QMenu* MenuOf(std::string_view path);
     QToolBar* ToolBarOf(std::string_view name);
+    void BuildTrackChoice();
+    void DockToolbars();
+    void WatchToolbar(QToolBar& bar, const QEvent& event);
     QAction* MakeAction(const Shell::Command& command);
     void ShowStates();
     void FillStatus();
@@ -102,7 +111,10 @@ private:
     std::map<std::string, QMenu*, std::less<>> menus;
     std::map<std::string, QToolBar*, std::less<>> toolbars;
     std::map<std::string, QAction*, std::less<>> actions;
-    QMenu* recentMenu = nullptr;  // mnuFileOpenRecent
+    std::map<std::string_view, QActionGroup*> radios;  // by their menu
+    std::vector<std::pair<QToolBar*, bool>> arranged;  // as ArrangeToolbars left them; true begins a row
+    QRect pressedAt;                                   // the toolbar under the mouse
+    QMenu* recentMenu = nullptr;                       // mnuFileOpenRecent
     QComboBox* cmbTrack = nullptr;
     QLabel* lblStatus = nullptr;
     QLabel* lblNote = nullptr;

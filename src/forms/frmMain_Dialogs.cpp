@@ -12,8 +12,8 @@
 #include "forms/frmAbout.h"
 #include "forms/frmCommandPalette.h"
 #include "forms/frmExportPicture.h"
-#include "forms/frmKeyboard.h"
 #include "forms/frmMain.h"
+#include "forms/ntne_frmShortcuts.h"
 #include "platform/FileSystem.h"
 #include "platform/MessageBox.h"
 #include "platform/Services.h"
@@ -80,7 +80,7 @@ void frmMain::ExportPicture() {
 
 void frmMain::ShowAbout() { frmAbout(this).exec(); }
 
-void frmMain::ShowKeyboardHelp() { frmKeyboard(this).exec(); }
+void frmMain::ShowKeyboardHelp() { ntne_frmShortcuts(this).exec(); }
 
 void frmMain::ShowCommandPalette() {
     const Shell::Command* chosen = nullptr;

@@ -1,5 +1,6 @@
 // Menus, toolbars and the status bar, built from the one table of commands.
 #include <QAction>
+#include <QActionGroup>
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QDockWidget>
@@ -21,26 +22,23 @@
 #include "forms/picDocument.h"
 #include "forms/picMixTable.h"
 #include "shell/Commands.h"
+#include "shell/Toolbars.h"
 
 namespace Quillon::Forms {
 
 namespace {
 
-constexpr int ToolIcon = 24;
-/// The toolbar that holds the choice of the track.
-constexpr std::string_view TrackToolbar = "Track";
-/// The toolbar that begins the second row: one row is too short for all.
-constexpr std::string_view SecondRow = "Bar 1";
-
-constexpr std::pair<std::string_view, std::string_view> ToolbarTexts[] = {
-    {"File", "str_ToolbarFile"},   {"Track", "str_ToolbarTrack"},
-    {"Sound", "str_ToolbarSound"}, {"Cut Copy Paste", "str_ToolbarCutCopyPaste"},
-    {"Bar 1", "str_ToolbarBar1"},  {"Bar 2", "str_ToolbarBar2"}};
-
 QList<QKeySequence> Shortcuts(std::string_view keys) {
     QList<QKeySequence> result;
     for (const QString& each : ToQString(keys).split(' ', Qt::SkipEmptyParts)) result << QKeySequence(each);
     return result;
+}
+
+/// A key of the score stands where shortcuts do.
+QString MenuText(const Shell::Command& command) {
+    const QString caption = Text(command.Text);
+    if (command.ScoreKey.empty() || !command.Shortcut.empty()) return caption;
+    return caption + '\t' + QKeySequence(ToQString(command.ScoreKey)).toString(QKeySequence::NativeText);
 }
 
 }  // namespace
@@ -59,22 +57,6 @@ QMenu* frmMain::MenuOf(std::string_view path) {
     return menu;
 }
 
-QToolBar* frmMain::ToolBarOf(std::string_view name) {
-    if (const auto found = toolbars.find(name); found != toolbars.end()) return found->second;
-    auto* const bar = new QToolBar(this);
-    bar->setObjectName("toolbar" + ToQString(name));
-    bar->setIconSize({ToolIcon, ToolIcon});
-    if (name == SecondRow) addToolBarBreak();
-    addToolBar(bar);
-    toolbars.emplace(name, bar);
-    const std::string known(name);
-    connect(bar->toggleViewAction(), &QAction::triggered, this,
-            [known](bool visible) { Shell::SetToolbarVisible(known, visible); });
-    connect(bar, &QToolBar::topLevelChanged, this,
-            [known](bool floating) { Shell::SetToolbarDocked(known, !floating); });
-    return bar;
-}
-
 QAction* frmMain::MakeAction(const Shell::Command& command) {
     auto* const action = new QAction(this);
     action->setObjectName(ToQString(command.Name));
@@ -83,6 +65,14 @@ QAction* frmMain::MakeAction(const Shell::Command& command) {
     // A key that is held starts a song once and must not stop it again.
     action->setAutoRepeat(!command.Name.starts_with("mnuSound"));
     action->setCheckable(command.Checked != nullptr);
+    if (command.Radio) {
+        QActionGroup*& group = radios[command.Menu];
+        if (!group) {
+            group = new QActionGroup(this);
+            group->setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional);
+        }
+        group->addAction(action);
+    }
     connect(action, &QAction::triggered, this, [this, &command] {
         Shell::RunCommand(command);
         UpdateCommands();
@@ -110,18 +100,7 @@ void frmMain::BuildMenus() {
         bar->addAction(action);
         bar->widgetForAction(action)->installEventFilter(this);
     }
-    cmbTrack = new QComboBox(this);
-    cmbTrack->setObjectName("cmbTrack");
-    cmbTrack->setSizeAdjustPolicy(QComboBox::AdjustToContents);
-    cmbTrack->setMinimumContentsLength(14);
-    cmbTrack->setFocusPolicy(Qt::TabFocus);
-    cmbTrack->installEventFilter(this);
-    connect(cmbTrack, &QComboBox::activated, this, [this](int track) {
-        Shell::ShowTrack(track);
-        document->setFocus();
-    });
-    QToolBar* const bar = ToolBarOf(TrackToolbar);
-    bar->insertWidget(bar->actions().isEmpty() ? nullptr : bar->actions().first(), cmbTrack);
+    BuildTrackChoice();
 }
 
 void frmMain::BuildStatusBar() {
@@ -157,10 +136,6 @@ void frmMain::BuildStatusBar() {
     statusBar()->addPermanentWidget(cmdZoom);
 }
 
-void frmMain::ShowToolbars() {
-    for (const auto& [name, bar] : toolbars) bar->setVisible(Shell::IsToolbarVisible(name));
-}
-
 void frmMain::LoadLibraryTexts() {
     libraryTexts.reset();
     const QString locale = Text("str_LocaleName");
@@ -174,12 +149,16 @@ void frmMain::LoadLibraryTexts() {
 void frmMain::LanguageChanged() {
     LoadLibraryTexts();
     for (const auto& [path, menu] : menus) menu->setTitle(Text(path.substr(path.rfind('/') + 1)));
-    for (const auto& [name, key] : ToolbarTexts) ToolBarOf(name)->setWindowTitle(Text(key));
+    for (const Shell::Toolbar& each : Shell::Toolbars()) {
+        const auto found = toolbars.find(each.Name);
+        if (found == toolbars.end()) continue;
+        found->second->setWindowTitle(ToQString(Shell::WithoutMark(Core::LanguageText(each.Text))));
+    }
     for (const Shell::Command& command : Shell::Commands()) {
         QAction* const action = ActionOf(std::string(command.Name));
-        action->setText(Text(command.Text));
+        action->setText(MenuText(command));
         action->setToolTip(ToQString(Shell::Tooltip(command)));
-        const QString spoken = ToQString(Shell::PlainCaption(command));
+        const QString spoken = ToQString(Shell::SpokenCaption(command));
         for (const auto& [name, bar] : toolbars) {
             if (QWidget* const button = bar->widgetForAction(action)) button->setAccessibleName(spoken);
         }

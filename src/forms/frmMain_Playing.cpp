@@ -102,6 +102,7 @@ void frmMain::ShowMenus() {
 
 /// Space plays wherever the focus is, but for what Space itself works on.
 bool frmMain::eventFilter(QObject* watched, QEvent* event) {
+    if (auto* const bar = qobject_cast<QToolBar*>(watched)) WatchToolbar(*bar, *event);
     if (event->type() == QEvent::ShortcutOverride && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Space &&
         !(static_cast<QKeyEvent*>(event)->modifiers() & ~Qt::ShiftModifier)) {
         event->accept();

@@ -27,6 +27,8 @@ constexpr std::string_view ToolbarsMenu = "str_MenuView/str_MenuToolbars";
 constexpr std::string_view NoteEffectsMenu = "str_MenuNote/str_MenuNoteEffects";
 
 // The parts. Within a menu their rows stand in the order of this list.
+std::span<const Command> NoteCommandRows();
+std::span<const Command> ChordCommandRows();
 std::span<const Command> BarCommandRows();
 std::span<const Command> ClipboardCommandRows();
 

@@ -1,6 +1,7 @@
 #include "shell/Commands.h"
 
 #include <algorithm>
+#include <iterator>
 #include <vector>
 
 #include "core/mod_Language.h"
@@ -10,6 +11,7 @@
 #include "platform/Services.h"
 #include "shell/BarCommands.h"
 #include "shell/CommandRows.h"
+#include "shell/Toolbars.h"
 #include "shell/mod_Shell.h"
 #include "shell/mod_Sound.h"
 
@@ -19,20 +21,9 @@ using Core::Open;
 
 namespace {
 
-template <const char* Toolbar>
-void ToggleToolbar() {
-    SetToolbarVisible(Toolbar, !IsToolbarVisible(Toolbar));
-}
-template <const char* Toolbar>
-bool ToolbarShows() {
-    return IsToolbarVisible(Toolbar);
-}
-constexpr char FileToolbar[] = "File";
-constexpr char TrackToolbar[] = "Track";
-constexpr char SoundToolbar[] = "Sound";
-constexpr char ClipboardToolbar[] = "Cut Copy Paste";
-constexpr char Bar1Toolbar[] = "Bar 1";
-constexpr char Bar2Toolbar[] = "Bar 2";
+constexpr std::string_view FileToolbar = "File";
+constexpr std::string_view TrackToolbar = "Track";
+constexpr std::string_view SoundToolbar = "Sound";
 
 bool HasNextTrack() { return Open.CurTrack < Open.TabFile.Tracks.UpperBound(); }
 bool HasPreviousTrack() { return Open.CurTrack > 0; }
@@ -122,6 +113,7 @@ constexpr Command Table[] = {
      .Text = "str_EditUndo",
      .Shortcut = "Ctrl+Z",
      .Icon = "undo",
+     .Toolbar = "Note Editing",
      .Run = Editing::mnuEditUndo_Click,
      .Enabled = Editing::CanUndo},
 
@@ -151,36 +143,6 @@ constexpr Command Table[] = {
      .Shortcut = "Ctrl+9",
      .Icon = "zoom-width",
      .Run = mnuViewZoomWidth_Click},
-    {.Name = "mnuViewToolbarFile",
-     .Menu = ToolbarsMenu,
-     .Text = "str_ViewToolbarFile",
-     .Run = ToggleToolbar<FileToolbar>,
-     .Checked = ToolbarShows<FileToolbar>},
-    {.Name = "mnuViewToolbarTrack",
-     .Menu = ToolbarsMenu,
-     .Text = "str_ViewToolbarTrack",
-     .Run = ToggleToolbar<TrackToolbar>,
-     .Checked = ToolbarShows<TrackToolbar>},
-    {.Name = "mnuViewToolbarSound",
-     .Menu = ToolbarsMenu,
-     .Text = "str_ViewToolbarSound",
-     .Run = ToggleToolbar<SoundToolbar>,
-     .Checked = ToolbarShows<SoundToolbar>},
-    {.Name = "mnuViewToolbarCutCopyPaste",
-     .Menu = ToolbarsMenu,
-     .Text = "str_ViewToolbarCutCopyPaste",
-     .Run = ToggleToolbar<ClipboardToolbar>,
-     .Checked = ToolbarShows<ClipboardToolbar>},
-    {.Name = "mnuViewToolbarBar1",
-     .Menu = ToolbarsMenu,
-     .Text = "str_ViewToolbarBar1",
-     .Run = ToggleToolbar<Bar1Toolbar>,
-     .Checked = ToolbarShows<Bar1Toolbar>},
-    {.Name = "mnuViewToolbarBar2",
-     .Menu = ToolbarsMenu,
-     .Text = "str_ViewToolbarBar2",
-     .Run = ToggleToolbar<Bar2Toolbar>,
-     .Checked = ToolbarShows<Bar2Toolbar>},
     {.Name = "mnuViewMixTable",
      .Menu = ViewMenu,
      .Text = "str_ViewMixTable",
@@ -315,9 +277,12 @@ std::ptrdiff_t MenuIndex(const Command& command) {
 
 std::vector<Command> AllRows() {
     std::vector<Command> rows(std::begin(Table), std::end(Table));
-    for (const auto& more : {BarCommandRows(), ClipboardCommandRows()}) {
+    for (const auto& more : {NoteCommandRows(), ChordCommandRows(), BarCommandRows(), ClipboardCommandRows()}) {
         rows.insert(rows.end(), more.begin(), more.end());
     }
+    std::vector<std::string_view> toolbars;
+    for (const Command& row : rows) toolbars.push_back(row.Toolbar);
+    std::ranges::copy(ToolbarCommandRows(toolbars), std::back_inserter(rows));
     std::ranges::stable_sort(rows, {}, MenuIndex);
     return rows;
 }
@@ -346,22 +311,32 @@ bool RunCommand(const Command& command) {
     return true;
 }
 
-std::string PlainCaption(const Command& command) {
-    std::string caption;
-    const std::string& text = Core::LanguageText(command.Text);
+std::string WithoutMark(std::string_view text) {
+    std::string plain;
     for (std::size_t i = 0; i < text.size(); ++i) {
         if (text[i] == '&' && i + 1 < text.size()) ++i;  // "&&" is one that shows
-        caption += text[i];
+        plain += text[i];
     }
+    return plain;
+}
+
+std::string PlainCaption(const Command& command) {
+    std::string caption = WithoutMark(Core::LanguageText(command.Text));
     if (caption.ends_with("...")) caption.resize(caption.size() - 3);
     return caption;
 }
 
+std::string SpokenCaption(const Command& command) {
+    if (!command.SaysMenu) return PlainCaption(command);
+    const std::string_view menu = command.Menu.substr(command.Menu.rfind('/') + 1);
+    return WithoutMark(Core::LanguageText(menu)) + ": " + PlainCaption(command);
+}
+
 std::string Tooltip(const Command& command) {
     const std::string_view keys = command.Shortcut.empty() ? command.ScoreKey : command.Shortcut;
-    if (keys.empty()) return PlainCaption(command);
+    if (keys.empty()) return SpokenCaption(command);
     const std::string_view first = keys.substr(0, keys.find(' '));
-    return PlainCaption(command) + " (" + std::string(first) + ")";
+    return SpokenCaption(command) + " (" + std::string(first) + ")";
 }
 
 }  // namespace Quillon::Shell

@@ -22,6 +22,8 @@ struct Command {
         {};  ///< the toolbar that shows it: "File" is the "File Toolbar" of the settings; "" for none
     bool SeparatorBefore = false;
     bool RightMenu = false;     ///< stands in picRightMenu too, when it is enabled
+    bool Radio = false;         ///< one of its menu's radio entries, of which at most one is checked
+    bool SaysMenu = false;      ///< its caption alone says too little: SpokenCaption begins with its menu's name
     bool WhilePlaying = false;  ///< all others are disabled while a song plays
     void (*Run)() = nullptr;
     bool (*Enabled)() = nullptr;  ///< nothing: always
@@ -37,9 +39,13 @@ bool IsChecked(const Command& command);
 /// Runs a command that is enabled. What it raises becomes a message box. False when it did not run.
 bool RunCommand(const Command& command);
 
-/// Caption without the "&" of its keyboard letter and without "...": what a screen reader says.
+/// Without the "&" of a keyboard letter.
+std::string WithoutMark(std::string_view text);
+/// Caption without the "&" of its keyboard letter and without "...".
 std::string PlainCaption(const Command& command);
-/// Caption and shortcut, or key of the score: "Open (Ctrl+O)".
+/// What a screen reader says: "Dynamics: FF", "Open".
+std::string SpokenCaption(const Command& command);
+/// What is spoken and shortcut, or key of the score: "Open (Ctrl+O)".
 std::string Tooltip(const Command& command);
 
 }  // namespace Quillon::Shell

@@ -33,8 +33,6 @@ int StoredNumber(const char* section, const char* key, int otherwise, int least,
     return whole && value >= least && value <= most ? value : otherwise;
 }
 
-int SettingsToolbar(std::string_view toolbar) { return Core::ToolbarIndex(std::string(toolbar) + " Toolbar"); }
-
 }  // namespace
 
 void SetZoom(int percent) {
@@ -85,27 +83,6 @@ void mnuViewMixTable_Click() {
     Program.View->UpdateCommands();
 }
 
-bool IsToolbarVisible(std::string_view toolbar) {
-    const int index = SettingsToolbar(toolbar);
-    return index < 0 || Core::Settings.ToolbarVisible[index];
-}
-
-void SetToolbarVisible(std::string_view toolbar, bool visible) {
-    const int index = SettingsToolbar(toolbar);
-    if (index < 0 || Core::Settings.ToolbarVisible[index] == visible) return;
-    Core::Settings.ToolbarVisible[index] = visible;
-    Program.View->UpdateCommands();
-}
-
-bool IsToolbarDocked(std::string_view toolbar) {
-    const int index = SettingsToolbar(toolbar);
-    return index < 0 || Core::Settings.ToolbarDocked[index];
-}
-
-void SetToolbarDocked(std::string_view toolbar, bool docked) {
-    if (const int index = SettingsToolbar(toolbar); index >= 0) Core::Settings.ToolbarDocked[index] = docked;
-}
-
 std::string LayoutFailureText(const RunTimeError& error) {
     return error.Number == OverflowNumber ? Core::LanguageText("str_LayoutOverflow") : error.Description();
 }
@@ -132,6 +109,7 @@ void LoadStoredState() {
     Drawing::Page = page;
     Program.ZoomPercent = StoredNumber("View", "Zoom", 100, LeastZoom, MostZoom);
     Program.MixTableVisible = number("View", "MixTable", 0, 0, 1) == 1;
+    Program.ToolbarsMoved = number("View", "ToolbarsMoved", 0, 0, 1) == 1;
     Program.Theme = number("View", "Theme", 0, 0, MostTheme);
     LoadSoundSettings();
     ApplySettings();
@@ -151,6 +129,7 @@ void SaveStoredState() {
     save("PageSetup", "TopMargin", page.PageTopMargin);
     save("View", "Zoom", Program.ZoomPercent);
     save("View", "Theme", Program.Theme);
+    save("View", "ToolbarsMoved", Program.ToolbarsMoved ? 1 : 0);
     save("View", "MixTable", Program.MixTableVisible ? 1 : 0);
     SaveSoundSettings();
 }

@@ -33,6 +33,8 @@ struct ShellView {
     virtual void ShowStatus(const std::string& text) = 0;
     /// Which commands are enabled or checked, or which toolbars show, may have changed.
     virtual void UpdateCommands() = 0;
+    /// The toolbars take their default places, all that show docked.
+    virtual void ArrangeToolbars() = 0;
     /// The screen's zoom changed; see Program.ZoomPercent.
     virtual void UpdateZoom() = 0;
     /// Captions are to be set anew from the language.
@@ -92,8 +94,9 @@ struct ProgramState {
     Shell::Dialogs* Dialogs = nullptr;
     bool PasswordGiven = false;  ///< the open file's password was given since it was opened
     bool MixTableVisible = false;
-    int ZoomPercent = 100;   ///< of the painting alone; the layout's pixels stay
-    std::int16_t Theme = 0;  ///< 0 as the system, 1 light, 2 dark
+    bool ToolbarsMoved = false;  ///< from where they stand by default: they no longer follow the window's width
+    int ZoomPercent = 100;       ///< of the painting alone; the layout's pixels stay
+    std::int16_t Theme = 0;      ///< 0 as the system, 1 light, 2 dark
 };
 extern ProgramState Program;
 

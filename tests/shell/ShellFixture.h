@@ -78,6 +78,7 @@ struct FakeWindow : ShellView, Dialogs {
     void FillRecentFiles() override { Calls.emplace_back("recent"); }
     void ShowStatus(const std::string& text) override { Status.push_back(text); }
     void UpdateCommands() override {}
+    void ArrangeToolbars() override { Calls.emplace_back("toolbars"); }
     void UpdateZoom() override { Calls.emplace_back("zoom"); }
     void LanguageChanged() override { Calls.emplace_back("language"); }
     void ThemeChanged() override { Calls.emplace_back("theme"); }

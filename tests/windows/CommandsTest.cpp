@@ -7,6 +7,7 @@
 #include <QMenuBar>
 #include <QToolBar>
 #include <QToolButton>
+#include <algorithm>
 #include <set>
 
 #include "shell/CommandPalette.h"
@@ -74,26 +75,46 @@ TEST_F(CommandWindowTest, MenuLettersDifferWithinEachMenuInEveryLanguage) {
     }
 }
 
-TEST_F(CommandWindowTest, ToolbarButtonsHaveNamesAndToolbarsHideByTheirCommand) {
+TEST_F(CommandWindowTest, ToolbarsHideFloatAndReturnAndTheirButtonsHaveNames) {
     Start();
-    int buttons = 0;
-    for (const QToolBar* bar : window->findChildren<QToolBar*>()) {
+    const auto bars = [&] { return window->findChildren<QToolBar*>(); };
+    for (const QToolBar* bar : bars()) {
+        EXPECT_FALSE(bar->windowTitle().isEmpty()) << bar->objectName().toStdString();
         for (QAction* action : bar->actions()) {
             const auto* const button = qobject_cast<QToolButton*>(bar->widgetForAction(action));
             if (!button || action->objectName().isEmpty()) continue;
-            ++buttons;
             EXPECT_FALSE(button->accessibleName().isEmpty()) << action->objectName().toStdString();
             EXPECT_FALSE(button->accessibleName().contains('&'));
+            EXPECT_FALSE(action->icon().isNull()) << action->objectName().toStdString();
         }
     }
-    EXPECT_GT(buttons, 4);
-    const auto& bar = In<QToolBar>(*window, "toolbarFile");
-    ASSERT_TRUE(bar.isVisible());
+    for (const Shell::Command& command : Shell::Commands()) {
+        if (command.Toolbar.empty()) continue;
+        EXPECT_NO_THROW(In<QToolBar>(*window, ("toolbar" + std::string(command.Toolbar)).c_str()));
+    }
+    for (const int width : {1000, 1366, 1920}) {
+        window->resize(width, 800);
+        Settle();
+        int lowest = 0;
+        for (const QToolBar* bar : bars()) {
+            EXPECT_TRUE(bar->isVisible());
+            EXPECT_GE(bar->width(), bar->sizeHint().width()) << width << " " << bar->objectName().toStdString();
+            lowest = std::max(lowest, bar->geometry().bottom());
+        }
+        EXPECT_LT(lowest, window->height() / 4) << width;
+    }
     Run("mnuViewToolbarFile");
-    EXPECT_FALSE(bar.isVisible());
+    EXPECT_FALSE(In<QToolBar>(*window, "toolbarFile").isVisible());
     EXPECT_FALSE(window->ActionOf("mnuViewToolbarFile")->isChecked());
-    Run("mnuViewToolbarFile");
-    EXPECT_TRUE(bar.isVisible());
+    Shell::SetToolbarDocked("Sound", false);
+    window->KeepPlaces();
+    Core::SaveINISettings();
+    Start();
+    EXPECT_FALSE(In<QToolBar>(*window, "toolbarFile").isVisible());
+    EXPECT_TRUE(In<QToolBar>(*window, "toolbarSound").isFloating());
+    Run("mnuViewToolbarsDefault");
+    EXPECT_TRUE(In<QToolBar>(*window, "toolbarFile").isVisible());
+    EXPECT_FALSE(In<QToolBar>(*window, "toolbarSound").isFloating());
 }
 
 TEST_F(CommandWindowTest, CommandsThatCanDoNothingAreGrey) {
