@@ -12,7 +12,9 @@
 #include "core/mod_Language.h"
 #include "core/mod_MusicFile.h"
 #include "core/mod_Settings.h"
+#include "exchange/AsciiImport.h"
 #include "exchange/JsonDocument.h"
+#include "exchange/TextExport.h"
 #include "platform/RunTimeError.h"
 #include "platform/Services.h"
 #include "platform/headless/MemoryStore.h"
@@ -59,6 +61,27 @@ inline void Json(std::string_view bytes) {
     const std::string text = Exchange::WriteJson(file);
     Require(Exchange::WriteJson(Exchange::ReadJson(text, MemoryStore{})) == text, "JSON does not settle");
     MusicText(Core::WriteTabFileText(file));
+}
+
+/// A text tab or a page. The first byte chooses the options.
+inline void TextTab(std::string_view bytes) {
+    Exchange::AsciiImportOptions options;
+    const auto choice = static_cast<unsigned char>(bytes.empty() ? 4 : bytes.front());
+    options.Dash = choice % 7;
+    options.SameLength = (choice & 8) != 0;
+    options.Details = (choice & 16) != 0;
+    if (choice & 32) options.Timing = Exchange::TimeSignature{choice % 32 + 1, 8};
+    Core::TabFile file;
+    file.Tracks.Add(Core::Track{});
+    try {
+        Exchange::ImportTextTab(file, choice >> 7, Exchange::TextOfBytes(bytes), options);
+    } catch (const RunTimeError& refusal) {
+        return Require(!refusal.Description().empty(), "a refusal without a reason");
+    }
+    for (const Core::Track& track : file.Tracks) {
+        Require(track.Bars.Count() == file.BarInfos.Count(), "tracks of different lengths");
+    }
+    Exchange::WriteTextTab(file, {});
 }
 
 /// QL4.ini, the settings store and a language file: what each reader took from the bytes, it takes again from its text.
@@ -123,7 +146,7 @@ struct Target {
     void (*Run)(std::string_view bytes);
 };
 inline constexpr Target Targets[] = {
-    {"music_text", &MusicText}, {"cipher", &Cipher},     {"json", &Json},
+    {"music_text", &MusicText}, {"cipher", &Cipher},     {"json", &Json}, {"text_tab", &TextTab},
     {"settings", &Settings},    {"recovery", &Recovery}, {"play", &Play},
 };
 

@@ -4,6 +4,7 @@
 
 #include "cli/Commands.h"
 #include "cli/DocumentFiles.h"
+#include "core/mod_Language.h"
 
 namespace Quillon::Cli {
 
@@ -13,11 +14,18 @@ struct Arguments {
     std::string In;
     std::string Out;
     ConvertOptions Options;
+    ImportOptions Import;
+    std::string Timing;
 };
 
 int Convert(const Arguments& arguments) {
     WriterFor(arguments.Out);  // a wrong ending is told before anything is opened
-    OpenWholeDocument(arguments.In);
+    ImportOptions import = arguments.Import;
+    if (!arguments.Timing.empty()) {
+        import.Text.Timing = Exchange::ParseTiming(arguments.Timing);
+        if (!import.Text.Timing) throw CommandFailure(Core::LanguageText("str_ValidTSPlease"));
+    }
+    OpenWholeDocument(arguments.In, import);
     if (arguments.Options.Track) ChooseTrack(*arguments.Options.Track);
     SaveDocument(arguments.Out, arguments.Options);
     return Done;
@@ -28,7 +36,9 @@ int Convert(const Arguments& arguments) {
 void AddConvert(CLI::App& app, Work& work) {
     CLI::App* command = app.add_subcommand("convert", "Opens IN by its ending and writes OUT by its ending");
     const auto arguments = std::make_shared<Arguments>();
-    command->add_option("IN", arguments->In, "Document to open: .qlm .json")->required()->type_name("");
+    command->add_option("IN", arguments->In, "Document to open: .qlm .json .txt .tab .html .htm")
+        ->required()
+        ->type_name("");
     command
         ->add_option("OUT", arguments->Out,
                      "File to write: .qlm .json .txt .tab .html .htm .pdf .svg .png .jpg .bmp .wav")
@@ -36,6 +46,12 @@ void AddConvert(CLI::App& app, Work& work) {
         ->type_name("");
     command->add_option("--track", arguments->Options.Track, "Current track, from 0, for outputs that show one")
         ->type_name("N");
+    command->add_option("--dash", arguments->Import.Text.Dash, "What a column of a text tab is worth; 4 without it")
+        ->type_name("0-6")
+        ->check(CLI::Range(0, 6));
+    command->add_flag("--same-length", arguments->Import.Text.SameLength, "Give all notes of a text tab that length");
+    command->add_option("--timing", arguments->Timing, "Time signature of a text tab, as 3:4")->type_name("N:D");
+    command->add_flag("--details", arguments->Import.Text.Details, "Look for title and names in a text tab");
     command->add_option("--page", arguments->Options.Page, "Page of a picture, from 1; without it every page")
         ->type_name("N");
     command->add_option("--dpi", arguments->Options.Dpi, "Dots to the inch of .png .jpg .bmp; 96 without it")

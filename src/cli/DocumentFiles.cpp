@@ -6,6 +6,7 @@
 #include "cli/WaveFiles.h"
 #include "core/mod_Common.h"
 #include "core/mod_Language.h"
+#include "core/mod_TabFileManipulation.h"
 #include "exchange/JsonDocument.h"
 #include "platform/FileSystem.h"
 #include "platform/MessageBox.h"
@@ -18,7 +19,9 @@ namespace fs = std::filesystem;
 
 namespace {
 
-Core::OpenOutcome OpenJson(const fs::path& path) {
+Core::OpenOutcome OpenMusicFile(const fs::path& path, const ImportOptions&) { return Core::ForceOpenFile(path); }
+
+Core::OpenOutcome OpenJson(const fs::path& path, const ImportOptions&) {
     const std::string bytes = Services.Files->Read(path);
     try {
         Core::Open = {};
@@ -30,11 +33,25 @@ Core::OpenOutcome OpenJson(const fs::path& path) {
 }
 
 /// The ending alone tells an older file, as in the editor.
-Core::OpenOutcome OpenOld(const fs::path& path) {
+Core::OpenOutcome OpenOld(const fs::path& path, const ImportOptions&) {
     Services.Files->Read(path);
     Services.Messages->Show(Core::LanguageText("str_OldFile"), Core::LanguageText("str_TitleError"), Buttons::Ok,
                             BoxIcon::Critical);
     return Core::OpenOutcome::OldKind;
+}
+
+/// A new document of one track, and the text as that track. Pages are read as text; nothing is fetched.
+Core::OpenOutcome OpenText(const fs::path& path, const ImportOptions& options) {
+    std::string text = Exchange::TextOfBytes(Services.Files->Read(path));
+    Core::TabFile file = Core::MakeNewTabFile(*Services.Settings);
+    try {
+        Exchange::ImportTextTab(file, 0, std::move(text), options.Text);
+    } catch (const RunTimeError&) {
+        throw CommandFailure(path.string() + ": " + Core::LanguageText("str_ErrorImporting"));
+    }
+    Core::Open = {};
+    Core::Open.TabFile = std::move(file);
+    return Core::OpenOutcome::Opened;
 }
 
 bool WriteMusicFile(const fs::path& path, const ConvertOptions&) { return Core::ForceSaveFile(path); }
@@ -45,9 +62,8 @@ bool WriteJsonFile(const fs::path& path, const ConvertOptions&) {
 }
 
 constexpr DocumentReader Readers[] = {
-    {".qlm", &Core::ForceOpenFile},
-    {".ql4", &OpenOld},
-    {".json", &OpenJson},
+    {".qlm", &OpenMusicFile}, {".ql4", &OpenOld},   {".json", &OpenJson}, {".txt", &OpenText},
+    {".tab", &OpenText},      {".html", &OpenText}, {".htm", &OpenText},
 };
 
 constexpr DocumentWriter Writers[] = {
@@ -74,16 +90,16 @@ const Row& RowFor(std::span<const Row> rows, const fs::path& path, const char* w
 std::span<const DocumentReader> DocumentReaders() { return Readers; }
 std::span<const DocumentWriter> DocumentWriters() { return Writers; }
 
-Core::OpenOutcome OpenDocument(const fs::path& path) {
-    const Core::OpenOutcome outcome = RowFor(DocumentReaders(), path, "input").Open(path);
+Core::OpenOutcome OpenDocument(const fs::path& path, const ImportOptions& options) {
+    const Core::OpenOutcome outcome = RowFor(DocumentReaders(), path, "input").Open(path, options);
     if (outcome != Core::OpenOutcome::Opened && outcome != Core::OpenOutcome::Damaged) {
         throw CommandFailure(path.string() + ": not opened");  // a box told why
     }
     return outcome;
 }
 
-void OpenWholeDocument(const fs::path& path) {
-    if (OpenDocument(path) != Core::OpenOutcome::Opened) {
+void OpenWholeDocument(const fs::path& path, const ImportOptions& options) {
+    if (OpenDocument(path, options) != Core::OpenOutcome::Opened) {
         throw CommandFailure(path.string() + ": the file is damaged; nothing was made of it");
     }
 }

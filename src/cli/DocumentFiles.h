@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "core/mod_MusicFile.h"
+#include "exchange/AsciiImport.h"
 
 namespace Quillon::Cli {
 
@@ -20,10 +21,15 @@ struct ConvertOptions {
     std::optional<bool> Warning;  ///< the lines that tell whose work the text is; likewise
 };
 
+/// How what is no document of ours becomes one.
+struct ImportOptions {
+    Exchange::AsciiImportOptions Text;
+};
+
 struct DocumentReader {
     std::string_view Ending;  ///< ".qlm", in small letters
     /// Makes the file the open document. Raises what the file system raises, and RunTimeError for what can't be read.
-    Core::OpenOutcome (*Open)(const std::filesystem::path& path);
+    Core::OpenOutcome (*Open)(const std::filesystem::path& path, const ImportOptions& options);
 };
 struct DocumentWriter {
     std::string_view Ending;
@@ -36,9 +42,9 @@ std::span<const DocumentWriter> DocumentWriters();
 
 /// Opens a document by its ending, in capital or small letters. Raises UsageError for an ending without a row, and
 /// CommandFailure when nothing was opened. The outcome is Opened or Damaged.
-Core::OpenOutcome OpenDocument(const std::filesystem::path& path);
+Core::OpenOutcome OpenDocument(const std::filesystem::path& path, const ImportOptions& options = {});
 /// As OpenDocument, but a damaged file is a failure too.
-void OpenWholeDocument(const std::filesystem::path& path);
+void OpenWholeDocument(const std::filesystem::path& path, const ImportOptions& options = {});
 /// Raises UsageError for an ending without a row.
 const DocumentWriter& WriterFor(const std::filesystem::path& path);
 /// Writes the open document by the ending of its path; no path writes nothing. Raises CommandFailure when a question
