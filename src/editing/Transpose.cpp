@@ -1,19 +1,15 @@
 #include <algorithm>
-#include <cstdlib>
-#include <limits>
-#include <vector>
 
 #include "core/mod_Common.h"
 #include "core/mod_TabFileManipulation.h"
 #include "drawing/mod_NotationDrawing.h"
+#include "editing/Fingering.h"
 #include "editing/mod_BarClipboard.h"
-#include "editing/mod_Cursor.h"
 #include "editing/mod_NoteEntry.h"
 #include "editing/mod_Transpose.h"
 
 namespace Quillon::Editing {
 
-using Core::Note;
 using Core::StringCount;
 using Core::Strum;
 using Core::Track;
@@ -23,85 +19,6 @@ namespace {
 constexpr int Octave = 12;
 
 int PitchClass(int pitch) { return ((pitch % Octave) + Octave) % Octave; }
-
-bool OnNeck(int fret) { return fret >= 0 && fret <= HighestFret; }
-
-/// Ties and slurs go on to the next note on the same string.
-bool LinksOn(const Note& note) {
-    return note.Tied || note.Technique == Core::LegatoSlide || note.Technique == Core::HammerOnPullOff;
-}
-
-/// Finds strings for the notes of one strum: all ways are tried, the ones near the old strings first.
-class Placing {
-public:
-    Placing(const Track& itsTrack, const Strum& itsStrum, int bySemitones, const StringsTo& wishes)
-        : track(itsTrack), strum(itsStrum), semitones(bySemitones), wished(wishes) {
-        for (int s = 0; s <= LastString(track); ++s) {
-            const std::string& fret = strum.Notes[s].Fret;
-            if (fret.empty()) continue;
-            if (FretNumber(fret) >= 0) {
-                moving.push_back(s);
-            } else {
-                taken[static_cast<std::size_t>(s)] = true;
-            }
-        }
-        now.fill(NoString);
-        Place(0, 0);
-    }
-
-    bool Found() const { return bestCost < std::numeric_limits<int>::max(); }
-    const std::vector<int>& Moving() const { return moving; }
-    int To(int string) const { return best[static_cast<std::size_t>(string)]; }
-    /// How far the frets move with a note from one string to another.
-    int FretStep(int from, int to) const {
-        return Core::OpenPitch(track, from) + semitones - Core::OpenPitch(track, to);
-    }
-
-private:
-    bool Playable(const Note& note, int step) const {
-        if (!OnNeck(FretNumber(note.Fret) + step)) return false;
-        const int grace = note.HasGrace ? FretNumber(note.GraceFret) : -1;
-        if (grace >= 0 && !OnNeck(grace + step)) return false;
-        return !note.HasTrill || OnNeck(note.TrillFret + step);
-    }
-    int Cost(int from, int to) const {
-        constexpr int BrokenLink = 100;
-        const int wish = wished[static_cast<std::size_t>(from)];
-        return std::abs(to - from) + (wish != NoString && wish != to ? BrokenLink : 0);
-    }
-    void Place(std::size_t index, int cost) {
-        if (cost >= bestCost) return;
-        if (index == moving.size()) {
-            bestCost = cost;
-            best = now;
-            return;
-        }
-        const int from = moving[index];
-        const int last = LastString(track);
-        for (int away = 0; away <= last; ++away) {
-            for (const int to : {from - away, from + away}) {
-                if (to < 0 || to > last || (away == 0 && to != from)) continue;
-                bool& used = taken[static_cast<std::size_t>(to)];
-                if (used || !Playable(strum.Notes[from], FretStep(from, to))) continue;
-                used = true;
-                now[static_cast<std::size_t>(from)] = to;
-                Place(index + 1, cost + Cost(from, to));
-                used = false;
-                if (away == 0) break;
-            }
-        }
-    }
-
-    const Track& track;
-    const Strum& strum;
-    int semitones;
-    const StringsTo& wished;
-    std::vector<int> moving;
-    std::array<bool, StringCount> taken{};
-    StringsTo now{};
-    StringsTo best{};
-    int bestCost = std::numeric_limits<int>::max();
-};
 
 /// How far a chord's frets move along the neck: the semitones, or octaves more or less where they would leave it.
 std::optional<int> ChordStep(const Strum& strum, int semitones) {
@@ -133,28 +50,9 @@ void MoveChord(Strum& strum, int semitones, int step, bool flats) {
 }  // namespace
 
 bool TransposeStrum(const Track& track, Strum& strum, int semitones, bool flats, StringsTo& links) {
-    const Placing placing(track, strum, semitones, links);
     const auto chord = strum.HasChord ? ChordStep(strum, semitones) : std::optional<int>(semitones);
-    if (!placing.Found() || !chord) return false;
+    if (!chord || !Refinger({track, track, semitones}, strum, links)) return false;
     if (strum.HasChord) MoveChord(strum, semitones, *chord, flats);
-    std::vector<Note> notes;
-    for (const int from : placing.Moving()) {
-        notes.push_back(strum.Notes[from]);
-        strum.Notes.Clear(from);
-    }
-    links.fill(NoString);
-    for (std::size_t i = 0; i < notes.size(); ++i) {
-        const int from = placing.Moving()[i];
-        const int to = placing.To(from);
-        const int step = placing.FretStep(from, to);
-        Note& note = notes[i];
-        if (LinksOn(note)) links[static_cast<std::size_t>(from)] = to;
-        note.Fret = std::to_string(FretNumber(note.Fret) + step);
-        const int grace = note.HasGrace ? FretNumber(note.GraceFret) : -1;
-        if (grace >= 0) note.GraceFret = std::to_string(grace + step);
-        if (note.HasTrill) note.TrillFret = Core::ToInt16(note.TrillFret + step);
-        strum.Notes.Edit(to) = std::move(note);
-    }
     return true;
 }
 
