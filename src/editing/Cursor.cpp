@@ -163,6 +163,7 @@ void picDocument_MouseDown(int x, int y, int shift) {
         case Drawing::Hit::Place::Neither:
             break;
     }
+    if (Entry.RefreshPercussion) Entry.RefreshPercussion();
 }
 
 void ResetCursor(OpenDocument& open, int track) {

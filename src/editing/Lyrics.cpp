@@ -63,7 +63,7 @@ std::string JoinLyrics(const std::vector<std::string>& syllables) {
             continue;
         }
         // A word begins behind a blank, but not where the one before goes on with its next syllable.
-        const bool goesOn = i == 0 || syllables[i - 1].ends_with('-');
+        const bool goesOn = i > 0 && syllables[i - 1].ends_with('-') && syllables[i - 1].size() > 1;
         if (!text.empty() && !goesOn) text += ' ';
         text += Written(syllable);
     }

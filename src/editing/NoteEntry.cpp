@@ -178,6 +178,10 @@ void picDocument_KeyDown(int keyCode, int shift) {
     const bool couldUndo = keep && CanUndo(Undone);
     Entry.EditDone = false;
     Entry.EditDone = EnterKey(Open, key);
+    // Up and down leave the assistant on the string that it shows: only another key speaks of a note.
+    const bool upOrDown = key.Code == KeyUp || key.Code == KeyDown;
+    const bool letters = Open.InputMode == Core::TabInput && Open.TabFile.Tracks[Open.CurTrack].IsDrum;
+    if (letters && !upOrDown && Entry.RefreshPercussion) Entry.RefreshPercussion();
     TypedNoteSound(Open, key);
     if (Entry.EditDone) {
         Open.FileChanged = true;

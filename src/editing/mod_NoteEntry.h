@@ -52,6 +52,8 @@ struct EntryState {
     bool (*OpenDialog)(EntryDialog) = nullptr;
     /// A note was typed at the cursor and may be heard; the length of its strum is in 64ths.
     void (*SoundStrum)(double length) = nullptr;
+    /// A key or a click may have changed what letters the string at the cursor has.
+    void (*RefreshPercussion)() = nullptr;
     /// The first step was taken: there is something to undo now.
     void (*StepsChanged)() = nullptr;
     /// The whole document was replaced by an earlier state of itself.

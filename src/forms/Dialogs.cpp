@@ -13,13 +13,25 @@
 #include "forms/ntne_frmCoda.h"
 #include "forms/ntne_frmCutCopyPaste.h"
 #include "forms/ntne_frmEndRepeat.h"
+#include "forms/ntne_frmFixBars.h"
+#include "forms/ntne_frmGoto.h"
 #include "forms/ntne_frmInsertBar.h"
+#include "forms/ntne_frmInstrument.h"
+#include "forms/ntne_frmLyrics.h"
 #include "forms/ntne_frmPageSetup.h"
+#include "forms/ntne_frmPassword.h"
 #include "forms/ntne_frmRemoveBar.h"
 #include "forms/ntne_frmSpeedTrainer.h"
 #include "forms/ntne_frmTranspose.h"
+#include "forms/ntne_frmTuning.h"
 #include "shell/BarModels.h"
+#include "shell/BatchFixModel.h"
 #include "shell/DialogModels.h"
+#include "shell/GoCommands.h"
+#include "shell/InstrumentModel.h"
+#include "shell/LyricsModel.h"
+#include "shell/PasswordModel.h"
+#include "shell/TuningModel.h"
 
 namespace Quillon::Forms {
 
@@ -53,6 +65,13 @@ const std::unordered_map<std::type_index, bool (*)(DialogModel&, QWidget*)>& Win
         Row<frmOptions, Shell::OptionsModel>(),
         Row<ntne_frmSpeedTrainer, Shell::SpeedTrainerModel>(),
         Row<ntne_frmPageSetup, Shell::PageSetupModel>(),
+        Row<ntne_frmLyrics, Shell::LyricsModel>(),
+        Row<ntne_frmTuning, Shell::TuningModel>(),
+        Row<ntne_frmInstrument, Shell::InstrumentModel>(),
+        Row<ntne_frmGoto, Shell::GotoModel>(),
+        Row<ntne_frmGotoBar, Shell::GotoBarModel>(),
+        Row<ntne_frmPassword, Shell::PasswordModel>(),
+        Row<ntne_frmFixBars, Shell::BatchFixModel>(),
     };
     return table;
 }

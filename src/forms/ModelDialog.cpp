@@ -86,7 +86,7 @@ void ModelDialog::accept() {
 }
 
 void ModelDialog::ShowComplaint(std::string_view textKey) {
-    lblComplaint->setText(textKey.empty() ? QString() : Text(textKey));
+    lblComplaint->setText(textKey.empty() ? QString() : ComplaintText(textKey));
     lblComplaint->setVisible(!textKey.empty());
 }
 
@@ -171,6 +171,8 @@ void ModelDialog::AddColor(QFormLayout* page, const char* name, std::string_view
         if (field->Chosen() != before) value = field->Chosen();
     });
 }
+
+QString ModelDialog::ComplaintText(std::string_view textKey) const { return Text(textKey); }
 
 void ModelDialog::AddNote(QFormLayout* page, std::string_view textKey) {
     auto* const note = new QLabel(Text(textKey));

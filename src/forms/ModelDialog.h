@@ -60,6 +60,8 @@ protected:
     /// Shows a complaint by its text key, or hides the one before for "".
     void ShowComplaint(std::string_view textKey);
     static void AddNote(QFormLayout* page, std::string_view textKey);
+    /// The sentence of a complaint. A window whose model knows more than the key gives its own.
+    virtual QString ComplaintText(std::string_view textKey) const;
 
 private:
     void FocusFirstField();

@@ -23,12 +23,14 @@
 #include "forms/Text.h"
 #include "forms/Theme.h"
 #include "forms/WindowPlace.h"
+#include "forms/ntne_frmPercAssTAB.h"
 #include "forms/picDocument.h"
 #include "forms/picMixTable.h"
 #include "platform/Services.h"
 #include "platform/SettingsStore.h"
 #include "shell/Commands.h"
 #include "shell/CursorText.h"
+#include "shell/PercAssistant.h"
 #include "shell/Recovery.h"
 #include "shell/mod_Sound.h"
 
@@ -109,6 +111,8 @@ void frmMain::RebuildTrackList() {
     mixTable->Fill();
 }
 
+void frmMain::FillPercAssistant() { percAssistant->Fill(); }
+
 void frmMain::ShowStatus(const std::string& text) {
     lblStatus->setText(ToQString(text));
     lblStatus->setToolTip(lblStatus->text());
@@ -128,6 +132,7 @@ void frmMain::UpdateCommands() {
     ShowToolbars();
     dockMixTable->setVisible(Shell::Program.MixTableVisible);
     mixTable->ShowCurrent();
+    percAssistant->ShowIf(Shell::PercAssistantShows());
     if (cmbTrack->currentIndex() != Open.CurTrack) {
         const QSignalBlocker quiet(cmbTrack);
         cmbTrack->setCurrentIndex(Open.CurTrack);

@@ -31,6 +31,7 @@ namespace Quillon::Forms {
 
 class picDocument;
 class WorkProgress;
+class ntne_frmPercAssTAB;
 class picMixTable;
 
 class frmMain : public QMainWindow, public Shell::ShellView, public Shell::Dialogs {
@@ -49,6 +50,8 @@ public:
     void SetCaption(const std::string& caption) override;
     void RebuildTrackList() override;
     void FillRecentFiles() override;
+    void FillGotoPoints() override;
+    void FillPercAssistant() override;
     void ShowStatus(const std::string& text) override;
     void UpdateCommands() override;
     void ArrangeToolbars() override;
@@ -115,6 +118,8 @@ private:
     std::vector<std::pair<QToolBar*, bool>> arranged;  // as ArrangeToolbars left them; true begins a row
     QRect pressedAt;                                   // the toolbar under the mouse
     QMenu* recentMenu = nullptr;                       // mnuFileOpenRecent
+    QMenu* goMenu = nullptr;                           // holds the go-to points before the entry mnuGoGotoPoint
+    std::vector<QAction*> gotoPoints;
     QComboBox* cmbTrack = nullptr;
     QLabel* lblStatus = nullptr;
     QLabel* lblNote = nullptr;
@@ -126,6 +131,7 @@ private:
     QTimer* tmrPlayPlace = nullptr;  // runs while a song plays
     WorkProgress* work = nullptr;
     picMixTable* mixTable = nullptr;
+    ntne_frmPercAssTAB* percAssistant = nullptr;
     QDockWidget* dockMixTable = nullptr;
     std::unique_ptr<QTranslator> libraryTexts;  // of the file and colour dialogs, which the library brings
     bool closing = false;

@@ -19,10 +19,13 @@
 #include "forms/SvgIcon.h"
 #include "forms/Text.h"
 #include "forms/frmMain.h"
+#include "forms/ntne_frmPercAssTAB.h"
 #include "forms/picDocument.h"
 #include "forms/picMixTable.h"
 #include "shell/Commands.h"
+#include "shell/GoCommands.h"
 #include "shell/Toolbars.h"
+#include "shell/mod_Sound.h"
 
 namespace Quillon::Forms {
 
@@ -92,6 +95,11 @@ void frmMain::BuildMenus() {
         } else {
             action = MakeAction(command);
             menu->addAction(action);
+        }
+        if (command.Is == Shell::Command::Kind::GotoPoints) {
+            goMenu = menu;
+            // Keys in the score may have taken, moved or brought back points since.
+            connect(menu, &QMenu::aboutToShow, this, [] { Shell::UpdateGotoPoints(); });
         }
         actions.emplace(command.Name, action);
         if (command.Toolbar.empty()) continue;
@@ -171,8 +179,30 @@ void frmMain::LanguageChanged() {
     cmdZoom->setAccessibleName(Text("str_ZoomReset"));
     dockMixTable->setWindowTitle(Text("str_MixTableTitle"));
     mixTable->SetTexts();
+    percAssistant->SetTexts();
+    Shell::UpdateGotoPoints();
     FillStatus();
     document->Redraw(false);
+}
+
+void frmMain::FillGotoPoints() {
+    if (!goMenu) return;
+    for (QAction* action : gotoPoints) delete action;
+    gotoPoints.clear();
+    QAction* const none = ActionOf("mnuGoGotoPoint");
+    for (const Shell::GotoPoint& point : Shell::Go.Points) {
+        const int index = static_cast<int>(gotoPoints.size());
+        // A digit is the letter of the first ones; a name may hold an "&", which is none.
+        const QString letter = index < 9 ? QString("&%1  ").arg(index + 1) : QString();
+        auto* const entry = new QAction(letter + ToQString(Shell::GotoCaption(point)).replace("&", "&&"), this);
+        entry->setObjectName("mnuGoGotoPointItem");
+        entry->setEnabled(!Shell::Sound.Playing);
+        connect(entry, &QAction::triggered, this,
+                [index] { Shell::Guarded([index] { Shell::mnuGoGotoPoint_Click(index); }); });
+        goMenu->insertAction(none, entry);
+        gotoPoints.push_back(entry);
+    }
+    none->setVisible(gotoPoints.empty());
 }
 
 void frmMain::FillRecentFiles() {

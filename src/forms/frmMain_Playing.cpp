@@ -14,6 +14,7 @@
 #include "forms/Text.h"
 #include "forms/WorkProgress.h"
 #include "forms/frmMain.h"
+#include "forms/ntne_frmPercAssTAB.h"
 #include "forms/picDocument.h"
 #include "forms/picMixTable.h"
 #include "shell/mod_Shell.h"
@@ -43,6 +44,11 @@ void frmMain::BuildPlaying() {
     dockMixTable->setVisible(false);
     addDockWidget(Qt::LeftDockWidgetArea, dockMixTable);
     resizeDocks({dockMixTable}, {290}, Qt::Horizontal);
+    percAssistant = new ntne_frmPercAssTAB(this);
+    connect(percAssistant, &ntne_frmPercAssTAB::Done, this, [this] {
+        activateWindow();
+        document->setFocus();
+    });
     // Closed by its own button; not when the whole window goes.
     connect(dockMixTable->toggleViewAction(), &QAction::triggered, this, [this](bool visible) {
         Shell::Program.MixTableVisible = visible;
@@ -92,6 +98,7 @@ void frmMain::EndWork() { work->End(); }
 
 /// Menus of which nothing can be chosen are grey themselves.
 void frmMain::ShowMenus() {
+    for (QAction* point : gotoPoints) point->setEnabled(!Shell::Sound.Playing);
     for (auto each = menus.rbegin(); each != menus.rend(); ++each) {  // submenus before their menus
         QMenu* const menu = each->second;
         bool any = false;

@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QRadioButton>
 #include <QSpinBox>
+#include <QTabWidget>
 #include <array>
 
 #include "core/mod_Instruments.h"
@@ -26,6 +27,7 @@ frmTrackProperties::frmTrackProperties(Shell::TrackPropertiesModel& edited, QWid
     AddLyricPage();
     AddDrumPage();
     Finish([this] { return model.Validate(); });
+    if (model.DrumsFirst) Tabs()->setCurrentIndex(Tabs()->count() - 1);
 }
 
 void frmTrackProperties::AddSoundPage() {

@@ -31,5 +31,7 @@ std::span<const Command> NoteCommandRows();
 std::span<const Command> ChordCommandRows();
 std::span<const Command> BarCommandRows();
 std::span<const Command> ClipboardCommandRows();
+std::span<const Command> GoCommandRows();
+std::span<const Command> TrackCommandRows();
 
 }  // namespace Quillon::Shell

@@ -9,7 +9,7 @@
 namespace Quillon::Shell {
 
 struct Command {
-    enum class Kind : std::uint8_t { Plain, RecentFiles };
+    enum class Kind : std::uint8_t { Plain, RecentFiles, GotoPoints };
 
     std::string_view Name = {};      ///< of the menu item: "mnuFileNew" is handled by mnuFileNew_Click
     std::string_view Menu = {};      ///< text keys of the menu and its submenus, joined by "/"
@@ -28,7 +28,9 @@ struct Command {
     void (*Run)() = nullptr;
     bool (*Enabled)() = nullptr;  ///< nothing: always
     bool (*Checked)() = nullptr;  ///< nothing: the entry has no check mark
-    Kind Is = Kind::Plain;        ///< RecentFiles: a submenu of RecentFiles(), run by mnuFileOpenRecentItem_Click
+    /// RecentFiles: a submenu of RecentFiles(), run by mnuFileOpenRecentItem_Click. GotoPoints: entries of Go.Points in
+    /// its place, run by mnuGoGotoPoint_Click.
+    Kind Is = Kind::Plain;
 };
 
 std::span<const Command> Commands();

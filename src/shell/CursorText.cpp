@@ -23,16 +23,6 @@ bool CursorIsInScore() {
     return Open.CurStrum >= 0 && Open.CurStrum <= bars[Open.CurBar].Strums().UpperBound();
 }
 
-/// From 1, in beats of the time signature; a hundredth is as fine as anyone reads.
-double Beat() {
-    const auto& strums = Core::ReadBar(Open.CurTrack, Open.CurBar).Strums();
-    double elapsed = 0;
-    for (int strum = 0; strum < Open.CurStrum; ++strum) elapsed += Core::StrumLength(strums[strum]);
-    const auto bottom = Open.TabFile.BarInfos[Open.CurBar].TimeSigBottom;
-    const double beatLength = bottom > 0 ? 64.0 / bottom : 16;
-    return std::round((elapsed / beatLength + 1) * 100) / 100;
-}
-
 std::string LengthText(const Core::Strum& strum) {
     static constexpr const char* Keys[] = {"str_Length0", "str_Length1", "str_Length2", "str_Length3",
                                            "str_Length4", "str_Length5", "str_Length6"};
@@ -50,11 +40,21 @@ std::string FullnessText() {
 
 }  // namespace
 
+double BeatOf(int track, int bar, int strum) {
+    const auto& strums = Core::ReadBar(track, bar).Strums();
+    double elapsed = 0;
+    for (int before = 0; before < strum; ++before) elapsed += Core::StrumLength(strums[before]);
+    const auto bottom = Open.TabFile.BarInfos[bar].TimeSigBottom;
+    const double beatLength = bottom > 0 ? 64.0 / bottom : 16;
+    return std::round((elapsed / beatLength + 1) * 100) / 100;
+}
+
 std::string PlaceText() {
     if (!CursorIsInScore()) return "";
     const int bars = Core::NumberOfBars(Open.CurTrack) + 1;
-    return LanguageText("str_CursorPlace", {std::to_string(Open.CurBar + 1), std::to_string(bars),
-                                            Core::FormatDouble(Beat()), FullnessText()});
+    return LanguageText("str_CursorPlace",
+                        {std::to_string(Open.CurBar + 1), std::to_string(bars),
+                         Core::FormatDouble(BeatOf(Open.CurTrack, Open.CurBar, Open.CurStrum)), FullnessText()});
 }
 
 std::string NoteText() {

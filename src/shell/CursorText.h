@@ -12,4 +12,7 @@ std::string NoteText();
 /// All of it and the track, what changes most first, for a screen reader.
 std::string CursorText();
 
+/// Where a strum begins in its bar, from 1, in beats of the time signature; a hundredth is as fine as anyone reads.
+double BeatOf(int track, int bar, int strum);
+
 }  // namespace Quillon::Shell

@@ -41,6 +41,7 @@ struct TrackPropertiesModel : DialogModel {
     Core::Track Track;                                    ///< a copy, all but its bars is edited
     Core::Row<std::string, Core::StringCount> OpenNotes;  ///< per string, string 0 first: "E4"
     std::vector<std::string> TrackNames;                  ///< of all tracks, to choose the lyrics from
+    bool DrumsFirst = false;                              ///< opens on what the drum letters play
 
     void Load(int track);
     std::string_view Validate() const;

@@ -13,6 +13,8 @@
 #include "platform/RunTimeError.h"
 #include "platform/Services.h"
 #include "playback/mod_TabPlayer.h"
+#include "shell/GoCommands.h"
+#include "shell/PercAssistant.h"
 #include "shell/Recovery.h"
 #include "shell/mod_Shell.h"
 
@@ -79,11 +81,15 @@ void DocumentReplaced() {
     Drawing::Page.LayoutDirty = 1;
     SetWindowCaption();
     Program.View->RebuildTrackList();
+    PercAssistant.Track = -1;  // its tracks are others
+    UpdateGotoPoints();
     Program.View->UpdateCommands();
     Program.View->DrawDocument();
 }
 
 void DocumentRestored() {
+    UpdateGotoPoints();
+    RefreshPercAssistant();
     Program.View->RebuildTrackList();
     Program.View->UpdateCommands();
     Program.View->DrawDocument();

@@ -100,7 +100,7 @@ void LoadMIDI() {
     Playback::MidiClose();
     if (Services.Synth) Services.Synth->Apply(Sound.Synthesizer);
     Playback::MidiFillDeviceList(Sound.Devices);
-    if (OpenDevice(RememberedPosition())) Playback::MidiSetInstrument(0, Core::Settings.OutputBank, NylonGuitar);
+    if (OpenDevice(RememberedPosition())) Playback::MidiSetInstrument(0, Core::Settings.OutputBank, program);
     TellSilence();
 }
 
@@ -167,14 +167,15 @@ void TellSilence() {
     Program.View->ShowStatus(why);
 }
 
-void cmdTestTone_Click() {
-    constexpr std::int16_t EChord[] = {40, 47, 52, 56, 59, 64};
+void cmdTestTone_Click() { SoundForAWhile(NylonGuitar, {40, 47, 52, 56, 59, 64}); }
+
+void SoundForAWhile(std::int16_t program, const std::vector<std::int16_t>& pitches) {
     constexpr std::int16_t Velocity = 90;
     constexpr int Lasts = 1500;  // ms
     if (Sound.Playing) return;
     Playback::MidiChannelOff(0);
     Playback::MidiSetInstrument(0, Core::Settings.OutputBank, NylonGuitar);
-    for (const std::int16_t note : EChord) Playback::MidiNoteOn(0, note, Velocity);
+    for (const std::int16_t note : pitches) Playback::MidiNoteOn(0, note, Velocity);
     Sound.tmrTestTone = std::make_unique<Playback::ctlHiPreTimer>([] {
         if (!Sound.Playing) Playback::MidiChannelOff(0);
     });

@@ -8,6 +8,7 @@
 #include "platform/FileSystem.h"
 #include "platform/Services.h"
 #include "platform/SettingsStore.h"
+#include "shell/PercAssistant.h"
 #include "shell/Recovery.h"
 #include "shell/mod_Shell.h"
 #include "shell/mod_Sound.h"
@@ -96,6 +97,7 @@ void Start(const std::string& commandLineFile) {
     Editing::Entry.SoundStrum = Editing::SoundTypedNote;
     Editing::Entry.StepsChanged = [] { Program.View->UpdateCommands(); };
     Editing::Entry.DocumentRestored = DocumentRestored;
+    Editing::Entry.RefreshPercussion = RefreshPercAssistant;
     WatchPlaying();
     for (const Step& step : StartSteps(commandLineFile)) Guarded([&] { step.Run(); });
 }

@@ -29,6 +29,10 @@ struct ShellView {
     virtual void RebuildTrackList() = 0;
     /// The recent files changed; see RecentFiles.
     virtual void FillRecentFiles() = 0;
+    /// The go-to points changed; see Go.
+    virtual void FillGotoPoints() = 0;
+    /// The percussion assistant shows another string, or another note on it; see PercLetters.
+    virtual void FillPercAssistant() = 0;
     /// A line in the status bar; "" clears it.
     virtual void ShowStatus(const std::string& text) = 0;
     /// Which commands are enabled or checked, or which toolbars show, may have changed.

@@ -58,6 +58,8 @@ void TellSilence();
 
 /// A chord for a second and a half.
 void cmdTestTone_Click();
+/// Notes of an instrument, MIDI pitches of a General MIDI program from 0, for as long. Not while a song plays.
+void SoundForAWhile(std::int16_t program, const std::vector<std::int16_t>& pitches);
 
 /// From and to the store's section "Sound". What is damaged or out of range has its default.
 void LoadSoundSettings();

@@ -20,7 +20,7 @@ TEST(Lyrics, TextIsDividedAndJoined) {
         {"love__ me_do", {"love", "", "", "me", "", "do"}, "love__ me_ do"},
         {"_a-_ b", {"", "a-", "", "b"}, "_ a-_ b"},
         {"of~the \\_ x\\-y \\~ rock-", {"of the", "_", "x-y", "~", "rock-"}, "of~the \\_ x\\-y \\~ rock-"},
-        {"la - la --", {"la", "-", "la", "-", "-"}, "la - la --"},
+        {"la - la --", {"la", "-", "la", "-", "-"}, "la - la - -"},
         {"end__ ", {"end", "", ""}, "end"},
         {"\\", {"\\"}, "\\\\"},
     };

@@ -29,6 +29,8 @@
 #include "playback/mod_TabPlayer.h"
 #include "shell/BarModels.h"
 #include "shell/DialogModels.h"
+#include "shell/GoCommands.h"
+#include "shell/PercAssistant.h"
 #include "shell/Recovery.h"
 #include "shell/mod_Shell.h"
 #include "shell/mod_Sound.h"
@@ -76,6 +78,8 @@ struct FakeWindow : ShellView, Dialogs {
     void SetCaption(const std::string& caption) override { Caption = caption; }
     void RebuildTrackList() override { Calls.emplace_back("tracks"); }
     void FillRecentFiles() override { Calls.emplace_back("recent"); }
+    void FillGotoPoints() override { Calls.emplace_back("points"); }
+    void FillPercAssistant() override { Calls.emplace_back("letters"); }
     void ShowStatus(const std::string& text) override { Status.push_back(text); }
     void UpdateCommands() override {}
     void ArrangeToolbars() override { Calls.emplace_back("toolbars"); }
@@ -133,6 +137,8 @@ inline void ResetGlobals() {
     Drawing::Page = {};
     Drawing::View = {};
     Recovery = {};
+    PercAssistant = {};
+    Go = {};
     Program = {};
 }
 

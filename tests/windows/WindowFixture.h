@@ -30,6 +30,8 @@
 #include "platform/portable/PosixFiles.h"
 #include "platform/portable/Rc4Md5.h"
 #include "playback/mod_TabPlayer.h"
+#include "shell/GoCommands.h"
+#include "shell/PercAssistant.h"
 #include "shell/Recovery.h"
 #include "shell/mod_Shell.h"
 #include "shell/mod_Sound.h"
@@ -127,6 +129,8 @@ private:
         Drawing::Page = {};
         Drawing::View = {};
         Shell::Recovery = {};
+        Shell::PercAssistant = {};
+        Shell::Go = {};
         Shell::Program = {};
     }
 };

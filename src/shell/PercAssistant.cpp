@@ -1,0 +1,105 @@
+#include "shell/PercAssistant.h"
+
+#include "core/mod_Instruments.h"
+#include "core/mod_Language.h"
+#include "core/mod_Settings.h"
+#include "core/mod_TabFileManipulation.h"
+#include "editing/mod_NoteEntry.h"
+#include "shell/DialogModels.h"
+#include "shell/EditCommands.h"
+#include "shell/mod_Shell.h"
+#include "shell/mod_Sound.h"
+
+namespace Quillon::Shell {
+
+using Core::Open;
+
+PercAssistantState PercAssistant;
+
+namespace {
+
+/// While a document is replaced, commands may be asked about a cursor of the one before.
+bool OnDrums() { return Open.CurTrack < Open.TabFile.Tracks.Count() && Open.TabFile.Tracks[Open.CurTrack].IsDrum; }
+
+std::string SoundName(int sound) {
+    const auto names = Core::DrumSoundNames();
+    if (sound < 0 || sound >= static_cast<int>(names.size())) return std::to_string(sound);
+    return names[static_cast<std::size_t>(sound)];
+}
+
+void TakeCursor() {
+    PercAssistant.String = Open.CurString;
+    PercAssistant.Fret = Core::ReadStrum(Open.CurTrack, Open.CurBar, Open.CurStrum).Notes[Open.CurString].Fret;
+}
+
+}  // namespace
+
+std::vector<PercLetter> PercLetters() {
+    std::vector<PercLetter> letters;
+    if (!OnDrums()) return letters;
+    const Core::PercAssignment& plays = Open.TabFile.Tracks[Open.CurTrack].PercStrings[PercAssistant.String];
+    for (const Core::PercussionLetter& each : Core::PercussionLetters()) {
+        letters.push_back({each.Letter, SoundName(plays.*each.Sound), PercAssistant.Fret == each.Letter});
+    }
+    return letters;
+}
+
+std::string PercAssistantTitle() {
+    if (!OnDrums()) return "";
+    return Core::LanguageText("str_PercAssistantOf",
+                              {Open.TabFile.Tracks[Open.CurTrack].Name, std::to_string(PercAssistant.String + 1)});
+}
+
+bool PercAssistantShows() {
+    const int before = PercAssistant.Track;
+    PercAssistant.Track = Open.CurTrack;
+    if (!OnDrums()) return false;
+    if (before != Open.CurTrack) {
+        TakeCursor();
+        if (Core::Settings.ShowPercussionAssistant) PercAssistant.IsOpen = true;
+    }
+    return PercAssistant.IsOpen;
+}
+
+void RefreshPercAssistant() {
+    if (!OnDrums() || !PercAssistant.IsOpen) return;
+    TakeCursor();
+    Program.View->FillPercAssistant();
+}
+
+void PercLetter_Click(int index) {
+    const auto letters = Core::PercussionLetters();
+    if (Sound.Playing || !OnDrums() || index < 0 || index >= static_cast<int>(letters.size())) return;
+    if (!PasswordCorrect()) return;
+    Core::EditStrum(Open.CurTrack, Open.CurBar, Open.CurStrum).Notes.Edit(Open.CurString).Fret =
+        letters[static_cast<std::size_t>(index)].Letter;
+    MarkEdited();
+    const Core::Strum& strum = Core::ReadStrum(Open.CurTrack, Open.CurBar, Open.CurStrum);
+    if (Core::Settings.PlayNotesAsTyped && Editing::Entry.SoundStrum) {
+        Editing::Entry.SoundStrum(Core::StrumLength(strum));
+    }
+    ShowEdited();
+    RefreshPercAssistant();
+}
+
+void cmdPercAssignment_Click() {
+    if (Sound.Playing || !OnDrums() || !PasswordCorrect()) return;
+    TrackPropertiesModel model;
+    model.Load(Open.CurTrack);
+    model.DrumsFirst = true;
+    if (Program.Dialogs->Edit(model) && model.Apply()) ShowEdited();
+    RefreshPercAssistant();
+}
+
+void PercAssistantClosed() {
+    PercAssistant.IsOpen = false;
+    Program.View->UpdateCommands();
+}
+
+void mnuToolsPercAssistant_Click() {
+    PercAssistant.IsOpen = !PercAssistant.IsOpen;
+    RefreshPercAssistant();
+    Program.View->UpdateCommands();
+}
+
+}  // namespace Quillon::Shell

@@ -1,0 +1,99 @@
+#include "shell/TrackCommands.h"
+
+#include "core/mod_Language.h"
+#include "core/mod_TabFileStructure.h"
+#include "platform/MessageBox.h"
+#include "platform/Services.h"
+#include "shell/BatchFixModel.h"
+#include "shell/CommandRows.h"
+#include "shell/EditCommands.h"
+#include "shell/InstrumentModel.h"
+#include "shell/LyricsModel.h"
+#include "shell/PasswordModel.h"
+#include "shell/PercAssistant.h"
+#include "shell/TuningModel.h"
+
+namespace Quillon::Shell {
+
+using Core::LanguageText;
+using Core::Open;
+
+namespace {
+
+bool HasStrings() { return Open.CurTrack < Open.TabFile.Tracks.Count() && !Open.TabFile.Tracks[Open.CurTrack].IsDrum; }
+bool HasDrums() { return Open.CurTrack < Open.TabFile.Tracks.Count() && !HasStrings(); }
+bool IsLocked() { return Open.TabFile.HasPassword; }
+
+constexpr Command Table[] = {
+    {.Name = "mnuTrackTuning",
+     .Menu = TrackMenu,
+     .Text = "str_TrackTuningCommand",
+     .Shortcut = "Ctrl+U",
+     .Icon = "tuning",
+     .Toolbar = "Track",
+     .SeparatorBefore = true,
+     .Run = mnuTrackTuning_Click,
+     .Enabled = HasStrings},
+    {.Name = "mnuTrackInstrument",
+     .Menu = TrackMenu,
+     .Text = "str_TrackInstrumentCommand",
+     .Icon = "instrument",
+     .Toolbar = "Track",
+     .Run = mnuTrackInstrument_Click,
+     .Enabled = HasStrings},
+    {.Name = "mnuTrackLyrics",
+     .Menu = TrackMenu,
+     .Text = "str_TrackLyricsCommand",
+     .Shortcut = "Ctrl+Shift+Y",
+     .Icon = "lyrics",
+     .Toolbar = "Track",
+     .Run = mnuTrackLyrics_Click},
+    {.Name = "mnuFilePassword",
+     .Menu = FileMenu,
+     .Text = "str_FilePassword",
+     .Icon = "password",
+     .Run = mnuFilePassword_Click,
+     .Checked = IsLocked},
+    {.Name = "mnuOperationsFixBars",
+     .Menu = OperationsMenu,
+     .Text = "str_OperationsFixBars",
+     .Icon = "bars-fix",
+     .Run = mnuOperationsFixBars_Click},
+    {.Name = "mnuToolsPercAssistant",
+     .Menu = ToolsMenu,
+     .Text = "str_ToolsPercAssistant",
+     .Shortcut = "Ctrl+D",
+     .Icon = "drum-letters",
+     .Run = mnuToolsPercAssistant_Click,
+     .Enabled = HasDrums,
+     .Checked = [] { return HasDrums() && PercAssistant.IsOpen; }},
+};
+
+}  // namespace
+
+std::span<const Command> TrackCommandRows() { return Table; }
+
+void mnuTrackTuning_Click() { ByDialog<TuningModel>(); }
+void mnuTrackInstrument_Click() { ByDialog<InstrumentModel>(); }
+void mnuTrackLyrics_Click() { ByDialog<LyricsModel>(); }
+
+// Not ByDialog: the window itself asks for the old password, though it was given before.
+void mnuFilePassword_Click() {
+    PasswordModel model;
+    model.Load();
+    if (Program.Dialogs->Edit(model) && model.Apply()) Program.View->UpdateCommands();
+}
+
+void mnuOperationsFixBars_Click() {
+    if (!PasswordCorrect()) return;
+    BatchFixModel model;
+    model.Load();
+    if (!Program.Dialogs->Edit(model)) return;
+    const int over = BatchFixModel::Count(model.Bars(), Editing::Fullness::Over);
+    const std::string question = LanguageText("str_FixBarsQuestion", {std::to_string(over)});
+    const bool agreed = over == 0 || Services.Messages->Show(question, LanguageText("str_TitleQuestion"),
+                                                             Buttons::YesNo, BoxIcon::Question) == Answer::Yes;
+    if (agreed && model.Apply()) ShowEdited();
+}
+
+}  // namespace Quillon::Shell
