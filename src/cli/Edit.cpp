@@ -16,6 +16,7 @@
 #include "core/mod_TabFileStructure.h"
 #include "editing/mod_BarClipboard.h"
 #include "editing/mod_BarsAndTracks.h"
+#include "editing/mod_Retune.h"
 #include "editing/mod_Transpose.h"
 #include "exchange/JsonDocument.h"
 #include "platform/RunTimeError.h"
@@ -50,6 +51,18 @@ void Transpose(const Numbers& n) {
                          std::to_string(stuck->Bar) + " on track " + std::to_string(stuck->Track));
 }
 
+void Retune(const Numbers& n) {
+    Editing::Retuning wanted;
+    wanted.Strings = Core::ToInt16(n[1]);
+    if (wanted.Strings < 1 || wanted.Strings > Core::StringCount) throw CommandFailure("retune: 1 to 7 strings");
+    wanted.KeepPitches = n[2] != 0;
+    for (int s = 0; s < Core::StringCount; ++s) wanted.Tuning[s] = Core::ToInt16(n[static_cast<std::size_t>(s) + 3]);
+    const auto stuck = Editing::Retune(Open.TabFile, n[0], wanted);
+    if (!stuck) return;
+    throw CommandFailure("retune: no strings can play strum " + std::to_string(stuck->Strum) + " of bar " +
+                         std::to_string(stuck->Bar) + " on track " + std::to_string(stuck->Track));
+}
+
 constexpr Operation Operations[] = {
     {"insert-strum", "TBS", [](const Numbers& n) { Editing::InsertStrum(n[0], n[1], n[2]); }},
     {"delete-strum", "TBS", [](const Numbers& n) { Editing::DeleteStrum(n[0], n[1], n[2]); }},
@@ -69,6 +82,7 @@ constexpr Operation Operations[] = {
      }},
     {"paste-bars", "TB", PasteBars},
     {"transpose", "TBLX", Transpose},
+    {"retune", "TNKOOOOOOO", Retune},
     {"delete-track", "T", [](const Numbers& n) { Editing::DeleteTrack(n[0]); }},
     {"track-up", "T", [](const Numbers& n) { Editing::MoveTrackUp(n[0]); }},
     {"track-down", "T", [](const Numbers& n) { Editing::MoveTrackDown(n[0]); }},
@@ -136,7 +150,9 @@ std::string Footer() {
     return footer +
            "T is a track, B a bar, S a strum. Bars go from B to L, on all tracks when T is -1; X and Y are figures of "
            "a\n"
-           "time signature, or X semitones.";
+           "time signature, or X semitones. N strings are tuned O semitones from the standard each, string 0 first; "
+           "they keep\n"
+           "pitches when K is 1, else frets.";
 }
 
 }  // namespace

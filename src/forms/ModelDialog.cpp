@@ -16,6 +16,7 @@
 #include "forms/FontField.h"
 #include "forms/Text.h"
 #include "forms/WindowPlace.h"
+#include "forms/picPreview.h"
 
 namespace Quillon::Forms {
 
@@ -55,6 +56,7 @@ void ModelDialog::FocusFirstField() {
 
 void ModelDialog::Finish(std::function<std::string_view()> complaint) {
     validate = std::move(complaint);
+    if (preview) FollowFields();
     lblComplaint = new QLabel(this);
     lblComplaint->setObjectName("lblComplaint");
     lblComplaint->setWordWrap(true);
@@ -76,13 +78,47 @@ void ModelDialog::Finish(std::function<std::string_view()> complaint) {
 }
 
 void ModelDialog::accept() {
-    for (const auto& store : stores) store();
+    Store();
     const std::string_view complaint = validate ? validate() : std::string_view();
     if (complaint.empty()) return QDialog::accept();
     ShowComplaint(complaint);
     // Spoken too: a screen reader follows the focus.
     lblComplaint->setFocusPolicy(Qt::StrongFocus);
     lblComplaint->setFocus();
+}
+
+/// Fields write only what a person changed, so what an earlier state of theirs wrote is taken back before.
+void ModelDialog::Store() {
+    if (restoreModel) restoreModel();
+    for (const auto& store : stores) store();
+}
+
+void ModelDialog::AddPreview(QFormLayout* page, std::function<void()> restore,
+                             std::function<Drawing::Excerpt()> paint) {
+    preview = new picPreview(this);
+    preview->setObjectName("picPreview");
+    page->addRow(preview);
+    restoreModel = std::move(restore);
+    paintPreview = std::move(paint);
+}
+
+void ModelDialog::ShowPreview() {
+    Store();
+    // What can't be done has no picture: the last one stays.
+    if (!validate || validate().empty()) preview->ShowExcerpt(paintPreview());
+}
+
+void ModelDialog::FollowFields() {
+    for (QSpinBox* field : findChildren<QSpinBox*>()) {
+        connect(field, &QSpinBox::valueChanged, this, &ModelDialog::ShowPreview);
+    }
+    for (QComboBox* field : findChildren<QComboBox*>()) {
+        connect(field, &QComboBox::currentIndexChanged, this, &ModelDialog::ShowPreview);
+    }
+    for (QAbstractButton* field : findChildren<QAbstractButton*>()) {
+        connect(field, &QAbstractButton::toggled, this, &ModelDialog::ShowPreview);
+    }
+    ShowPreview();
 }
 
 void ModelDialog::ShowComplaint(std::string_view textKey) {

@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include "drawing/mod_Excerpt.h"
 #include "platform/Picture.h"
 
 class QCheckBox;
@@ -23,6 +24,8 @@ class QTabWidget;
 class QVBoxLayout;
 
 namespace Quillon::Forms {
+
+class picPreview;
 
 class ModelDialog : public QDialog {
     Q_OBJECT
@@ -56,6 +59,13 @@ protected:
     void AddFont(QFormLayout* page, const char* name, std::string_view labelKey, const Font& shown,
                  std::function<void(const Font&)> store);
     void AddColor(QFormLayout* page, const char* name, std::string_view labelKey, std::int32_t& value);
+    /// A picture of what OK would do, from the moment that the fields are there: it follows every change of theirs.
+    /// `paint` reads the model, which holds what the fields say then.
+    template <class Model>
+    void AddPreview(QFormLayout* page, Model& model, std::function<Drawing::Excerpt()> paint) {
+        AddPreview(
+            page, [&model, before = model] { model = before; }, std::move(paint));
+    }
     QTabWidget* Tabs() const { return tabs; }
     /// Shows a complaint by its text key, or hides the one before for "".
     void ShowComplaint(std::string_view textKey);
@@ -64,6 +74,10 @@ protected:
     virtual QString ComplaintText(std::string_view textKey) const;
 
 private:
+    void AddPreview(QFormLayout* page, std::function<void()> restore, std::function<Drawing::Excerpt()> paint);
+    void Store();
+    void ShowPreview();
+    void FollowFields();
     void FocusFirstField();
 
     QVBoxLayout* body;
@@ -72,6 +86,9 @@ private:
     std::string section;
     std::vector<std::function<void()>> stores;
     std::function<std::string_view()> validate;
+    picPreview* preview = nullptr;
+    std::function<void()> restoreModel;  // to what it was before any field was stored
+    std::function<Drawing::Excerpt()> paintPreview;
 };
 
 }  // namespace Quillon::Forms

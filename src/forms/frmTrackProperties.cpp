@@ -4,8 +4,10 @@
 #include <QComboBox>
 #include <QFormLayout>
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QSpinBox>
 #include <QTabWidget>
@@ -14,7 +16,9 @@
 #include "core/mod_Instruments.h"
 #include "forms/DrumTable.h"
 #include "forms/Text.h"
+#include "forms/ntne_frmInstrument.h"
 #include "shell/DialogModels.h"
+#include "shell/InstrumentModel.h"
 
 namespace Quillon::Forms {
 
@@ -42,7 +46,21 @@ void frmTrackProperties::AddSoundPage() {
     instrument->setCurrentIndex(track.Instrument);
     instrument->setDisabled(track.IsDrum);
     connect(drums, &QCheckBox::toggled, instrument, &QWidget::setDisabled);
-    page->addRow(Text("str_TrackInstrument"), instrument);
+    auto* const choose = new QPushButton(Text("str_InstrumentChoose"), this);
+    choose->setObjectName("cmdInstrument");
+    choose->setAutoDefault(false);
+    choose->setDisabled(track.IsDrum);
+    connect(drums, &QCheckBox::toggled, choose, &QWidget::setDisabled);
+    connect(choose, &QPushButton::clicked, this, [this, instrument] {
+        Shell::InstrumentModel asked;
+        asked.Program = static_cast<std::int16_t>(instrument->currentIndex());
+        if (ntne_frmInstrument(asked, this).exec() == QDialog::Accepted) instrument->setCurrentIndex(asked.Program);
+    });
+    auto* const row = new QHBoxLayout;
+    row->addWidget(instrument, 1);
+    row->addWidget(choose);
+    page->addRow(Text("str_TrackInstrument"), row);
+    if (auto* const label = qobject_cast<QLabel*>(page->labelForField(row))) label->setBuddy(instrument);
     OnStore([this, instrument, shown = instrument->currentIndex()] {
         if (instrument->currentIndex() != shown) model.ChooseInstrument(instrument->currentIndex());
     });

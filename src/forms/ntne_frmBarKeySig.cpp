@@ -6,6 +6,7 @@
 #include <QHBoxLayout>
 #include <QRadioButton>
 
+#include "core/mod_TabFileStructure.h"
 #include "forms/Text.h"
 #include "shell/BarModels.h"
 
@@ -49,6 +50,9 @@ ntne_frmBarKeySig::ntne_frmBarKeySig(Shell::BarKeySigModel& model, QWidget* pare
                Text("str_ScopeFromHere"), Text("str_ScopeAllBars")});
     AddCheck(page, "chkAllTracks", "str_OnAllTracks", model.AllTracks);
     OnStore([minor, &model] { model.Minor = minor->isChecked() ? 1 : 0; });
+    AddPreview(page, model, [&model] {
+        return Drawing::Excerpt(model.Changed(), {.Track = Core::Open.CurTrack, .Bar = model.Bar - 1, .Figures = true});
+    });
     Finish([&model] { return model.Validate(); });
 }
 

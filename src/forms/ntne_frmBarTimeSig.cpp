@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QSpinBox>
 
+#include "core/mod_TabFileStructure.h"
 #include "forms/Text.h"
 #include "shell/BarModels.h"
 
@@ -22,6 +23,9 @@ ntne_frmBarTimeSig::ntne_frmBarTimeSig(Shell::BarTimeSigModel& model, QWidget* p
               {ToQString(Core::LanguageText("str_ScopeThisBar", {std::to_string(model.Bar)})),
                Text("str_ScopeFromHere"), Text("str_ScopeAllBars")});
     AddNote(page, "str_TimeSigNote");
+    AddPreview(page, model, [&model] {
+        return Drawing::Excerpt(model.Changed(), {.Track = Core::Open.CurTrack, .Bar = model.Bar - 1, .Figures = true});
+    });
     Finish([&model] { return model.Validate(); });
 }
 

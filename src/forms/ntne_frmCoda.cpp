@@ -4,6 +4,7 @@
 #include <QFormLayout>
 #include <QLabel>
 
+#include "core/mod_TabFileStructure.h"
 #include "forms/Text.h"
 #include "shell/BarModels.h"
 
@@ -38,6 +39,9 @@ ntne_frmCoda::ntne_frmCoda(Shell::CodaModel& model, QWidget* parent)
     };
     for (QCheckBox* box : {segno, dalSegno, toCoda, coda}) connect(box, &QCheckBox::toggled, this, show);
     show();
+    AddPreview(page, model, [&model] {
+        return Drawing::Excerpt(model.Changed(), {.Track = Core::Open.CurTrack, .Bar = model.Bar - 1});
+    });
     // Signs are set one bar at a time, so what does not make sense yet may stay.
     Finish([] { return ""; });
 }

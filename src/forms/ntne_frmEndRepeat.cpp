@@ -3,6 +3,7 @@
 #include <QCheckBox>
 #include <QSpinBox>
 
+#include "core/mod_TabFileStructure.h"
 #include "forms/Text.h"
 #include "shell/BarModels.h"
 
@@ -21,6 +22,9 @@ ntne_frmEndRepeat::ntne_frmEndRepeat(Shell::EndRepeatModel& model, QWidget* pare
     jumps->setEnabled(model.Closes);
     connect(closes, &QCheckBox::toggled, jumps, &QWidget::setEnabled);
     AddNote(page, "str_RepeatNote");
+    AddPreview(page, model, [&model] {
+        return Drawing::Excerpt(model.Changed(), {.Track = Core::Open.CurTrack, .Bar = model.Bar - 1});
+    });
     Finish([&model] { return model.Validate(); });
 }
 

@@ -40,7 +40,7 @@ ntne_frmPercAssTAB::ntne_frmPercAssTAB(QWidget* parent)
     body->addWidget(lblString);
     body->addWidget(lstLetters);
     body->addWidget(cmdAssignment);
-    const auto write = [this](const QTreeWidgetItem* item) {
+    const auto write = [this](QTreeWidgetItem* item) {
         const int letter = lstLetters->indexOfTopLevelItem(item);
         Shell::Guarded([letter] { Shell::PercLetter_Click(letter); });
         Q_EMIT Done();

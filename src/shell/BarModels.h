@@ -67,6 +67,8 @@ struct BarTimeSigModel : DialogModel {
     static constexpr int Bottoms[] = {1, 2, 4, 8, 16, 32, 64};
     void Load();
     std::string_view Validate() const;
+    /// The document as Apply leaves it.
+    Core::TabFile Changed() const;
     bool Apply() const;
 };
 
@@ -81,6 +83,7 @@ struct BarKeySigModel : DialogModel {
     static std::vector<std::string> KeyNames(bool minor, const std::string& none);
     void Load();
     std::string_view Validate() const;
+    Core::TabFile Changed() const;
     bool Apply() const;
 };
 
@@ -93,6 +96,7 @@ struct EndRepeatModel : DialogModel {
     static constexpr int MostJumps = 99;
     void Load();
     std::string_view Validate() const;
+    Core::TabFile Changed() const;
     bool Apply() const;
 };
 
@@ -104,6 +108,8 @@ struct CodaModel : DialogModel {
     bool Coda = false;
 
     void Load();
+    /// The document with these signs. A mark that stands keeps its number: files store any.
+    Core::TabFile Changed() const;
     bool Apply() const;
     /// What would be wrong with the signs of the piece, sentences in the language in use; empty when they make sense.
     std::vector<std::string> Check() const;

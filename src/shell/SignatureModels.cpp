@@ -75,20 +75,6 @@ std::string_view TextKey(Editing::SignFault fault) {
     return "";
 }
 
-/// The document with the signs that the model holds. A mark that stands keeps its number: files store any.
-Core::TabFile Signed(const CodaModel& model) {
-    Core::TabFile file = Open.TabFile;
-    BarInfo& info = file.BarInfos.Edit(model.Bar - 1);
-    const auto mark = [](std::int16_t& field, bool set) {
-        if (set != (field != 0)) field = set ? -1 : 0;
-    };
-    mark(info.Segno, model.Segno);
-    mark(info.DalSegno, model.DalSegno);
-    mark(info.ToCoda, model.ToCoda);
-    mark(info.CodaMark, model.Coda);
-    return file;
-}
-
 }  // namespace
 
 void BarTimeSigModel::Load() {
@@ -103,7 +89,7 @@ std::string_view BarTimeSigModel::Validate() const {
     return isNew && (Top < 1 || Top > MostTop) ? "str_TimeSigTopOutOfRange" : "";
 }
 
-bool BarTimeSigModel::Apply() const {
+Core::TabFile BarTimeSigModel::Changed() const {
     // A figure that the fields can't show stays as it is.
     const BarInfo here = InfoOf(Bar);
     const std::int32_t top = Top == Field(here.TimeSigTop) ? here.TimeSigTop : Top;
@@ -115,8 +101,10 @@ bool BarTimeSigModel::Apply() const {
         info.TimeSigTop = top;
         info.TimeSigBottom = bottom;
     }
-    return Take(std::move(file));
+    return file;
 }
+
+bool BarTimeSigModel::Apply() const { return Take(Changed()); }
 
 std::vector<std::string> BarKeySigModel::KeyNames(bool minor, const std::string& none) {
     static constexpr const char* major[] = {"C", "G", "D", "A", "E", "B", "F♯", "C♯", "F", "B♭", "E♭", "A♭", "D♭"};
@@ -151,7 +139,7 @@ void BarKeySigModel::Load() {
 
 std::string_view BarKeySigModel::Validate() const { return Key >= KeyCount ? "str_KeyMissing" : ""; }
 
-bool BarKeySigModel::Apply() const {
+Core::TabFile BarKeySigModel::Changed() const {
     const std::int32_t key = Key < 0 ? Open.TabFile.Tracks[Open.CurTrack].Bars[Bar - 1].Key : Key;
     const Editing::BarRange reach = Reach(Bar, Scope);
     Core::TabFile file = Open.TabFile;
@@ -163,8 +151,10 @@ bool BarKeySigModel::Apply() const {
             bar.KeyIsMinor = Minor != 0;
         }
     }
-    return Take(std::move(file));
+    return file;
 }
+
+bool BarKeySigModel::Apply() const { return Take(Changed()); }
 
 void EndRepeatModel::Load() {
     Bar = Core::ToInt16(Open.CurBar + 1);
@@ -179,13 +169,15 @@ std::string_view EndRepeatModel::Validate() const {
     return Closes && isNew && (Jumps < 1 || Jumps > MostJumps) ? "str_JumpsOutOfRange" : "";
 }
 
-bool EndRepeatModel::Apply() const {
+Core::TabFile EndRepeatModel::Changed() const {
     Core::TabFile file = Open.TabFile;
     BarInfo& info = file.BarInfos.Edit(Bar - 1);
     info.RepeatOpen = Opens;
     if (Closes || info.RepeatClose > 0) info.RepeatClose = Closes ? Jumps : std::int16_t{0};
-    return Take(std::move(file));
+    return file;
 }
+
+bool EndRepeatModel::Apply() const { return Take(Changed()); }
 
 void CodaModel::Load() {
     Bar = Core::ToInt16(Open.CurBar + 1);
@@ -196,11 +188,24 @@ void CodaModel::Load() {
     Coda = info.CodaMark != 0;
 }
 
-bool CodaModel::Apply() const { return Take(Signed(*this)); }
+Core::TabFile CodaModel::Changed() const {
+    Core::TabFile file = Open.TabFile;
+    BarInfo& info = file.BarInfos.Edit(Bar - 1);
+    const auto mark = [](std::int16_t& field, bool set) {
+        if (set != (field != 0)) field = set ? -1 : 0;
+    };
+    mark(info.Segno, Segno);
+    mark(info.DalSegno, DalSegno);
+    mark(info.ToCoda, ToCoda);
+    mark(info.CodaMark, Coda);
+    return file;
+}
+
+bool CodaModel::Apply() const { return Take(Changed()); }
 
 std::vector<std::string> CodaModel::Check() const {
     std::vector<std::string> sentences;
-    for (const Editing::SignComplaint& each : Editing::CheckCodas(Signed(*this))) {
+    for (const Editing::SignComplaint& each : Editing::CheckCodas(Changed())) {
         sentences.push_back(Core::LanguageText(TextKey(each.Fault), {std::to_string(each.Bar + 1)}));
     }
     return sentences;

@@ -100,7 +100,7 @@ void LoadMIDI() {
     Playback::MidiClose();
     if (Services.Synth) Services.Synth->Apply(Sound.Synthesizer);
     Playback::MidiFillDeviceList(Sound.Devices);
-    if (OpenDevice(RememberedPosition())) Playback::MidiSetInstrument(0, Core::Settings.OutputBank, program);
+    if (OpenDevice(RememberedPosition())) Playback::MidiSetInstrument(0, Core::Settings.OutputBank, NylonGuitar);
     TellSilence();
 }
 
@@ -174,7 +174,7 @@ void SoundForAWhile(std::int16_t program, const std::vector<std::int16_t>& pitch
     constexpr int Lasts = 1500;  // ms
     if (Sound.Playing) return;
     Playback::MidiChannelOff(0);
-    Playback::MidiSetInstrument(0, Core::Settings.OutputBank, NylonGuitar);
+    Playback::MidiSetInstrument(0, Core::Settings.OutputBank, program);
     for (const std::int16_t note : pitches) Playback::MidiNoteOn(0, note, Velocity);
     Sound.tmrTestTone = std::make_unique<Playback::ctlHiPreTimer>([] {
         if (!Sound.Playing) Playback::MidiChannelOff(0);

@@ -17,7 +17,7 @@ namespace Quillon::Shell {
 struct CommonTuning {
     std::string_view Text;  ///< text key of its name
     std::int16_t Strings = 6;
-    Core::Row<std::int16_t, Core::StringCount> Pitches;  ///< open MIDI pitches, string 0 first
+    std::int16_t Pitches[Core::StringCount] = {};  ///< open MIDI pitches, string 0 first
 };
 std::span<const CommonTuning> CommonTunings();
 

@@ -106,6 +106,9 @@ TEST_F(EditingStories, BarsAreCopiedCutPastedAndTransposed) {
     EXPECT_THAT(story.Run({"edit", "five.json", "transpose 0 0 0 25"}).Err,
                 testing::HasSubstr("no strings can play strum 0 of bar 0 on track 0"));
     EXPECT_EQ(story.Run({"edit", "five.json", "paste-bars 0 0"}).Status, 1);
+    EXPECT_EQ(Frets(Printed({"edit", "five.json", "retune 0 6 1 -2 0 0 0 0 0 0"}), 0), "7 ");
+    EXPECT_EQ(Frets(Printed({"edit", "five.json", "retune 0 4 0 -21 -21 -22 -22 0 0 0"}), 0), "5 ");
+    EXPECT_EQ(story.Run({"edit", "five.json", "retune 0 4 1 -26 -26 -26 -26 0 0 0"}).Status, 1);
 }
 
 TEST_F(EditingStories, FailuresAreOneLineAndLeaveNothing) {

@@ -130,8 +130,10 @@ TEST_F(DialogTest, EveryDialogSpeaksEveryLanguageAndNoTwoFieldsOfAPageShareALett
     for (const char* language : {"English", "German"}) {
         Core::LoadLanguage(files, Services.BaseFolder, language);
         window->LanguageChanged();
-        for (const char* command : {"mnuFileProperties", "mnuTrackProperties", "mnuFilePageSetup", "mnuFileOptions",
-                                    "mnuSoundSpeedTrainer", "mnuHelpKeyboard", "mnuHelpAbout"}) {
+        for (const char* command :
+             {"mnuFileProperties", "mnuTrackProperties", "mnuFilePageSetup", "mnuFileOptions", "mnuSoundSpeedTrainer",
+              "mnuHelpKeyboard", "mnuHelpAbout", "mnuTrackTuning", "mnuTrackInstrument", "mnuTrackLyrics",
+              "mnuGoSetPoint", "mnuGoGotoBar", "mnuFilePassword", "mnuOperationsFixBars"}) {
             WithDialog(command, [&](QDialog& dialog) {
                 EXPECT_FALSE(dialog.windowTitle().startsWith("str_"));
                 for (const QLabel* label : dialog.findChildren<QLabel*>()) {
