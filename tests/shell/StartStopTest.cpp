@@ -30,8 +30,8 @@ TEST_F(StartStop, FirstStartMakesItsFilesAndTheSecondFindsThem) {
     EXPECT_TRUE(fs::exists(folder / "base/Data/Languages/German.txt"));
     EXPECT_EQ(run->Store.Get("DefaultInfo", "GNOTENAME"), "Arial");
     EXPECT_EQ(Window().Caption, "Quillon 4 - [Unsaved.qlm]");
-    EXPECT_EQ(Window().Calls, (std::vector<std::string>{"tracks", "points", "draw", "theme", "language", "places", "recent",
-                                                        "zoom", "window", "painted"}))
+    EXPECT_EQ(Window().Calls, (std::vector<std::string>{"tracks", "points", "draw", "theme", "language", "places",
+                                                        "recent", "zoom", "window", "painted"}))
         << "the sound waits for the first frame";
     EXPECT_FALSE(Open.FileChanged);
     SetZoom(150);
