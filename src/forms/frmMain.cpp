@@ -65,6 +65,7 @@ frmMain::frmMain() {
     document->setObjectName("picDocument");
     setCentralWidget(document);
     setAcceptDrops(true);
+    setAnimated(false);  // a toolbar is where it was dropped, at once
     BuildMenus();
     BuildStatusBar();
     BuildPlaying();
@@ -172,6 +173,7 @@ void frmMain::KeepPlaces() {
 
 void frmMain::ShowWindow() {
     show();
+    RaiseToolbars();
     // Not before: a box of the start waits for its answer while the new document still counts as changed.
     tmrRecovery->start();
     document->setFocus();

@@ -103,6 +103,7 @@ private:
     QToolBar* ToolBarOf(std::string_view name);
     void BuildTrackChoice();
     void DockToolbars();
+    void RaiseToolbars();
     void WatchToolbar(QToolBar& bar, const QEvent& event);
     QAction* MakeAction(const Shell::Command& command);
     void ShowStates();

@@ -56,6 +56,8 @@ QMenu* frmMain::MenuOf(std::string_view path) {
         menu = MenuOf(path.substr(0, slash))->addMenu(Text(path.substr(slash + 1)));
     }
     menu->setToolTipsVisible(true);
+    // What its submenus offer hangs on the note under the cursor.
+    connect(menu, &QMenu::aboutToShow, this, &frmMain::ShowMenus);
     menus.emplace(path, menu);
     return menu;
 }

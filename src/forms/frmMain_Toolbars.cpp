@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QMouseEvent>
 #include <QResizeEvent>
+#include <QTimer>
 #include <QToolBar>
 #include <algorithm>
 #include <vector>
@@ -124,13 +125,28 @@ void frmMain::resizeEvent(QResizeEvent* event) {
     if (event->oldSize().width() != event->size().width()) ArrangeToolbars();
 }
 
-/// A toolbar that stands elsewhere after a drag was moved by a person.
+/// A docked toolbar that stands elsewhere after a drag was moved by a person. For one that was torn off the others
+/// close ranks.
 void frmMain::WatchToolbar(QToolBar& bar, const QEvent& event) {
     if (event.type() == QEvent::MouseButtonPress) {
         pressedAt = bar.geometry();
-    } else if (event.type() == QEvent::MouseButtonRelease && pressedAt != bar.geometry()) {
-        Shell::Program.ToolbarsMoved = true;
-        arranged.clear();
+    } else if (event.type() == QEvent::MouseButtonRelease) {
+        // The toolbar lands in its own handler of the release.
+        QTimer::singleShot(0, &bar, [this, &bar] {
+            if (bar.isFloating()) return ArrangeToolbars();
+            if (bar.geometry() == pressedAt) return;
+            Shell::Program.ToolbarsMoved = true;
+            arranged.clear();
+        });
+    }
+}
+
+/// What was torn off before the window came lies behind it.
+void frmMain::RaiseToolbars() {
+    for (const auto& [name, bar] : toolbars) {
+        if (!bar->isFloating() || bar->isHidden()) continue;
+        bar->hide();
+        bar->show();
     }
 }
 

@@ -15,9 +15,7 @@ std::string MenuText(std::string_view path) {
     std::string text;
     while (!path.empty()) {
         const auto slash = std::min(path.find('/'), path.size());
-        std::string name = Core::LanguageText(path.substr(0, slash));
-        std::erase(name, '&');
-        text += (text.empty() ? "" : ", ") + name;
+        text += (text.empty() ? "" : ", ") + WithoutMark(Core::LanguageText(path.substr(0, slash)));
         path.remove_prefix(std::min(slash + 1, path.size()));
     }
     return text;
@@ -66,8 +64,9 @@ std::vector<PaletteEntry> FindCommands(std::string_view typed) {
     std::vector<std::pair<int, PaletteEntry>> found;
     for (const Command& command : Commands()) {
         if (!command.Run) continue;  // a submenu
-        const std::string_view keys = command.Shortcut.substr(0, command.Shortcut.find(' '));
-        PaletteEntry entry{&command, PlainCaption(command), MenuText(command.Menu), std::string(keys),
+        const std::string_view all = command.Shortcut.empty() ? command.ScoreKey : command.Shortcut;
+        const std::string_view keys = all.substr(0, all.find(' '));
+        PaletteEntry entry{&command, SpokenCaption(command), MenuText(command.Menu), std::string(keys),
                            IsEnabled(command)};
         if (const int rank = RankOf(words, entry); rank > 0) found.emplace_back(rank, std::move(entry));
     }

@@ -11,9 +11,9 @@ namespace Quillon::Shell {
 
 struct PaletteEntry {
     const Command* Which = nullptr;
-    std::string Caption;  ///< as PlainCaption
+    std::string Caption;  ///< as SpokenCaption
     std::string Menu;     ///< where it stands: "View, Toolbars"
-    std::string Keys;     ///< its first shortcut, "" for none
+    std::string Keys;     ///< its first shortcut, or its key of the score, "" for none
     bool Enabled = false;
 };
 

@@ -7,6 +7,7 @@
 #include <QMenuBar>
 #include <QToolBar>
 #include <QToolButton>
+#include <QTreeWidget>
 #include <algorithm>
 #include <set>
 
@@ -115,6 +116,48 @@ TEST_F(CommandWindowTest, ToolbarsHideFloatAndReturnAndTheirButtonsHaveNames) {
     Run("mnuViewToolbarsDefault");
     EXPECT_TRUE(In<QToolBar>(*window, "toolbarFile").isVisible());
     EXPECT_FALSE(In<QToolBar>(*window, "toolbarSound").isFloating());
+}
+
+TEST_F(CommandWindowTest, EntriesFollowTheNoteUnderTheCursor) {
+    Start();
+    const auto checked = [&](const char* name) { return window->ActionOf(name)->isChecked(); };
+    const auto key = [&](Qt::Key pressed) {
+        QTest::keyClick(&window->Document(), pressed);
+        Settle();
+    };
+    QMenu* dynamics = nullptr;
+    for (QMenu* menu : window->menuBar()->findChildren<QMenu*>()) {
+        if (menu->actions().contains(window->ActionOf("mnuNoteDynamicsFF"))) dynamics = menu;
+    }
+    ASSERT_NE(dynamics, nullptr);
+    EXPECT_FALSE(dynamics->menuAction()->isEnabled()) << "there is no note";
+    key(Qt::Key_5);
+    key(Qt::Key_G);
+    EXPECT_TRUE(checked("mnuNoteEffectsGhostNote"));
+    EXPECT_TRUE(checked("mnuChordLengthQuarter"));
+    qobject_cast<QMenu*>(dynamics->parent())->popup({0, 0});
+    EXPECT_TRUE(dynamics->menuAction()->isEnabled());
+    QApplication::activePopupWidget()->close();
+    for (int twice = 0; twice < 2; ++twice) {
+        Run("mnuNoteDynamicsFF");
+        EXPECT_TRUE(checked("mnuNoteDynamicsFF") && !checked("mnuNoteDynamicsMF"));
+    }
+    key(Qt::Key_Down);
+    EXPECT_FALSE(checked("mnuNoteDynamicsFF") || checked("mnuNoteEffectsGhostNote"));
+    EXPECT_FALSE(window->ActionOf("mnuNoteDynamicsFF")->isEnabled());
+    EXPECT_TRUE(window->ActionOf("mnuNoteEffectsGhostNote")->text().contains("\tG"));
+}
+
+TEST_F(CommandWindowTest, TheListOfShortcutsIsFiltered) {
+    Start();
+    WithDialog("mnuHelpKeyboard", [](QDialog& shortcuts) {
+        auto& list = In<QTreeWidget>(shortcuts, "lstKeys");
+        QTest::keyClicks(&In<QLineEdit>(shortcuts, "txtFilter"), "hammer");
+        ASSERT_EQ(list.topLevelItemCount(), 1);
+        EXPECT_EQ(list.topLevelItem(0)->child(0)->text(1), "H *");
+        QTest::keyClicks(&In<QLineEdit>(shortcuts, "txtFilter"), "xyz");
+        EXPECT_TRUE(list.isHidden());
+    });
 }
 
 TEST_F(CommandWindowTest, CommandsThatCanDoNothingAreGrey) {
