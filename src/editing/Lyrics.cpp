@@ -56,16 +56,17 @@ std::string JoinLyrics(const std::vector<std::string>& syllables) {
     std::size_t last = syllables.size();
     while (last > 0 && syllables[last - 1].empty()) --last;
     std::string text;
+    bool goesOn = false;
     for (std::size_t i = 0; i < last; ++i) {
         const std::string& syllable = syllables[i];
         if (syllable.empty()) {
             text += '_';
             continue;
         }
-        // A word begins behind a blank, but not where the one before goes on with its next syllable.
-        const bool goesOn = i > 0 && syllables[i - 1].ends_with('-') && syllables[i - 1].size() > 1;
+        // A word begins behind a blank, but not where the one before goes on with its next syllable, held or not.
         if (!text.empty() && !goesOn) text += ' ';
         text += Written(syllable);
+        goesOn = syllable.size() > 1 && syllable.ends_with('-');
     }
     return text;
 }

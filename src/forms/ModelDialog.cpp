@@ -214,6 +214,10 @@ void ModelDialog::AddNote(QFormLayout* page, std::string_view textKey) {
     auto* const note = new QLabel(Text(textKey));
     note->setWordWrap(true);
     note->setForegroundRole(QPalette::PlaceholderText);
+    // As wide as the fields: a note by itself would break its lines early.
+    QSizePolicy wide(QSizePolicy::Expanding, QSizePolicy::Minimum);
+    wide.setHeightForWidth(true);
+    note->setSizePolicy(wide);
     page->addRow(QString(), note);
 }
 

@@ -51,7 +51,7 @@ ntne_frmBarKeySig::ntne_frmBarKeySig(Shell::BarKeySigModel& model, QWidget* pare
     AddCheck(page, "chkAllTracks", "str_OnAllTracks", model.AllTracks);
     OnStore([minor, &model] { model.Minor = minor->isChecked() ? 1 : 0; });
     AddPreview(page, model, [&model] {
-        return Drawing::Excerpt(model.Changed(), {.Track = Core::Open.CurTrack, .Bar = model.Bar - 1, .Figures = true});
+        return Drawing::Excerpt(model.Shown(), {.Track = Core::Open.CurTrack, .Bar = model.Bar - 1, .Figures = true});
     });
     Finish([&model] { return model.Validate(); });
 }

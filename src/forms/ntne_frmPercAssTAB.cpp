@@ -8,6 +8,8 @@
 
 #include "forms/Text.h"
 #include "forms/WindowPlace.h"
+#include "platform/Services.h"
+#include "platform/SettingsStore.h"
 #include "shell/PercAssistant.h"
 #include "shell/mod_Shell.h"
 
@@ -76,6 +78,9 @@ void ntne_frmPercAssTAB::Fill() {
         auto* const row = new QTreeWidgetItem(lstLetters, {ToQString(each.Letter), ToQString(each.Sound)});
         row->setFont(0, bold);
         row->setTextAlignment(0, Qt::AlignCenter);
+        if (!each.Sounds) {
+            for (const int column : {0, 1}) row->setForeground(column, palette().placeholderText());
+        }
         if (each.IsNote) lstLetters->setCurrentItem(row);
     }
     lstLetters->resizeColumnToContents(0);
@@ -84,6 +89,11 @@ void ntne_frmPercAssTAB::Fill() {
 void ntne_frmPercAssTAB::ShowIf(bool shows) {
     if (shows == isVisible()) return;
     if (shows) Fill();
+    if (shows && Services.Settings->Get(PlaceSection, "Left").empty()) {
+        // Beside the music at first, not on it.
+        constexpr int Border = 24;
+        move(parentWidget()->frameGeometry().bottomRight() - QPoint(width() + Border, height() + 3 * Border));
+    }
     setVisible(shows);
 }
 

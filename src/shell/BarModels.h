@@ -84,6 +84,8 @@ struct BarKeySigModel : DialogModel {
     void Load();
     std::string_view Validate() const;
     Core::TabFile Changed() const;
+    /// The same for a picture: with a staff to see the key on, where the current track shows none.
+    Core::TabFile Shown() const;
     bool Apply() const;
 };
 

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "core/mod_TabFileManipulation.h"
 #include "core/mod_TabFileStructure.h"
 #include "shell/CommandRows.h"
@@ -23,6 +25,11 @@ bool NotAtStart() { return Open.CurBar > 0 || !AtBarStart(); }
 bool HasNextBar() { return OnStrum() && Open.CurBar < Core::NumberOfBars(Open.CurTrack); }
 bool NotAtEnd() { return HasNextBar() || !AtBarEnd(); }
 bool OnGotoPoint() { return OnStrum() && !Core::ReadStrum(Open.CurTrack, Open.CurBar, Open.CurStrum).GotoText.empty(); }
+
+/// As of the last UpdateGotoPoints: asked at every painting, so that no walk through the song is worth it.
+bool TrackHasPoints() {
+    return std::ranges::any_of(Go.Points, [](const GotoPoint& point) { return point.Track == Open.CurTrack; });
+}
 
 constexpr Command Table[] = {
     {.Name = "mnuGoGotoBar",
@@ -109,14 +116,16 @@ constexpr Command Table[] = {
      .Shortcut = "Ctrl+Shift+Left",
      .Icon = "go-previous-point",
      .Toolbar = NavigationToolbar,
-     .Run = mnuGoPreviousPoint_Click},
+     .Run = mnuGoPreviousPoint_Click,
+     .Enabled = TrackHasPoints},
     {.Name = "mnuGoNextPoint",
      .Menu = GoMenu,
      .Text = "str_GoNextPoint",
      .Shortcut = "Ctrl+Shift+Right",
      .Icon = "go-next-point",
      .Toolbar = NavigationToolbar,
-     .Run = mnuGoNextPoint_Click},
+     .Run = mnuGoNextPoint_Click,
+     .Enabled = TrackHasPoints},
     // Shows while there are none; else they stand in its place.
     {.Name = "mnuGoGotoPoint",
      .Menu = GoMenu,

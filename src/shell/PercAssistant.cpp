@@ -39,7 +39,8 @@ std::vector<PercLetter> PercLetters() {
     if (!OnDrums()) return letters;
     const Core::PercAssignment& plays = Open.TabFile.Tracks[Open.CurTrack].PercStrings[PercAssistant.String];
     for (const Core::PercussionLetter& each : Core::PercussionLetters()) {
-        letters.push_back({each.Letter, SoundName(plays.*each.Sound), PercAssistant.Fret == each.Letter});
+        letters.push_back(
+            {each.Letter, SoundName(plays.*each.Sound), plays.*each.Sound != 0, PercAssistant.Fret == each.Letter});
     }
     return letters;
 }

@@ -18,6 +18,7 @@ extern PercAssistantState PercAssistant;
 struct PercLetter {
     std::string Letter;
     std::string Sound;    ///< "-" for none
+    bool Sounds = false;  ///< it plays something
     bool IsNote = false;  ///< it is what stands at the cursor
 };
 /// The twelve, of the string that is shown. Empty off a drum track.

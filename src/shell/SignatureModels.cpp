@@ -154,6 +154,16 @@ Core::TabFile BarKeySigModel::Changed() const {
     return file;
 }
 
+Core::TabFile BarKeySigModel::Shown() const {
+    Core::TabFile file = Changed();
+    Core::Track& track = file.Tracks[Open.CurTrack];
+    if (!track.ShowTreble && !track.ShowBass) {
+        track.ShowTreble = true;
+        track.ShowTab = false;
+    }
+    return file;
+}
+
 bool BarKeySigModel::Apply() const { return Take(Changed()); }
 
 void EndRepeatModel::Load() {

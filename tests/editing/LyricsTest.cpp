@@ -18,7 +18,7 @@ TEST(Lyrics, TextIsDividedAndJoined) {
         {"", {}, ""},
         {"Hal-lo  you\nthere ", {"Hal-", "lo", "you", "there"}, "Hal-lo you there"},
         {"love__ me_do", {"love", "", "", "me", "", "do"}, "love__ me_ do"},
-        {"_a-_ b", {"", "a-", "", "b"}, "_ a-_ b"},
+        {"_a-_ b", {"", "a-", "", "b"}, "_ a-_b"},
         {"of~the \\_ x\\-y \\~ rock-", {"of the", "_", "x-y", "~", "rock-"}, "of~the \\_ x\\-y \\~ rock-"},
         {"la - la --", {"la", "-", "la", "-", "-"}, "la - la - -"},
         {"end__ ", {"end", "", ""}, "end"},

@@ -80,7 +80,7 @@ TEST_F(TrackDialogTest, LyricsAreWrittenAsTextOrInTheTable) {
         EXPECT_EQ(text.toPlainText(), "Hal-lo my");
         table.setCurrentIndex(cell(1, 3));
         In<QPushButton>(dialog, "cmdLater").click();
-        EXPECT_EQ(text.toPlainText(), "Hal-_ lo my");
+        EXPECT_EQ(text.toPlainText(), "Hal-_lo my");
         EXPECT_EQ(table.currentIndex().row(), 2);
         table.setCurrentIndex(cell(0, 4));
         EXPECT_EQ(In<QTabWidget>(dialog, "tabLines").currentIndex(), 1);
