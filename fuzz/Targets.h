@@ -14,6 +14,7 @@
 #include "core/mod_Settings.h"
 #include "exchange/AsciiImport.h"
 #include "exchange/JsonDocument.h"
+#include "exchange/MidiImport.h"
 #include "exchange/TextExport.h"
 #include "platform/RunTimeError.h"
 #include "platform/Services.h"
@@ -84,6 +85,36 @@ inline void TextTab(std::string_view bytes) {
     Exchange::WriteTextTab(file, {});
 }
 
+/// A MIDI file. What is read must be written as it was read, and becomes a document whose tracks are alike.
+inline void Midi(std::string_view bytes) {
+    SmfFile midi;
+    try {
+        midi = ReadSmf(bytes);
+    } catch (const RunTimeError& refusal) {
+        return Require(!refusal.Description().empty(), "a refusal without a reason");
+    }
+    const std::string written = WriteSmf(midi);
+    Require(WriteSmf(ReadSmf(written)) == written, "the MIDI file does not settle");
+    Exchange::MidiImportOptions options;
+    options.Ties = bytes.size() % 2 == 1;
+    options.Quantize = bytes.size() % 3 == 1;
+    Core::TabFile file;
+    constexpr std::uint64_t MostTicks = 20'000;  // of a quarter's 16: beyond them it is bars upon bars of rests
+    std::uint64_t ticks = 0;
+    for (const auto& track : midi.Tracks) {
+        for (const SmfEvent& event : track) ticks += event.Delta / static_cast<unsigned>(midi.TicksPerQuarter);
+    }
+    if (ticks > MostTicks) return;
+    try {
+        Exchange::ImportMidi(file, midi, "", options);
+    } catch (const RunTimeError& refusal) {
+        return Require(!refusal.Description().empty(), "a refusal without a reason");
+    }
+    for (const Core::Track& track : file.Tracks) {
+        Require(track.Bars.Count() == file.BarInfos.Count(), "tracks of different lengths");
+    }
+}
+
 /// QL4.ini, the settings store and a language file: what each reader took from the bytes, it takes again from its text.
 inline void Settings(std::string_view bytes) {
     Core::SettingsRecord settings;
@@ -146,7 +177,7 @@ struct Target {
     void (*Run)(std::string_view bytes);
 };
 inline constexpr Target Targets[] = {
-    {"music_text", &MusicText}, {"cipher", &Cipher},     {"json", &Json}, {"text_tab", &TextTab},
+    {"music_text", &MusicText}, {"cipher", &Cipher},     {"json", &Json}, {"text_tab", &TextTab}, {"midi", &Midi},
     {"settings", &Settings},    {"recovery", &Recovery}, {"play", &Play},
 };
 

@@ -36,7 +36,7 @@ int Convert(const Arguments& arguments) {
 void AddConvert(CLI::App& app, Work& work) {
     CLI::App* command = app.add_subcommand("convert", "Opens IN by its ending and writes OUT by its ending");
     const auto arguments = std::make_shared<Arguments>();
-    command->add_option("IN", arguments->In, "Document to open: .qlm .json .txt .tab .html .htm")
+    command->add_option("IN", arguments->In, "Document to open: .qlm .json .mid .midi .txt .tab .html .htm")
         ->required()
         ->type_name("");
     command
@@ -52,6 +52,12 @@ void AddConvert(CLI::App& app, Work& work) {
     command->add_flag("--same-length", arguments->Import.Text.SameLength, "Give all notes of a text tab that length");
     command->add_option("--timing", arguments->Timing, "Time signature of a text tab, as 3:4")->type_name("N:D");
     command->add_flag("--details", arguments->Import.Text.Details, "Look for title and names in a text tab");
+    command->add_flag("--quantize", arguments->Import.Midi.Quantize, "Cut times of a MIDI file to whole 64ths");
+    command->add_flag("--ties", arguments->Import.Midi.Ties, "Tie the strums of a MIDI file");
+    command->add_flag("--reverb", arguments->Import.Midi.Reverb, "Turn reverb on for the tracks of a MIDI file");
+    command->add_option("--midi-track", arguments->Import.Midi.Tracks, "Take this MIDI track, from 1, and no other")
+        ->type_name("K")
+        ->allow_extra_args(false);
     command->add_option("--page", arguments->Options.Page, "Page of a picture, from 1; without it every page")
         ->type_name("N");
     command->add_option("--dpi", arguments->Options.Dpi, "Dots to the inch of .png .jpg .bmp; 96 without it")

@@ -1,5 +1,7 @@
 #include "cli/DocumentFiles.h"
 
+#include <algorithm>
+
 #include "cli/Commands.h"
 #include "cli/PictureFiles.h"
 #include "cli/TextFiles.h"
@@ -54,6 +56,29 @@ Core::OpenOutcome OpenText(const fs::path& path, const ImportOptions& options) {
     return Core::OpenOutcome::Opened;
 }
 
+Core::OpenOutcome OpenMidi(const fs::path& path, const ImportOptions& options) {
+    const std::string bytes = Services.Files->Read(path);
+    Core::TabFile file = Core::MakeNewTabFile(*Services.Settings);
+    try {
+        const SmfFile midi = ReadSmf(bytes);
+        for (const int track : options.Midi.Tracks) {
+            if (track < 1 || track > static_cast<int>(midi.Tracks.size())) {
+                throw CommandFailure(path.string() + ": MIDI track " + std::to_string(track) + ": the file has " +
+                                     std::to_string(midi.Tracks.size()));
+            }
+        }
+        // Without the ending's four characters, whatever they are.
+        const std::string name = path.filename().string();
+        Exchange::ImportMidi(file, midi, name.substr(0, name.size() - std::min<std::size_t>(name.size(), 4)),
+                             options.Midi);
+    } catch (const RunTimeError& error) {
+        throw CommandFailure(path.string() + ": " + Core::LanguageText("str_BadMidiFile", {error.Description()}));
+    }
+    Core::Open = {};
+    Core::Open.TabFile = std::move(file);
+    return Core::OpenOutcome::Opened;
+}
+
 bool WriteMusicFile(const fs::path& path, const ConvertOptions&) { return Core::ForceSaveFile(path); }
 
 bool WriteJsonFile(const fs::path& path, const ConvertOptions&) {
@@ -62,8 +87,8 @@ bool WriteJsonFile(const fs::path& path, const ConvertOptions&) {
 }
 
 constexpr DocumentReader Readers[] = {
-    {".qlm", &OpenMusicFile}, {".ql4", &OpenOld},   {".json", &OpenJson}, {".txt", &OpenText},
-    {".tab", &OpenText},      {".html", &OpenText}, {".htm", &OpenText},
+    {".qlm", &OpenMusicFile}, {".ql4", &OpenOld},  {".json", &OpenJson}, {".txt", &OpenText},  {".tab", &OpenText},
+    {".html", &OpenText},     {".htm", &OpenText}, {".mid", &OpenMidi},  {".midi", &OpenMidi},
 };
 
 constexpr DocumentWriter Writers[] = {

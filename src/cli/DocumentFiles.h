@@ -10,6 +10,7 @@
 
 #include "core/mod_MusicFile.h"
 #include "exchange/AsciiImport.h"
+#include "exchange/MidiImport.h"
 
 namespace Quillon::Cli {
 
@@ -24,6 +25,7 @@ struct ConvertOptions {
 /// How what is no document of ours becomes one.
 struct ImportOptions {
     Exchange::AsciiImportOptions Text;
+    Exchange::MidiImportOptions Midi;
 };
 
 struct DocumentReader {

@@ -8,6 +8,7 @@
 #include "core/mod_TabFileManipulation.h"
 #include "editing/mod_BarsAndTracks.h"
 #include "exchange/AsciiText.h"
+#include "exchange/NoteValues.h"
 
 namespace Quillon::Exchange {
 
@@ -74,13 +75,11 @@ void ClearTrack(TabFile& file, int track) {
 
 /// One more bar for each track, whatever their numbers of bars are.
 void AppendBar(TabFile& file) {
-    constexpr std::int32_t Quarter = 2;
     for (Track& track : file.Tracks) {
         const Core::Bar& last = track.Bars[track.Bars.UpperBound()];
-        Core::Bar bar;
+        Core::Bar bar = EmptyBar();
         bar.Key = last.Key;
         bar.KeyIsMinor = last.KeyIsMinor;
-        bar.EditStrums()[0].Length = Quarter;
         Core::ToInt16(track.Bars.Count());
         track.Bars.Add(bar);
     }
@@ -97,11 +96,7 @@ void EvenOut(TabFile& file) {
     for (const Track& track : file.Tracks) bars = std::max(bars, track.Bars.Count());
     file.BarInfos.Resize(bars);
     for (Track& track : file.Tracks) {
-        while (track.Bars.Count() < bars) {
-            Core::Bar bar;
-            bar.EditStrums()[0].Length = 2;
-            track.Bars.Add(bar);
-        }
+        while (track.Bars.Count() < bars) track.Bars.Add(EmptyBar());
     }
 }
 

@@ -1,0 +1,35 @@
+// Standard MIDI files become tracks.
+//
+// Each chosen MIDI track becomes one. The time from one note start to the next is cut into note values from the largest
+// down, within the bars of one time signature; a note goes to the highest free string that reaches it.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "core/mod_TabFileStructure.h"
+#include "exchange/AsciiImport.h"
+#include "platform/SmfCursor.h"
+
+namespace Quillon::Exchange {
+
+struct MidiImportOptions {
+    std::vector<int> Tracks;  ///< of the file, from 1, in the order that they come in; all when empty
+    bool Ties = false;        ///< string 5 of every strum that ended is tied
+    bool Reverb = false;
+    bool Quantize = false;  ///< the time between two starts is cut to whole 64ths, and what is cut off is lost
+};
+
+constexpr int MostImportedBars = 1 << 20;  ///< of all tracks together
+
+/// What the list of tracks shows for each track of a file: its name, or "Track 2", with " (null)" behind it when the
+/// file gives it an empty one.
+std::vector<std::string> MidiTrackEntries(const SmfFile& midi);
+
+/// Replaces the document's tracks, bars, title and tempo by those of a MIDI file. False when `progress`, in percent of
+/// the events, ended it; the document is then half done and to be thrown away, as it is when this raises: "Subscript
+/// out of range" for a track that the file lacks, "Overflow" for more bars than there can be.
+bool ImportMidi(Core::TabFile& file, const SmfFile& midi, const std::string& title, const MidiImportOptions& options,
+                const ImportProgress& progress = {});
+
+}  // namespace Quillon::Exchange
