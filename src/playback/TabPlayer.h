@@ -29,6 +29,9 @@ void Click(const PlayStage& stage);
 /// Writes the interval of the ticks by a tempo; one that gives no interval leaves it.
 void SetTempo(const PlayStage& stage, double tempo);
 
+/// The stage on which a strum is heard by itself (see mod_Audition.h); null when none is.
+const PlayStage* AuditionStage();
+
 /// Sounds a strum with the chord symbol of another one, `chord`, or with its own.
 void SoundStrum(const PlayStage& stage, const StrumPlace& at, const Core::Strum& chord, bool clearFirst, bool strumUp);
 

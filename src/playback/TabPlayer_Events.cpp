@@ -1,6 +1,7 @@
 // The player on the open document: fronts of the engine, and the handlers of its timers.
 #include "core/mod_Common.h"
 #include "playback/TabPlayer.h"
+#include "playback/mod_Audition.h"
 
 namespace Quillon::Playback {
 
@@ -25,13 +26,19 @@ std::int16_t LastBar() { return Core::ToInt16(Core::Open.TabFile.BarInfos.UpperB
 
 /// Hands a step to an element while there is one: a message may come after the stop.
 void Handle(void (*step)(const EffectStage&, int), int index) {
-    if (Player.Memory) Skipping([&] { step(Stage().ForEffects(), index); });
+    const PlayStage* const heard = AuditionStage();
+    if (Player.Memory) {
+        Skipping([&] { step(Stage().ForEffects(), index); });
+    } else if (heard) {
+        Skipping([&] { step(heard->ForEffects(), index); });
+    }
 }
 
 }  // namespace
 
 void PlayTab(std::int16_t startBar, std::int16_t endBar) {
     if (IsPlaying()) StopTab();
+    EndAudition();
     Start(Stage(), startBar, endBar);
 }
 
