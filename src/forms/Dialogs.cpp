@@ -10,26 +10,36 @@
 #include "forms/ntne_frmAddTrack.h"
 #include "forms/ntne_frmBarKeySig.h"
 #include "forms/ntne_frmBarTimeSig.h"
+#include "forms/ntne_frmBend.h"
+#include "forms/ntne_frmChord.h"
 #include "forms/ntne_frmCoda.h"
 #include "forms/ntne_frmCutCopyPaste.h"
 #include "forms/ntne_frmEndRepeat.h"
 #include "forms/ntne_frmFixBars.h"
 #include "forms/ntne_frmGoto.h"
+#include "forms/ntne_frmGrace.h"
 #include "forms/ntne_frmInsertBar.h"
 #include "forms/ntne_frmInstrument.h"
 #include "forms/ntne_frmLyrics.h"
+#include "forms/ntne_frmNote.h"
 #include "forms/ntne_frmPageSetup.h"
 #include "forms/ntne_frmPassword.h"
 #include "forms/ntne_frmRemoveBar.h"
 #include "forms/ntne_frmSpeedTrainer.h"
+#include "forms/ntne_frmText.h"
 #include "forms/ntne_frmTranspose.h"
+#include "forms/ntne_frmTremBar.h"
+#include "forms/ntne_frmTrill.h"
 #include "forms/ntne_frmTuning.h"
 #include "shell/BarModels.h"
 #include "shell/BatchFixModel.h"
+#include "shell/ChordModel.h"
 #include "shell/DialogModels.h"
+#include "shell/EffectModels.h"
 #include "shell/GoCommands.h"
 #include "shell/InstrumentModel.h"
 #include "shell/LyricsModel.h"
+#include "shell/NoteModels.h"
 #include "shell/PasswordModel.h"
 #include "shell/TuningModel.h"
 
@@ -60,6 +70,13 @@ const std::unordered_map<std::type_index, bool (*)(DialogModel&, QWidget*)>& Win
         Row<ntne_frmCoda, Shell::CodaModel>(),
         Row<ntne_frmCutCopyPaste, Shell::CutCopyPasteModel>(),
         Row<ntne_frmTranspose, Shell::TransposeModel>(),
+        Row<ntne_frmBend, Shell::BendModel>(),
+        Row<ntne_frmTremBar, Shell::TremBarModel>(),
+        Row<ntne_frmGrace, Shell::GraceModel>(),
+        Row<ntne_frmTrill, Shell::TrillModel>(),
+        Row<ntne_frmNote, Shell::NoteModel>(),
+        Row<ntne_frmText, Shell::TextModel>(),
+        Row<ntne_frmChord, Shell::ChordModel>(),
         Row<frmFileProperties, Shell::FilePropertiesModel>(),
         Row<frmTrackProperties, Shell::TrackPropertiesModel>(),
         Row<frmOptions, Shell::OptionsModel>(),

@@ -170,8 +170,8 @@ QSpinBox* ModelDialog::AddNumber(QFormLayout* page, const char* name, std::strin
     field->setValue(value);
     if (!unitKey.empty()) field->setSuffix(" " + Text(unitKey));
     page->addRow(Text(labelKey), field);
-    OnStore([field, &value, shown = field->value()] {
-        if (field->value() != shown) value = static_cast<std::int16_t>(field->value());
+    OnStore([field, &value, before = value, shown = field->value()] {
+        value = field->value() != shown ? static_cast<std::int16_t>(field->value()) : before;
     });
     return field;
 }
@@ -183,8 +183,8 @@ QComboBox* ModelDialog::AddChoice(QFormLayout* page, const char* name, std::stri
     field->addItems(entries);
     field->setCurrentIndex(value - first);
     page->addRow(Text(labelKey), field);
-    OnStore([field, &value, first, shown = field->currentIndex()] {
-        if (field->currentIndex() != shown) value = static_cast<std::int16_t>(field->currentIndex() + first);
+    OnStore([field, &value, first, before = value, shown = field->currentIndex()] {
+        value = field->currentIndex() != shown ? static_cast<std::int16_t>(field->currentIndex() + first) : before;
     });
     return field;
 }

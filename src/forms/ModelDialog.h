@@ -43,6 +43,8 @@ protected:
     QFormLayout* AddPage(std::string_view titleKey = {});
     /// Runs at OK, before the model is asked for complaints.
     void OnStore(std::function<void()> store) { stores.push_back(std::move(store)); }
+    /// Runs what OnStore was given: the model holds what the fields show, whether it makes sense or not.
+    void Store();
     /// Adds the buttons. `complaint` gives a text key, "" when all is well.
     void Finish(std::function<std::string_view()> complaint);
 
@@ -75,7 +77,6 @@ protected:
 
 private:
     void AddPreview(QFormLayout* page, std::function<void()> restore, std::function<Drawing::Excerpt()> paint);
-    void Store();
     void ShowPreview();
     void FollowFields();
     void FocusFirstField();

@@ -29,6 +29,7 @@ constexpr std::string_view NoteEffectsMenu = "str_MenuNote/str_MenuNoteEffects";
 // The parts. Within a menu their rows stand in the order of this list.
 std::span<const Command> NoteCommandRows();
 std::span<const Command> ChordCommandRows();
+std::span<const Command> EffectCommandRows();
 std::span<const Command> BarCommandRows();
 std::span<const Command> ClipboardCommandRows();
 std::span<const Command> GoCommandRows();

@@ -277,8 +277,8 @@ std::ptrdiff_t MenuIndex(const Command& command) {
 
 std::vector<Command> AllRows() {
     std::vector<Command> rows(std::begin(Table), std::end(Table));
-    for (const auto& more : {NoteCommandRows(), ChordCommandRows(), BarCommandRows(), ClipboardCommandRows(),
-                             GoCommandRows(), TrackCommandRows()}) {
+    for (const auto& more : {NoteCommandRows(), ChordCommandRows(), EffectCommandRows(), BarCommandRows(),
+                             ClipboardCommandRows(), GoCommandRows(), TrackCommandRows()}) {
         rows.insert(rows.end(), more.begin(), more.end());
     }
     std::vector<std::string_view> toolbars;

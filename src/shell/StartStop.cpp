@@ -8,6 +8,7 @@
 #include "platform/FileSystem.h"
 #include "platform/Services.h"
 #include "platform/SettingsStore.h"
+#include "shell/EffectCommands.h"
 #include "shell/PercAssistant.h"
 #include "shell/Recovery.h"
 #include "shell/mod_Shell.h"
@@ -95,6 +96,7 @@ void Start(const std::string& commandLineFile) {
     Editing::MayEdit = PasswordCorrect;
     Editing::Entry = {};
     Editing::Entry.SoundStrum = Editing::SoundTypedNote;
+    Editing::Entry.OpenDialog = OpenEntryDialog;
     Editing::Entry.StepsChanged = [] { Program.View->UpdateCommands(); };
     Editing::Entry.DocumentRestored = DocumentRestored;
     Editing::Entry.RefreshPercussion = RefreshPercAssistant;

@@ -1,0 +1,54 @@
+// Curves of a pitch over a beat, as a person draws them or chooses them by their shape.
+//
+// Heights are in the units of the documents' curves: eight are a whole tone, two a quarter of one.
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Quillon::Shell {
+
+constexpr double UnitsOfTone = 8;
+constexpr double UnitsOfQuarter = 2;  ///< a quarter of a tone
+
+/// Points at even distances over the beat, first and last included.
+struct Curve {
+    std::vector<double> Points;
+    double Lowest = 0;  ///< of what can be drawn
+    double Highest = 0;
+
+    int Count() const { return static_cast<int>(Points.size()); }
+    /// Draws a straight stroke from one point to another, both included, heights kept within the limits. Points
+    /// outside are passed over.
+    void Stroke(int from, double fromHeight, int to, double toHeight);
+    /// Moves a point up or down, to a multiple of the step.
+    void Nudge(int point, double step);
+    bool IsFlat() const;
+    /// The height furthest from 0.
+    double Extreme() const;
+};
+
+/// Heights near a quarter of a tone become just that; others are kept to a hundredth, as files keep them.
+double Snapped(double height);
+/// "½", "-1¼", "0", to the quarter of a tone.
+std::string HeightText(double height);
+
+/// A corner of a shape: its place in the beat from 0 to 1, its height from -1 to 1.
+struct Corner {
+    double At = 0;
+    double Height = 0;
+};
+/// A shape by the text key of its name.
+struct Shape {
+    std::string_view Name;
+    std::span<const Corner> Corners;
+};
+/// Straight lines from corner to corner, drawn together into the first `share` of the beat and let to `amount`. To a
+/// hundredth.
+std::vector<double> PointsOf(const Shape& shape, double amount, double share, int count);
+/// True when two curves are the same to what a file keeps.
+bool SameCurve(std::span<const double> one, std::span<const double> other);
+
+}  // namespace Quillon::Shell
