@@ -168,6 +168,7 @@ void frmMain::RestorePlaces() {
 
 void frmMain::KeepPlaces() {
     KeepPlace(*this, PlaceSection);
+    percAssistant->KeepItsPlace();
     Services.Settings->Save(PlaceSection, ToolbarsKey, saveState().toBase64().toStdString());
 }
 

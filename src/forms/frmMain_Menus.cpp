@@ -205,6 +205,7 @@ void frmMain::FillGotoPoints() {
         gotoPoints.push_back(entry);
     }
     none->setVisible(gotoPoints.empty());
+    ShowStates();  // the commands that walk the points
 }
 
 void frmMain::FillRecentFiles() {

@@ -88,7 +88,6 @@ void ntne_frmPercAssTAB::Fill() {
 
 void ntne_frmPercAssTAB::ShowIf(bool shows) {
     if (shows == isVisible()) return;
-    if (shows) Fill();
     if (shows && Services.Settings->Get(PlaceSection, "Left").empty()) {
         // Beside the music at first, not on it.
         constexpr int Border = 24;
@@ -98,6 +97,10 @@ void ntne_frmPercAssTAB::ShowIf(bool shows) {
 }
 
 void ntne_frmPercAssTAB::reject() { Shell::PercAssistantClosed(); }
+
+void ntne_frmPercAssTAB::KeepItsPlace() const {
+    if (isVisible()) KeepPlace(*this, PlaceSection);
+}
 
 void ntne_frmPercAssTAB::hideEvent(QHideEvent* event) {
     KeepPlace(*this, PlaceSection);

@@ -20,6 +20,8 @@ public:
     void SetTexts();
     /// Comes or goes; the place is kept.
     void ShowIf(bool shows);
+    /// Its place goes to the store, when it is to be seen.
+    void KeepItsPlace() const;
 
 Q_SIGNALS:
     /// A letter was written, or the assignment edited: the score is what a person looks at next.

@@ -10,6 +10,7 @@
 #include "platform/Services.h"
 #include "shell/BarModels.h"
 #include "shell/EditCommands.h"
+#include "shell/PercAssistant.h"
 #include "shell/mod_Shell.h"
 
 namespace Quillon::Shell {
@@ -32,6 +33,7 @@ void MarkEdited() {
 }
 
 void ShowEdited() {
+    RefreshPercAssistant();
     Program.View->RebuildTrackList();
     Program.View->UpdateCommands();
     Program.View->DrawDocument();

@@ -4,6 +4,7 @@
 #include "platform/Services.h"
 #include "platform/SettingsStore.h"
 #include "shell/DialogModels.h"
+#include "shell/PercAssistant.h"
 #include "shell/mod_Shell.h"
 
 namespace Quillon::Shell {
@@ -41,6 +42,7 @@ void mnuFileOptions_Click() {
     model.Load();
     if (!Program.Dialogs->Edit(model)) return Shell::OptionsModel::Revert();
     if (!model.Apply()) return;
+    PercAssistant.Track = -1;  // it may be wanted always from now on
     Program.View->LanguageChanged();
     Program.View->ThemeChanged();
     Program.View->UpdateCommands();

@@ -88,7 +88,7 @@ void DocumentReplaced() {
 }
 
 void DocumentRestored() {
-    UpdateGotoPoints();
+    // The go-to points are not looked for here: that is a walk through the song, and the Go menu does it when it opens.
     RefreshPercAssistant();
     Program.View->RebuildTrackList();
     Program.View->UpdateCommands();

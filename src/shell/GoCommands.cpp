@@ -11,6 +11,7 @@
 #include "editing/mod_Cursor.h"
 #include "editing/mod_NoteEntry.h"
 #include "shell/EditCommands.h"
+#include "shell/PercAssistant.h"
 #include "shell/mod_Shell.h"
 
 namespace Quillon::Shell {
@@ -87,6 +88,7 @@ void GoTo(int track, int bar, int strum) {
     Open.CurBar = within(bar, LastBar());
     Open.CurStrum = within(strum, LastStrum(Open.CurBar));
     Editing::ClampCursor();
+    RefreshPercAssistant();
     Program.View->UpdateCommands();
     Program.View->DrawDocument();
     // Who asks to go somewhere wants to see it, also when the view doesn't follow the cursor by itself.

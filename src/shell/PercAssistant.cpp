@@ -28,8 +28,10 @@ std::string SoundName(int sound) {
 }
 
 void TakeCursor() {
+    const auto& bars = Open.TabFile.Tracks[Open.CurTrack].Bars;
+    if (Open.CurBar >= bars.Count() || Open.CurStrum >= bars[Open.CurBar].Strums().Count()) return;
     PercAssistant.String = Open.CurString;
-    PercAssistant.Fret = Core::ReadStrum(Open.CurTrack, Open.CurBar, Open.CurStrum).Notes[Open.CurString].Fret;
+    PercAssistant.Fret = bars[Open.CurBar].Strums()[Open.CurStrum].Notes[Open.CurString].Fret;
 }
 
 }  // namespace
@@ -58,6 +60,7 @@ bool PercAssistantShows() {
     if (before != Open.CurTrack) {
         TakeCursor();
         if (Core::Settings.ShowPercussionAssistant) PercAssistant.IsOpen = true;
+        if (PercAssistant.IsOpen) Program.View->FillPercAssistant();
     }
     return PercAssistant.IsOpen;
 }
@@ -80,7 +83,6 @@ void PercLetter_Click(int index) {
         Editing::Entry.SoundStrum(Core::StrumLength(strum));
     }
     ShowEdited();
-    RefreshPercAssistant();
 }
 
 void cmdPercAssignment_Click() {
@@ -89,7 +91,6 @@ void cmdPercAssignment_Click() {
     model.Load(Open.CurTrack);
     model.DrumsFirst = true;
     if (Program.Dialogs->Edit(model) && model.Apply()) ShowEdited();
-    RefreshPercAssistant();
 }
 
 void PercAssistantClosed() {

@@ -190,6 +190,13 @@ TEST_F(TrackDialogTest, TheAssistantStandsBesideTheScoreOfDrums) {
     EXPECT_FALSE(window->ActionOf("mnuToolsPercAssistant")->isChecked());
     EXPECT_FALSE(store.Get("PercTabWindowDetails", "Width").empty());
     Run("mnuToolsPercAssistant");
+    Core::Track silent = drums;
+    silent.Name = "Silent";
+    silent.PercStrings = {};
+    Editing::AddTrack(silent);
+    window->UpdateCommands();
+    EXPECT_EQ(In<QLabel>(assistant, "lblString").text(), "Silent, string 1");
+    EXPECT_EQ(letters.topLevelItem(6)->text(1), "-");
     Shell::ShowTrack(0);
     EXPECT_FALSE(assistant.isVisible());
 }
