@@ -109,6 +109,8 @@ void frmMain::BuildMenus() {
         if (command.SeparatorBefore && !bar->actions().isEmpty()) bar->addSeparator();
         bar->addAction(action);
         bar->widgetForAction(action)->installEventFilter(this);
+        // The style's own size would need a row more where room is scarce.
+        bar->widgetForAction(action)->setMaximumSize(bar->iconSize() + QSize(6, 6));
     }
     BuildTrackChoice();
 }
