@@ -11,7 +11,7 @@ namespace Quillon::Forms {
 ntne_frmText::ntne_frmText(Shell::TextModel& model, QWidget* parent)
     : StrumDialog(model, parent, "str_TextTitle", "TextWindowDetails") {
     setObjectName("ntne_frmText");
-    constexpr int letters = 24;
+    constexpr int letters = 32;
     QLineEdit* const text = AddText(Fields(), "txtText", "str_TextField", model.Text);
     text->setMinimumWidth(fontMetrics().averageCharWidth() * letters);
     text->selectAll();

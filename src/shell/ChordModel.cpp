@@ -38,7 +38,10 @@ void ChordModel::Load() {
     Frets = {};
     Fingers = {};
     if (!Exists()) {
-        TakeFrets();
+        // A single note is no chord yet.
+        int notes = 0;
+        for (int string = 0; string < Strings(); ++string) notes += !Before().Notes[string].Fret.empty();
+        if (notes > 1) TakeFrets();
         return;
     }
     Name = Before().ChordName;

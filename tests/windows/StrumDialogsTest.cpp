@@ -89,6 +89,7 @@ TEST_F(StrumDialogTest, EscLeavesAllAsItWasAndEnterWritesWhatTheDialogShows) {
     });
     EXPECT_TRUE(told);
     EXPECT_EQ(Note().GraceFret, "6");
+    Core::EditStrum(0, 0, 0).Notes.Edit(1).Fret = "8";
     WithDialog("mnuChordChord", [](QDialog& dialog) {
         EXPECT_EQ(In<QLineEdit>(dialog, "txtFret0").text(), "7") << "of the beat";
         QTest::keyClicks(&In<QLineEdit>(dialog, "txtName"), "Em");
