@@ -34,11 +34,12 @@ std::vector<std::string> WordsOf(std::string_view text) {
     return words;
 }
 
-enum Rank : int { None = 0, InMenu = 1, InWord = 3, AtWord = 9 };
+enum Rank : int { None = 0, InMenu = 1, InWord = 3, AtWord = 9, AtStart = 10 };
 
 Rank RankOf(const std::string& word, const std::string& caption, const std::string& menu) {
+    if (caption.starts_with(word)) return AtStart;
     for (auto at = caption.find(word); at != std::string::npos; at = caption.find(word, at + 1)) {
-        if (at == 0 || caption[at - 1] == ' ') return AtWord;
+        if (at > 0 && caption[at - 1] == ' ') return AtWord;
     }
     if (caption.find(word) != std::string::npos) return InWord;
     return menu.find(word) != std::string::npos ? InMenu : None;
@@ -48,7 +49,8 @@ Rank RankOf(const std::string& word, const std::string& caption, const std::stri
 int RankOf(const std::vector<std::string>& words, const PaletteEntry& entry) {
     const std::string caption = Core::LowerAscii(entry.Caption);
     const std::string menu = Core::LowerAscii(entry.Menu);
-    int sum = 1;
+    // What was typed as it stands comes before what has more words.
+    int sum = WordsOf(caption) == words ? 2 : 1;
     for (const std::string& word : words) {
         const Rank rank = RankOf(word, caption, menu);
         if (rank == None) return 0;

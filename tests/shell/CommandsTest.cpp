@@ -153,6 +153,7 @@ TEST_F(CommandTable, CommandsAreFoundByWhatTheySay) {
     EXPECT_EQ(first("IN zoom"), "mnuViewZoomIn");
     EXPECT_EQ(first("sav"), "mnuFileSave");
     EXPECT_EQ(first("toolb file"), "mnuViewToolbarFile") << "the menu's name helps";
+    EXPECT_EQ(first("fix bars"), "mnuOperationsFixBars") << "before Fix all bars";
     EXPECT_EQ(first("rackprop"), "");
     const auto zooms = FindCommands("zoom");
     ASSERT_GE(zooms.size(), 2U);
