@@ -1,5 +1,6 @@
 // What a point of the view means: a bar, a strum, and a string, a pitch or a lane.
 #include <algorithm>
+#include <utility>
 
 #include "core/mod_Common.h"
 #include "drawing/mod_NotationDrawing.h"
@@ -90,6 +91,23 @@ Hit HitTest(const TabFile& file, int track, int x, int y) {
         hit.Pitch = Core::ToInt16(pitch);
     }
     return hit;
+}
+
+int NearestBar(const Track& track, int x, int y) {
+    const int rowHeight = RowHeight(track);
+    const auto outside = [](int value, int from, int to) { return std::max({from - value, value - to, 0}); };
+    int nearest = -1;
+    std::pair<int, int> least;
+    for (int bar = 0; bar <= track.Bars.UpperBound(); ++bar) {
+        const Core::BarPlace& place = track.Bars[bar].Place;
+        if (place.Page < 0) continue;
+        const std::pair away{outside(y, place.BarY, place.BarY + rowHeight),
+                             outside(x, place.BarX, place.BarX + place.BarWidth - 1)};
+        if (nearest >= 0 && away >= least) continue;
+        nearest = bar;
+        least = away;
+    }
+    return nearest;
 }
 
 }  // namespace Quillon::Drawing

@@ -116,6 +116,9 @@ struct Hit {
 /// The bar whose band holds the point, its width being that at its stored step, and what lies there.
 Hit HitTest(const Core::TabFile& file, int track, int x, int y);
 
+/// The bar of a drag that has left all bars: of the row nearest to the point, the nearest one. -1 when none is placed.
+int NearestBar(const Core::Track& track, int x, int y);
+
 /// The string of a figure cell `y` pixels below the tab's offset, -1 when none lies there.
 int StringFromY(int y, int strings);
 

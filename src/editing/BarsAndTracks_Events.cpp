@@ -7,6 +7,7 @@
 #include "drawing/mod_PageLayout.h"
 #include "editing/mod_BarsAndTracks.h"
 #include "editing/mod_Cursor.h"
+#include "playback/mod_TabPlayer.h"
 
 namespace Quillon::Editing {
 
@@ -23,6 +24,7 @@ void Changed() {
 /// The track that changed places takes the cursor with it, in both directions.
 bool Moved(bool moved, int one, int other) {
     if (!moved) return false;
+    Playback::Player.Listening.TracksSwapped(one, other);
     if (Open.CurTrack == one) {
         Open.CurTrack = Core::ToInt16(other);
     } else if (Open.CurTrack == other) {
@@ -100,6 +102,7 @@ void AddTrack(Core::Track track) {
 
 bool DeleteTrack(int track) {
     if (!DeleteTrack(Open.TabFile, track)) return false;
+    Playback::Player.Listening.TrackDeleted(track);
     if (Open.CurTrack > track) --Open.CurTrack;
     Changed();
     return true;

@@ -100,6 +100,28 @@ void MoveUpOrDown(OpenDocument& open, int down) {
     open.CurPitch = ToInt16(pitch < range.Lowest ? range.Highest : pitch > range.Highest ? range.Lowest : pitch);
 }
 
+void PlaceCursor(const Drawing::Hit& hit) {
+    Open.CurBar = hit.Bar;
+    Open.CurStrum = hit.Strum;
+    switch (hit.On) {
+        case Drawing::Hit::Place::OnString:
+            Open.CurString = hit.String;
+            Open.InputMode = Core::TabInput;
+            break;
+        case Drawing::Hit::Place::OnPitch:
+            Open.CurPitch = hit.Pitch;
+            Open.InputMode = Core::NotationInput;
+            break;
+        case Drawing::Hit::Place::OnLane:
+            Open.CurString = Open.CurPitch = hit.String;
+            Open.InputMode = Core::NotationInput;
+            break;
+        case Drawing::Hit::Place::Neither:
+            break;
+    }
+    if (Entry.RefreshPercussion) Entry.RefreshPercussion();
+}
+
 }  // namespace
 
 int LastString(const Track& track) { return std::clamp<int>(track.Strings, 1, Core::StringCount) - 1; }
@@ -136,6 +158,7 @@ void picDocument_MouseDown(int x, int y, int shift) {
     constexpr int WithShift = 1;
     if (Playback::IsPlaying()) return;
     const Drawing::Hit hit = Drawing::HitTest(Open.TabFile, Open.CurTrack, x, y);
+    Selection.Dragging = hit.OnBar;
     if (shift == WithShift) {
         if (hit.OnBar) SelectTo(hit.Bar);
         return;
@@ -145,25 +168,23 @@ void picDocument_MouseDown(int x, int y, int shift) {
         if (hit.PastLastBar && Open.CurBar == Core::NumberOfBars(Open.CurTrack)) picDocument_KeyDown(KeyRight, 0);
         return;
     }
-    Open.CurBar = hit.Bar;
-    Open.CurStrum = hit.Strum;
-    switch (hit.On) {
-        case Drawing::Hit::Place::OnString:
-            Open.CurString = hit.String;
-            Open.InputMode = Core::TabInput;
-            break;
-        case Drawing::Hit::Place::OnPitch:
-            Open.CurPitch = hit.Pitch;
-            Open.InputMode = Core::NotationInput;
-            break;
-        case Drawing::Hit::Place::OnLane:
-            Open.CurString = Open.CurPitch = hit.String;
-            Open.InputMode = Core::NotationInput;
-            break;
-        case Drawing::Hit::Place::Neither:
-            break;
-    }
-    if (Entry.RefreshPercussion) Entry.RefreshPercussion();
+    PlaceCursor(hit);
+}
+
+void picDocument_MouseMove(int x, int y) {
+    if (Playback::IsPlaying() || !Selection.Dragging) return;
+    const int bar = Drawing::NearestBar(CurrentTrack(Open), x, y);
+    if (bar >= 0) SelectTo(ToInt16(bar));
+}
+
+bool picDocument_MenuMouseDown(int x, int y) {
+    if (Playback::IsPlaying()) return false;
+    const Drawing::Hit hit = Drawing::HitTest(Open.TabFile, Open.CurTrack, x, y);
+    if (!hit.OnBar) return false;
+    const auto selected = SelectedBars();
+    if (selected && (hit.Bar < selected->From || hit.Bar > selected->To)) ClearSelection();
+    PlaceCursor(hit);
+    return true;
 }
 
 void ResetCursor(OpenDocument& open, int track) {

@@ -175,6 +175,7 @@ void picDocument_KeyDown(int keyCode, int shift) {
 
     const bool keep = UndoIsOn();
     UndoSlot before = keep ? Snapshot(Open) : UndoSlot{};
+    if (keep) before.TrackOrder = Playback::Player.Listening.Order(Open.TabFile.Tracks.Count());
     const bool couldUndo = keep && CanUndo(Undone);
     Entry.EditDone = false;
     Entry.EditDone = EnterKey(Open, key);

@@ -5,6 +5,7 @@
 #include "drawing/mod_PageLayout.h"
 #include "editing/mod_NoteEntry.h"
 #include "editing/mod_Undo.h"
+#include "playback/mod_TabPlayer.h"
 
 namespace Quillon::Editing {
 
@@ -27,7 +28,7 @@ void SetUndoLevels(UndoRing& ring, int levels) {
 }
 
 UndoSlot Snapshot(const Core::OpenDocument& open) {
-    UndoSlot slot{{}, open.CurPitch, open.CurTrack, open.CurBar, open.CurStrum, open.CurString, true};
+    UndoSlot slot{{}, open.CurPitch, open.CurTrack, open.CurBar, open.CurStrum, open.CurString, true, {}};
     slot.Doc.Edit() = open.TabFile;
     return slot;
 }
@@ -63,7 +64,9 @@ bool UndoIsOn() {
 bool CanUndo() { return UndoIsOn() && CanUndo(Undone); }
 
 void mnuEditUndo_Click() {
-    if (!UndoIsOn() || !Undo(Undone, Open)) return;
+    if (!CanUndo()) return;
+    Playback::Player.Listening.CameBack(Undone.UndoStack[Latest(Undone)].TrackOrder);
+    Undo(Undone, Open);
     Open.FileChanged = true;
     Drawing::Page.LayoutDirty = 1;
     if (Entry.DocumentRestored) Entry.DocumentRestored();

@@ -10,6 +10,13 @@ namespace Quillon::Editing {
 /// song plays.
 void picDocument_MouseDown(int x, int y, int shift = 0);
 
+/// The mouse was dragged to a point with its left button held: selects from the bar that was pressed, which is the
+/// cursor's, to the one under the mouse, or the nearest. Nothing when no bar was pressed, or while a song plays.
+void picDocument_MouseMove(int x, int y);
+/// The right button, or a second click: places the cursor as a click does, and keeps a selection that it lies in. False
+/// when there is nothing to open a menu for: no bar was hit, or a song plays.
+bool picDocument_MenuMouseDown(int x, int y);
+
 /// The arrows; true when the document grew. Up and down wrap around the strings in use (in notation input: around the
 /// pitches within reach, or the lanes). Right at a bar's last strum goes on to the next bar when the bar is exactly
 /// full, making one at the end of the piece; grows a bar that is under; and stays, with a message, in one that is over.

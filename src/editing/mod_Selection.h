@@ -14,6 +14,7 @@ struct BarRange {
 
 struct SelectionState {
     std::optional<BarRange> Bars;
+    bool Dragging = false;  ///< the mouse was pressed on the cursor's bar and may be dragged from there
 };
 extern SelectionState Selection;
 

@@ -19,6 +19,7 @@ struct UndoSlot {
     std::int16_t Strum = 0;
     std::int16_t String = 0;
     bool Valid = false;
+    std::vector<int> TrackOrder;  ///< see Playback::ListeningState::Order
 };
 
 /// UndoLevels + 1 slots, so that many steps can be undone. UndoPos is the slot that the next step goes to; steps go

@@ -3,7 +3,6 @@
 #include <QAction>
 #include <QCloseEvent>
 #include <QComboBox>
-#include <QDockWidget>
 #include <QDragEnterEvent>
 #include <QElapsedTimer>
 #include <QFileDialog>
@@ -71,12 +70,14 @@ frmMain::frmMain() {
     BuildPlaying();
     connect(document, &picDocument::Drawn, this, [this] {
         FillStatus();
+        ShowBoards();
         if (!Shell::Sound.Playing) ShowStates();  // they may hang on the bar of the cursor
         if (painted) return;
         painted = true;
         // Behind the paint event that runs now.
         QTimer::singleShot(0, this, &frmMain::FirstPainted);
     });
+    connect(document, &picDocument::MenuAsked, this, &frmMain::ShowRightMenu);
     connect(document, &picDocument::ZoomAsked, this, [](int steps) { Shell::ZoomBy(steps); });
     tmrRecovery = new QTimer(this);
     tmrRecovery->setInterval(Shell::RecoveryTick);
@@ -131,8 +132,7 @@ void frmMain::UpdateCommands() {
     ShowStates();
     ShowMenus();
     ShowToolbars();
-    dockMixTable->setVisible(Shell::Program.MixTableVisible);
-    mixTable->ShowCurrent();
+    ShowDocks();
     percAssistant->ShowIf(Shell::PercAssistantShows());
     if (cmbTrack->currentIndex() != Open.CurTrack) {
         const QSignalBlocker quiet(cmbTrack);
@@ -163,7 +163,7 @@ void frmMain::RestorePlaces() {
     DockToolbars();
     ShowToolbars();
     ArrangeToolbars();
-    dockMixTable->setVisible(Shell::Program.MixTableVisible);
+    ShowDocks();
 }
 
 void frmMain::KeepPlaces() {

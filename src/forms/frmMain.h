@@ -33,6 +33,9 @@ class picDocument;
 class WorkProgress;
 class ntne_frmPercAssTAB;
 class picMixTable;
+class picFretboard;
+class picPiano;
+class picBoard;
 
 class frmMain : public QMainWindow, public Shell::ShellView, public Shell::Dialogs {
     Q_OBJECT
@@ -98,6 +101,13 @@ private:
     void BuildMenus();
     void BuildStatusBar();
     void BuildPlaying();
+    void BuildTrackList();
+    void BuildBoards();
+    QDockWidget* BuildBoard(picBoard* board, const char* name);
+    void ShowDocks();
+    void ShowBoards();
+    void ShowRightMenu(QPoint point);
+    void SetBoardTexts();
     void ShowMenus();
     QMenu* MenuOf(std::string_view path);
     QToolBar* ToolBarOf(std::string_view name);
@@ -134,6 +144,11 @@ private:
     picMixTable* mixTable = nullptr;
     ntne_frmPercAssTAB* percAssistant = nullptr;
     QDockWidget* dockMixTable = nullptr;
+    picFretboard* fretboard = nullptr;
+    QDockWidget* dockFretboard = nullptr;
+    picPiano* piano = nullptr;
+    QDockWidget* dockPiano = nullptr;
+    QMenu* picRightMenu = nullptr;
     std::unique_ptr<QTranslator> libraryTexts;  // of the file and colour dialogs, which the library brings
     bool closing = false;
     bool painted = false;

@@ -3,7 +3,6 @@
 #include <QActionGroup>
 #include <QComboBox>
 #include <QCoreApplication>
-#include <QDockWidget>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLibraryInfo>
@@ -21,7 +20,6 @@
 #include "forms/frmMain.h"
 #include "forms/ntne_frmPercAssTAB.h"
 #include "forms/picDocument.h"
-#include "forms/picMixTable.h"
 #include "shell/Commands.h"
 #include "shell/GoCommands.h"
 #include "shell/Toolbars.h"
@@ -181,8 +179,7 @@ void frmMain::LanguageChanged() {
     sldZoom->setAccessibleName(Text("str_Zoom"));
     cmdZoom->setToolTip(Text("str_ZoomReset"));
     cmdZoom->setAccessibleName(Text("str_ZoomReset"));
-    dockMixTable->setWindowTitle(Text("str_MixTableTitle"));
-    mixTable->SetTexts();
+    SetBoardTexts();
     percAssistant->SetTexts();
     Shell::UpdateGotoPoints();
     FillStatus();

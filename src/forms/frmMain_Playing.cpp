@@ -1,6 +1,5 @@
 // What the main window shows of playing, and the list of tracks.
 #include <QAction>
-#include <QDockWidget>
 #include <QEvent>
 #include <QKeyEvent>
 #include <QLabel>
@@ -16,7 +15,6 @@
 #include "forms/frmMain.h"
 #include "forms/ntne_frmPercAssTAB.h"
 #include "forms/picDocument.h"
-#include "forms/picMixTable.h"
 #include "shell/mod_Shell.h"
 #include "shell/mod_Sound.h"
 
@@ -37,22 +35,12 @@ void frmMain::BuildPlaying() {
     work = new WorkProgress(this);
     statusBar()->insertPermanentWidget(1, work);
     work->hide();
-    mixTable = new picMixTable(this);
-    dockMixTable = new QDockWidget(this);
-    dockMixTable->setObjectName("dockMixTable");
-    dockMixTable->setWidget(mixTable);
-    dockMixTable->setVisible(false);
-    addDockWidget(Qt::LeftDockWidgetArea, dockMixTable);
-    resizeDocks({dockMixTable}, {290}, Qt::Horizontal);
+    BuildTrackList();
+    BuildBoards();
     percAssistant = new ntne_frmPercAssTAB(this);
     connect(percAssistant, &ntne_frmPercAssTAB::Done, this, [this] {
         activateWindow();
         document->setFocus();
-    });
-    // Closed by its own button; not when the whole window goes.
-    connect(dockMixTable->toggleViewAction(), &QAction::triggered, this, [this](bool visible) {
-        Shell::Program.MixTableVisible = visible;
-        UpdateCommands();
     });
 }
 
@@ -75,6 +63,7 @@ void frmMain::PlayingStarts() {
 void frmMain::PlayingStopped() {
     tmrPlayPlace->stop();
     document->MovePlayMarker();
+    ShowBoards();
     document->SetScrolling(true);
     sldZoom->setEnabled(true);
     cmdZoom->setEnabled(true);
@@ -85,7 +74,10 @@ void frmMain::PlayingStopped() {
 
 void frmMain::ScrollToBar(int bar) { document->ScrollToBar(bar); }
 
-void frmMain::MovePlayMarker() { document->MovePlayMarker(); }
+void frmMain::MovePlayMarker() {
+    document->MovePlayMarker();
+    ShowBoards();
+}
 
 void frmMain::BeginWork(const std::string& text) {
     ShowStatus("");

@@ -1,12 +1,14 @@
 #include "forms/picDocument.h"
 
 #include <QAccessible>
+#include <QApplication>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
 #include <algorithm>
 #include <cmath>
 
+#include "core/mod_TabFileStructure.h"
 #include "drawing/mod_HighLevelDrawing.h"
 #include "drawing/mod_PageLayout.h"
 #include "editing/mod_Cursor.h"
@@ -28,6 +30,8 @@ namespace {
 
 constexpr int VerticalUnit = 8;     // document pixels of one step of VScroll1
 constexpr int HorizontalUnit = 10;  // and of HScroll1
+constexpr int DragTick = 40;        // ms from one scroll to the next
+constexpr int DragEdge = 12;        // pixels of the view's edge in which a drag scrolls
 
 bool IsModifier(int key) {
     return key == Qt::Key_Shift || key == Qt::Key_Control || key == Qt::Key_Alt || key == Qt::Key_Meta ||
@@ -47,6 +51,9 @@ picDocument::picDocument(QWidget* parent) : QAbstractScrollArea(parent), marker(
     horizontalScrollBar()->setObjectName("HScroll1");
     verticalScrollBar()->setSingleStep(5);
     horizontalScrollBar()->setSingleStep(4);
+    tmrDrag = new QTimer(this);
+    tmrDrag->setInterval(DragTick);
+    connect(tmrDrag, &QTimer::timeout, this, &picDocument::tmrDrag_Timer);
 }
 
 void picDocument::Redraw(bool followCursor) {
@@ -175,16 +182,77 @@ void picDocument::mousePressEvent(QMouseEvent* event) {
         viewport()->setCursor(Qt::ClosedHandCursor);
         return;
     }
+    if (event->button() == Qt::RightButton) return AskMenu(*event);
     if (event->button() != Qt::LeftButton) return QAbstractScrollArea::mousePressEvent(event);
     Settle();
-    const int x = static_cast<int>(std::floor(event->position().x() / zoom));
-    const int y = static_cast<int>(std::floor(event->position().y() / zoom));
+    const QPoint at = ToDocument(event->position());
     const int shift = ShiftState(event->modifiers());
-    Shell::Guarded([x, y, shift] { Editing::picDocument_MouseDown(x, y, shift); });
+    Shell::Guarded([at, shift] { Editing::picDocument_MouseDown(at.x(), at.y(), shift); });
+    pressed = event->position();
     Redraw();
 }
 
+QPoint picDocument::ToDocument(QPointF point) const {
+    return {static_cast<int>(std::floor(point.x() / zoom)), static_cast<int>(std::floor(point.y() / zoom))};
+}
+
+void picDocument::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton && !(event->modifiers() & Qt::ShiftModifier)) return AskMenu(*event);
+    mousePressEvent(event);
+}
+
+/// The press or the key asked for it already.
+void picDocument::contextMenuEvent(QContextMenuEvent* event) { event->accept(); }
+
+void picDocument::AskMenu(const QMouseEvent& event) {
+    Settle();
+    const QPoint at = ToDocument(event.position());
+    bool asked = false;
+    Shell::Guarded([&] { asked = Editing::picDocument_MenuMouseDown(at.x(), at.y()); });
+    Redraw();
+    if (asked) Q_EMIT MenuAsked(event.globalPosition().toPoint());
+}
+
+void picDocument::AskMenuAtCursor() {
+    using Core::Open;
+    Redraw();
+    Settle();
+    const auto place = Shell::PlayMarkerPlace(Open.CurTrack, Open.CurBar, Open.CurStrum);
+    QPoint at = viewport()->rect().center();
+    if (place) at = QPointF((place->X + place->Width) * zoom, (place->Top + place->Height) * zoom).toPoint();
+    Q_EMIT MenuAsked(viewport()->mapToGlobal(at));
+}
+
+/// A drag selects once it is meant as one.
+void picDocument::DragTo(QPointF point) {
+    if (!pressed) return;
+    dragged = point;
+    if (!tmrDrag->isActive() && (point - *pressed).manhattanLength() < QApplication::startDragDistance()) return;
+    const QPoint at = ToDocument(point);
+    Shell::Guarded([at] { Editing::picDocument_MouseMove(at.x(), at.y()); });
+    viewport()->update();
+    const bool inside = viewport()->rect().adjusted(DragEdge, DragEdge, -DragEdge, -DragEdge).contains(point.toPoint());
+    if (inside) tmrDrag->stop();
+    if (!inside && !tmrDrag->isActive() && Editing::Selection.Dragging) tmrDrag->start();
+}
+
+void picDocument::tmrDrag_Timer() {
+    // The farther out, the faster.
+    const auto units = [](double at, int size, int unit) {
+        const double beyond = at < DragEdge ? at - DragEdge : std::max(0.0, at - (size - DragEdge));
+        return static_cast<int>(std::clamp(beyond / unit, -8.0, 8.0));
+    };
+    if (!scrolling) return tmrDrag->stop();
+    const int down = units(dragged.y(), viewport()->height(), VerticalUnit);
+    const int across = units(dragged.x(), viewport()->width(), HorizontalUnit);
+    verticalScrollBar()->setValue(verticalScrollBar()->value() + down);
+    if (horizontalScrollBar()->maximum() > 0) horizontalScrollBar()->setValue(horizontalScrollBar()->value() + across);
+    Settle();
+    DragTo(dragged);
+}
+
 void picDocument::mouseMoveEvent(QMouseEvent* event) {
+    if (event->buttons() & Qt::LeftButton) return DragTo(event->position());
     if (!scrolling || !(event->buttons() & Qt::MiddleButton)) return;
     const QPointF moved = QPointF(event->pos() - panFrom) / zoom;
     horizontalScrollBar()->setValue(panScroll.x() - static_cast<int>(std::lround(moved.x() / HorizontalUnit)));
@@ -193,6 +261,9 @@ void picDocument::mouseMoveEvent(QMouseEvent* event) {
 
 void picDocument::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() == Qt::MiddleButton) viewport()->setCursor(Qt::IBeamCursor);
+    if (event->button() != Qt::LeftButton || !pressed) return;
+    pressed.reset();
+    tmrDrag->stop();
 }
 
 void picDocument::wheelEvent(QWheelEvent* event) {
@@ -217,6 +288,8 @@ void picDocument::keyPressEvent(QKeyEvent* event) {
         if (!event->isAutoRepeat() && !IsModifier(event->key())) Editing::picDocument_KeyDown(code, 0);
         return event->accept();
     }
+    const bool shiftAlone = (event->modifiers() & ~Qt::KeypadModifier) == Qt::ShiftModifier;
+    if (event->key() == Qt::Key_Menu || (event->key() == Qt::Key_F10 && shiftAlone)) return AskMenuAtCursor();
     if (code == 0) return QAbstractScrollArea::keyPressEvent(event);
     Settle();
     const int shift = ShiftState(event->modifiers());

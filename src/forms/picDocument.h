@@ -6,6 +6,7 @@
 
 #include <QAbstractScrollArea>
 #include <QImage>
+#include <QTimer>
 #include <optional>
 
 namespace Quillon::Forms {
@@ -40,6 +41,8 @@ Q_SIGNALS:
     void Drawn();
     /// Ctrl with the wheel: so many steps up, or down when negative.
     void ZoomAsked(int steps);
+    /// The cursor stands where the menu of its note is asked for; the point is on the screen.
+    void MenuAsked(QPoint point);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -47,6 +50,8 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
@@ -56,6 +61,11 @@ private:
     void ShowScrollBars();
     void TellScreenReader();
     void PaintSelection(QPainter& painter) const;
+    QPoint ToDocument(QPointF point) const;
+    void AskMenu(const QMouseEvent& event);
+    void AskMenuAtCursor();
+    void DragTo(QPointF point);
+    void tmrDrag_Timer();
 
     picPlayMarker* marker;
     QImage backing;
@@ -66,7 +76,10 @@ private:
     double zoom = 1;
     int wheelRest = 0;  ///< eighths of a degree turned towards the next zoom step
     std::optional<QPointF> zoomPoint;
-    QPoint panFrom;  ///< of a drag with the middle button
+    QTimer* tmrDrag;                 ///< scrolls while bars are selected beyond the view's edge
+    std::optional<QPointF> pressed;  ///< with the left button, until it is let go
+    QPointF dragged;                 ///< where the mouse has come since
+    QPoint panFrom;                  ///< of a drag with the middle button
     QPoint panScroll;
     QString spoken;  ///< the cursor's place as last told to screen readers
 };

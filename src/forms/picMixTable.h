@@ -1,7 +1,8 @@
-// The list of the tracks beside the paper: number, name, instrument and volume.
+// The list of the tracks beside the paper: number, name, instrument, volume, and what is heard.
 #pragma once
 
 #include <QTreeWidget>
+#include <optional>
 
 namespace Quillon::Forms {
 
@@ -12,7 +13,7 @@ public:
     explicit picMixTable(QWidget* parent = nullptr);
     /// Takes the tracks of the open document anew.
     void Fill();
-    /// Marks the current track's row.
+    /// Marks the current track's row; shows volumes and what is heard.
     void ShowCurrent();
     void SetTexts();
 
@@ -25,6 +26,13 @@ protected:
 
 private:
     int ScrollPosition() const;
+    void ShowStates();
+    /// What a click beside the names does; false when it picks the track.
+    bool PressOnColumn(QPoint at);
+    void DragVolume(int x);
+    void AddToVolume(int by);
+
+    std::optional<int> dragged;  ///< the track whose volume follows the mouse
 };
 
 }  // namespace Quillon::Forms

@@ -51,20 +51,22 @@ void StepTremBend(const EffectStage& stage, int index) {
 void PlayBend(const EffectStage& stage, const EffectNote& note) {
     const std::int16_t channel = stage.TrackOf(note.At).EffectChannel;
     PlayNote(ShiftedPitch(stage, note), NoteOf(stage, note).Harmonic, channel, note.Velocity, false);
-    const int index = TakeElement(stage.Timers.tmrBend, stage.Arrays.Bends, [&](EffectArrays::Bend& bend) {
-        bend = {0, NoteOf(stage, note).BendPoints.Read(), channel};
-    });
+    const int index =
+        TakeElement(stage.Timers.tmrBend, stage.Arrays.Bends, note.At.Track, [&](EffectArrays::Bend& bend) {
+            bend = {0, NoteOf(stage, note).BendPoints.Read(), channel};
+        });
     StartTimer(stage.Timers.tmrBend[index], stage.Tick() * stage.Strum64(note.At) / (25 / Stride));
     StepBend(stage, index);
 }
 
 void PlayTremBend(const EffectStage& stage, const StrumPlace& at) {
-    const int index = TakeElement(stage.Timers.tmrTremBend, stage.Arrays.TremBends, [&](EffectArrays::Bend& bend) {
-        bend.Position = 0;
-        bend.Channel = stage.TrackOf(at).EffectChannel;
-        const auto& points = stage.StrumOf(at).TremPoints.Read();
-        for (int i = 0; i < Core::TremPointCount; ++i) bend.Curve[i] = points[i];
-    });
+    const int index =
+        TakeElement(stage.Timers.tmrTremBend, stage.Arrays.TremBends, at.Track, [&](EffectArrays::Bend& bend) {
+            bend.Position = 0;
+            bend.Channel = stage.TrackOf(at).EffectChannel;
+            const auto& points = stage.StrumOf(at).TremPoints.Read();
+            for (int i = 0; i < Core::TremPointCount; ++i) bend.Curve[i] = points[i];
+        });
     StartTimer(stage.Timers.tmrTremBend[index], stage.Tick() * stage.Strum64(at) / (24 / Stride));
     StepTremBend(stage, index);
 }

@@ -41,10 +41,11 @@ void PlayGraceNote(const EffectStage& stage, const EffectNote& note) {
     const bool dead = owner.GraceFret == "x";
     if (!owner.HasGrace || (!dead && !IsNumeric(owner.GraceFret))) return;
     const double open = Core::OpenPitch(track, note.String) + note.Octave;
-    const int index = TakeElement(stage.Timers.tmrGrace, stage.Arrays.Graces, [&](EffectArrays::Grace& grace) {
-        grace = {dead ? open : Core::RoundHalfEven(open + ValueOf(owner.GraceFret)),
-                 static_cast<std::uint8_t>(dead ? 1 : 0), track.Channel, GraceVelocity(track, owner.GraceDynamic)};
-    });
+    const int index =
+        TakeElement(stage.Timers.tmrGrace, stage.Arrays.Graces, note.At.Track, [&](EffectArrays::Grace& grace) {
+            grace = {dead ? open : Core::RoundHalfEven(open + ValueOf(owner.GraceFret)),
+                     static_cast<std::uint8_t>(dead ? 1 : 0), track.Channel, GraceVelocity(track, owner.GraceDynamic)};
+        });
     // By the ticks as they run now, unlike the other effects: it sounds its own length before the next strum.
     const double ticks = stage.Strum64(note.At) - GraceLength(owner.GraceDuration);
     StartTimer(stage.Timers.tmrGrace[index], stage.Timers.PlayTimer.Interval() * ticks);

@@ -15,10 +15,11 @@ State& ElementOf(std::vector<State>& states, int index) {
     return states[at];
 }
 
-/// Takes the first free element of a pool and lets `fill` set its state.
+/// Takes the first free element of a pool for a note of `track` and lets `fill` set its state.
 template <class State, class Fill>
-int TakeElement(TimerPool& pool, std::vector<State>& states, const Fill& fill) {
+int TakeElement(TimerPool& pool, std::vector<State>& states, int track, const Fill& fill) {
     const int index = pool.Take();
+    pool.SetTrack(index, track);
     pool[index].SetEnabled(false);
     fill(ElementOf(states, index));
     return index;

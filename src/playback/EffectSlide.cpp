@@ -34,10 +34,11 @@ void PlaySlide(const EffectStage& stage, const EffectNote& note) {
     const double from = ValueOf(fromText) + shift;
     const double to = ValueOf(toText) + shift;
     const double steps = std::abs(Core::RoundHalfEven(to - from));
-    const int index = TakeElement(stage.Timers.tmrSlide, stage.Arrays.Slides, [&](EffectArrays::Slide& slide) {
-        // Compared as texts: "100" sorts below "98", and such a slide goes down. This is meant.
-        slide = {Core::CLng(steps), TextOf(to) > TextOf(from), track.EffectChannel, from, note.Velocity};
-    });
+    const int index =
+        TakeElement(stage.Timers.tmrSlide, stage.Arrays.Slides, note.At.Track, [&](EffectArrays::Slide& slide) {
+            // Compared as texts: "100" sorts below "98", and such a slide goes down. This is meant.
+            slide = {Core::CLng(steps), TextOf(to) > TextOf(from), track.EffectChannel, from, note.Velocity};
+        });
     if (steps == 0) return;
     StartTimer(stage.Timers.tmrSlide[index], stage.Tick() * stage.Strum64(note.At) / steps);
 }

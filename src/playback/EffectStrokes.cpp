@@ -21,10 +21,11 @@ void StepTremPick(const EffectStage& stage, int index) {
 void PlayTremoloPicking(const EffectStage& stage, const EffectNote& note) {
     const int speed = StrokeSpeed(NoteOf(stage, note).Technique - Core::TremoloPicking8ths);
     const double length = stage.Strum64(note.At);
-    const int index = TakeElement(stage.Timers.tmrTremPick, stage.Arrays.TremPicks, [&](EffectArrays::TremPick& pick) {
-        pick = {ShiftedPitch(stage, note), stage.TrackOf(note.At).EffectChannel, note.Velocity,
-                Core::CLng(length / speed)};
-    });
+    const int index =
+        TakeElement(stage.Timers.tmrTremPick, stage.Arrays.TremPicks, note.At.Track, [&](EffectArrays::TremPick& pick) {
+            pick = {ShiftedPitch(stage, note), stage.TrackOf(note.At).EffectChannel, note.Velocity,
+                    Core::CLng(length / speed)};
+        });
     StartTimer(stage.Timers.tmrTremPick[index], stage.Tick() * speed);
     StepTremPick(stage, index);
 }
@@ -50,14 +51,15 @@ void PlayTrill(const EffectStage& stage, const EffectNote& note) {
     if (speed == 0) return;
     // From the standard pitch: the track's tuning is not applied to trills. This is meant.
     const double open = Core::DefaultStringPitch(note.String) + note.Octave;
-    const int index = TakeElement(stage.Timers.tmrTrill, stage.Arrays.Trills, [&](EffectArrays::Trill& trill) {
-        trill = {Core::CLng(2 * (stage.Strum64(note.At) / speed)),
-                 open + ValueOf(written.Fret),
-                 open + written.TrillFret,
-                 false,
-                 stage.TrackOf(note.At).EffectChannel,
-                 note.Velocity};
-    });
+    const int index =
+        TakeElement(stage.Timers.tmrTrill, stage.Arrays.Trills, note.At.Track, [&](EffectArrays::Trill& trill) {
+            trill = {Core::CLng(2 * (stage.Strum64(note.At) / speed)),
+                     open + ValueOf(written.Fret),
+                     open + written.TrillFret,
+                     false,
+                     stage.TrackOf(note.At).EffectChannel,
+                     note.Velocity};
+        });
     StartTimer(stage.Timers.tmrTrill[index], stage.Tick() * speed / 2);
     StepTrill(stage, index);
 }

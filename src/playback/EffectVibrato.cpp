@@ -28,12 +28,13 @@ void StepVibrato(const EffectStage& stage, int index) {
 }
 
 void PlayVibrato(const EffectStage& stage, const StrumPlace& at, bool wide) {
-    const int index = TakeElement(stage.Timers.tmrVibrato, stage.Arrays.Vibratos, [&](EffectArrays::Vibrato& vibrato) {
-        // The side stays as the element's last use left it.
-        vibrato.StepsLeft = stage.Settings.VibratoCount;
-        vibrato.Wide = wide;
-        vibrato.Channel = stage.TrackOf(at).EffectChannel;
-    });
+    const int index =
+        TakeElement(stage.Timers.tmrVibrato, stage.Arrays.Vibratos, at.Track, [&](EffectArrays::Vibrato& vibrato) {
+            // The side stays as the element's last use left it.
+            vibrato.StepsLeft = stage.Settings.VibratoCount;
+            vibrato.Wide = wide;
+            vibrato.Channel = stage.TrackOf(at).EffectChannel;
+        });
     StartTimer(stage.Timers.tmrVibrato[index], stage.Tick() * stage.Strum64(at) / stage.Settings.VibratoCount);
     StepVibrato(stage, index);
 }

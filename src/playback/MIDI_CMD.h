@@ -7,6 +7,8 @@
 namespace Quillon::Playback {
 
 constexpr std::int16_t PercussionChannel = 9;
+/// The pitch of a drum sound is its number in the list of sounds plus this.
+constexpr int DrumPitchBase = 34;
 /// High byte of the pitch wheel at rest.
 constexpr std::int16_t WheelCentre = 64;
 

@@ -32,7 +32,6 @@ void PlaySymbol(const Core::Track& track, const Core::Strum& chord) {
 }
 
 void PlayDrums(const Core::Track& track, const Core::Strum& strum) {
-    constexpr int FirstDrumPitch = 34;
     for (int string = 0; string < StringsInUse(track); ++string) {
         const Core::Note& note = strum.Notes[string];
         if (note.Fret.empty()) continue;
@@ -41,7 +40,7 @@ void PlayDrums(const Core::Track& track, const Core::Strum& strum) {
             const std::int16_t sound = track.PercStrings[string].*letter.Sound;
             if (sound == 0) break;
             Skipping(
-                [&] { MidiNoteOn(PercussionChannel, Core::ToInt16(sound + FirstDrumPitch), getVolume(track, note)); });
+                [&] { MidiNoteOn(PercussionChannel, Core::ToInt16(sound + DrumPitchBase), getVolume(track, note)); });
             break;
         }
     }

@@ -153,6 +153,7 @@ void TrackTick::FollowSigns() {
 }
 
 void TrackTick::Damp() {
+    if (!player.Listening.Hears(track)) return;
     const Core::Track& own = stage.File().Tracks[track];
     if (own.Reverb) return;
     const bool first = player.PlayBar == 0 && playStrum == 0;
@@ -171,6 +172,7 @@ void TrackTick::Sound(const Core::Strum& strum) {
         if (previous.Hash != 1) player.LastChord = previous;
         if (strum.HasChord) player.LastChord = strum;
     }
+    if (!player.Listening.Hears(track)) return;
     SoundStrum(stage, Place(), strum.Hash == 1 ? player.LastChord : strum, false, strum.Stroke == 1);
 }
 

@@ -69,6 +69,29 @@ void Stop(const PlayStage& stage) {
     if (played && stage.Player.View) stage.Player.View->PlayingStopped();
 }
 
+void Silence(const PlayStage& stage, int track) {
+    if (!stage.Player.Memory) return;
+    stage.Player.Memory->StopEffectsOf(track);
+    const Core::Track& silent = stage.File().Tracks[track];
+    const auto channelOf = [](const Core::Track& each) { return each.IsDrum ? PercussionChannel : each.Channel; };
+    const auto isShared = [&](std::int16_t channel) {
+        for (int other = 0; other <= stage.File().Tracks.UpperBound(); ++other) {
+            const Core::Track& each = stage.File().Tracks[other];
+            const bool uses = channelOf(each) == channel || (!each.IsDrum && each.EffectChannel == channel);
+            if (uses && stage.Player.Listening.Hears(other)) return true;
+        }
+        return false;
+    };
+    const auto end = [&](std::int16_t channel) {
+        if (isShared(channel)) return;
+        Skipping([&] { MidiChannelOff(channel); });
+    };
+    end(channelOf(silent));
+    if (silent.IsDrum || isShared(silent.EffectChannel)) return;
+    end(silent.EffectChannel);
+    Skipping([&] { MidiPitchWheel(silent.EffectChannel, 0, WheelCentre); });  // no bend is left to bring it back
+}
+
 void Click(const PlayStage& stage) {
     PlayerState& player = stage.Player;
     if (!player.Memory || !player.Memory->tmrMetronome.Enabled()) return;

@@ -24,6 +24,8 @@ void Start(const PlayStage& stage, std::int16_t startBar, std::int16_t endBar);
 void Stop(const PlayStage& stage);
 /// One 64th of every track.
 void Tick(const PlayStage& stage);
+/// Ends what sounds of a track, unless a track that is heard shares its channels.
+void Silence(const PlayStage& stage, int track);
 /// One click of the metronome, or the end of the count-in.
 void Click(const PlayStage& stage);
 /// Writes the interval of the ticks by a tempo; one that gives no interval leaves it.

@@ -24,6 +24,18 @@ PlayStage Stage() { return {Core::Open, Core::Settings, Player, Effects}; }
 
 std::int16_t LastBar() { return Core::ToInt16(Core::Open.TabFile.BarInfos.UpperBound()); }
 
+/// Makes a choice and silences what is not heard any more.
+template <class Choose>
+void Listen(const Choose& choose) {
+    const int tracks = Core::Open.TabFile.Tracks.Count();
+    std::vector<bool> heard;
+    for (int track = 0; track < tracks; ++track) heard.push_back(Player.Listening.Hears(track));
+    choose();
+    for (int track = 0; track < tracks; ++track) {
+        if (heard[static_cast<std::size_t>(track)] && !Player.Listening.Hears(track)) Silence(Stage(), track);
+    }
+}
+
 /// Hands a step to an element while there is one: a message may come after the stop.
 void Handle(void (*step)(const EffectStage&, int), int index) {
     const PlayStage* const heard = AuditionStage();
@@ -62,6 +74,14 @@ void StartSpeedTrainer(const TrainerFields& fields) {
     Player.Trainer.Running = true;
     PlayTab(trainer.FromBar, LastBar());
     SetTempo(Stage(), trainer.Tempo);
+}
+
+void SetMute(int track, bool on) {
+    Listen([&] { Player.Listening.SetMute(track, on); });
+}
+
+void SetSolo(int track, bool on) {
+    Listen([&] { Player.Listening.SetSolo(track, on); });
 }
 
 void PlayTimer_Timer() { Tick(Stage()); }

@@ -23,6 +23,7 @@ TimerPool::TimerPool(Handler timer) : handler(timer) { Load(); }
 
 void TimerPool::Load() {
     const int index = Count();
+    tracks.push_back(0);
     SetUp(*elements.emplace_back(std::make_unique<ctlHiPreTimer>([act = handler, index] { act(index); })));
 }
 
@@ -31,6 +32,12 @@ int TimerPool::Take() {
     const auto index = static_cast<int>(found - elements.begin());
     if (index == Count()) Load();
     return index;
+}
+
+void TimerPool::StopOf(int track) {
+    for (std::size_t i = 0; i < elements.size(); ++i) {
+        if (tracks[i] == track) elements[i]->SetEnabled(false);
+    }
 }
 
 int TimerPool::Running() const {
@@ -49,6 +56,12 @@ frmPlayMemory::frmPlayMemory()
       tmrGrace(&tmrGrace_Timer) {
     SetUp(PlayTimer);
     SetUp(tmrMetronome);
+}
+
+void frmPlayMemory::StopEffectsOf(int track) {
+    for (TimerPool* pool : {&tmrBend, &tmrTremBend, &tmrVibrato, &tmrSlide, &tmrTremPick, &tmrTrill, &tmrGrace}) {
+        pool->StopOf(track);
+    }
 }
 
 }  // namespace Quillon::Playback

@@ -18,6 +18,10 @@ public:
     explicit TimerPool(Handler timer);
     /// Index of the first element that is not enabled, a new one when all are.
     int Take();
+    /// Says whose note an element works on, for StopOf.
+    void SetTrack(int index, int track) { tracks.at(static_cast<std::size_t>(index)) = track; }
+    /// Stops what works on a track.
+    void StopOf(int track);
     ctlHiPreTimer& operator[](int index) { return *elements.at(static_cast<std::size_t>(index)); }
     int Count() const { return static_cast<int>(elements.size()); }
     int Running() const;
@@ -27,6 +31,7 @@ private:
 
     Handler handler;
     std::vector<std::unique_ptr<ctlHiPreTimer>> elements;
+    std::vector<int> tracks;
 };
 
 struct frmPlayMemory {
@@ -41,6 +46,9 @@ struct frmPlayMemory {
     TimerPool tmrTremPick;
     TimerPool tmrTrill;
     TimerPool tmrGrace;
+
+    /// The effects that go on for a track end here and now.
+    void StopEffectsOf(int track);
 };
 
 }  // namespace Quillon::Playback

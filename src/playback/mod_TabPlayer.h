@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "core/mod_TabFileStructure.h"
+#include "playback/mod_Listening.h"
 
 namespace Quillon::Playback {
 
@@ -68,6 +69,7 @@ struct PlayerState {
     double TempoInUse = 0;       ///< that the interval of the ticks was worked out from
     bool ToldPlaysOn = false;
     SpeedTrainer Trainer;
+    ListeningState Listening;  ///< of the open document; a track that is not heard keeps time and sends nothing
     std::unique_ptr<frmPlayMemory> Memory;  ///< the timers, there while playing
     PlayView* View = nullptr;
 
@@ -99,6 +101,10 @@ struct TrainerFields {
 /// Takes the fields, plays from the first bar of the loop on, and keeps the trainer running until its loops are spent.
 /// Raises "Type mismatch" or "Overflow" for a field that is no number.
 void StartSpeedTrainer(const TrainerFields& fields);
+
+/// Takes a choice of what is heard. What sounds of a track that is not heard any more ends at once.
+void SetMute(int track, bool on);
+void SetSolo(int track, bool on);
 
 void PlayTimer_Timer();
 void tmrMetronome_Timer();

@@ -34,5 +34,6 @@ std::span<const Command> BarCommandRows();
 std::span<const Command> ClipboardCommandRows();
 std::span<const Command> GoCommandRows();
 std::span<const Command> TrackCommandRows();
+std::span<const Command> BoardCommandRows();
 
 }  // namespace Quillon::Shell

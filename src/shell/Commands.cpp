@@ -278,7 +278,7 @@ std::ptrdiff_t MenuIndex(const Command& command) {
 std::vector<Command> AllRows() {
     std::vector<Command> rows(std::begin(Table), std::end(Table));
     for (const auto& more : {NoteCommandRows(), ChordCommandRows(), EffectCommandRows(), BarCommandRows(),
-                             ClipboardCommandRows(), GoCommandRows(), TrackCommandRows()}) {
+                             ClipboardCommandRows(), GoCommandRows(), TrackCommandRows(), BoardCommandRows()}) {
         rows.insert(rows.end(), more.begin(), more.end());
     }
     std::vector<std::string_view> toolbars;

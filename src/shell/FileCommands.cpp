@@ -75,6 +75,7 @@ void SetWindowCaption() { Program.View->SetCaption(WindowCaption()); }
 void DocumentReplaced() {
     Program.PasswordGiven = false;
     Editing::ClearUndo();
+    Playback::Player.Listening = {};
     Editing::ResetCursor(Open);
     Editing::ClearSelection();
     Drawing::View.VScroll = Drawing::View.HScroll = 0;

@@ -4,10 +4,12 @@
 
 #include "core/mod_Common.h"
 #include "core/mod_Language.h"
+#include "core/mod_Settings.h"
 #include "core/mod_TabFileManipulation.h"
 #include "drawing/mod_PageLayout.h"
 #include "editing/mod_Selection.h"
 #include "playback/mod_TabPlayer.h"
+#include "shell/Boards.h"
 #include "shell/mod_Shell.h"
 #include "shell/mod_Sound.h"
 
@@ -35,6 +37,7 @@ struct PlayWatch : Playback::PlayView {
         bool operator==(const Shown&) const = default;
     };
     Shown Place;
+    SoundingStrings Sounding;
 
     void PlayingStarts() override {
         Sound.Playing = true;
@@ -42,6 +45,7 @@ struct PlayWatch : Playback::PlayView {
         Drawing::Page.LayoutDirty = 1;
         Marker = {};
         Place = {};
+        Sounding = {};
         Program.View->PlayingStarts();
     }
     void PlayingStopped() override {
@@ -53,6 +57,7 @@ struct PlayWatch : Playback::PlayView {
     void ScrollToBar(int bar) override { Program.View->ScrollToBar(bar); }
     void MoveMarker(int track, int bar, int strum) override {
         Marker = {track, bar, strum};
+        Sounding.Reach(Open.TabFile, {track, bar, strum}, Player.LastChord);
         Program.View->MovePlayMarker();
     }
     void PlaysOn() override { Program.View->ShowStatus(Core::LanguageText("str_PlaysOn")); }
@@ -104,6 +109,15 @@ std::optional<MarkerPlace> PlayMarkerPlace(int track, int bar, int strum) {
     marker.Width = 2 * Left + 1;
     marker.Height = std::max(Drawing::RowHeight(shown), marker.AnchorY - place.BarY) + 2 * Reach;
     return marker;
+}
+
+std::vector<BoardNote> BoardNow() {
+    if (!CursorIsOnStrum()) return {};
+    const bool follows = Sound.Playing && Core::Settings.FollowTabPlayback;
+    // The track's rests and a track chosen just now show what sounds too: nothing.
+    if (follows) return Watch.Marker.Track == Open.CurTrack ? Watch.Sounding.Notes() : std::vector<BoardNote>{};
+    const Core::Track& track = Open.TabFile.Tracks[Open.CurTrack];
+    return NotesOfStrum(track, track.Bars[Open.CurBar].Strums()[Open.CurStrum]);
 }
 
 std::optional<MarkerPlace> PlayMarkerNow() {

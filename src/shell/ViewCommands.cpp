@@ -110,6 +110,9 @@ void LoadStoredState() {
     Program.ZoomPercent = StoredNumber("View", "Zoom", 100, LeastZoom, MostZoom);
     Program.MixTableVisible = number("View", "MixTable", 0, 0, 1) == 1;
     Program.ToolbarsMoved = number("View", "ToolbarsMoved", 0, 0, 1) == 1;
+    Program.FretboardVisible = number("View", "Fretboard", 0, 0, 1) == 1;
+    Program.FretboardNames = number("View", "FretboardNames", 0, 0, 1) == 1;
+    Program.PianoVisible = number("View", "Piano", 0, 0, 1) == 1;
     Program.Theme = number("View", "Theme", 0, 0, MostTheme);
     LoadSoundSettings();
     ApplySettings();
@@ -131,6 +134,9 @@ void SaveStoredState() {
     save("View", "Theme", Program.Theme);
     save("View", "ToolbarsMoved", Program.ToolbarsMoved ? 1 : 0);
     save("View", "MixTable", Program.MixTableVisible ? 1 : 0);
+    save("View", "Fretboard", Program.FretboardVisible ? 1 : 0);
+    save("View", "FretboardNames", Program.FretboardNames ? 1 : 0);
+    save("View", "Piano", Program.PianoVisible ? 1 : 0);
     SaveSoundSettings();
 }
 

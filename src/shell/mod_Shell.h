@@ -98,6 +98,9 @@ struct ProgramState {
     Shell::Dialogs* Dialogs = nullptr;
     bool PasswordGiven = false;  ///< the open file's password was given since it was opened
     bool MixTableVisible = false;
+    bool FretboardVisible = false;
+    bool FretboardNames = false;  ///< the names of all its notes
+    bool PianoVisible = false;
     bool ToolbarsMoved = false;  ///< from where they stand by default: they no longer follow the window's width
     int ZoomPercent = 100;       ///< of the painting alone; the layout's pixels stay
     std::int16_t Theme = 0;      ///< 0 as the system, 1 light, 2 dark

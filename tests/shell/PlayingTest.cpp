@@ -60,7 +60,9 @@ TEST_F(Playing, WhileASongPlaysOnlyWhatMayChangeIsEnabled) {
     ASSERT_TRUE(Do("mnuSoundPlayFromStart"));
     EXPECT_TRUE(IsPlaying());
     EXPECT_TRUE(Drawing::View.Playing);
-    EXPECT_EQ(list(), "mnuSoundStop mnuSoundFollow mnuHelpKeyboard mnuHelpAbout ");
+    EXPECT_EQ(list(),
+              "mnuViewFretboard mnuViewPiano mnuSoundStop mnuSoundFollow mnuTrackMute mnuTrackSolo mnuHelpKeyboard "
+              "mnuHelpAbout ");
     EXPECT_FALSE(Do("mnuFileNew"));
     EXPECT_FALSE(Do("mnuSoundMetronome")) << "no click could begin now";
     EXPECT_TRUE(Do("mnuSoundStop"));
