@@ -5,6 +5,7 @@
 #include "core/mod_Common.h"
 #include "core/mod_TabFileManipulation.h"
 #include "editing/mod_NoteEntry.h"
+#include "editing/mod_NoteMarks.h"
 #include "playback/MIDI_CMD.h"
 #include "playback/ctlHiPreTimer.h"
 #include "playback/mod_TabPlayer.h"
@@ -16,7 +17,6 @@ using Core::Open;
 namespace {
 
 constexpr double MillisecondsOf64th = 3750;  // at a quarter note a minute
-constexpr std::int32_t UpStroke = 1;
 
 std::unique_ptr<Playback::ctlHiPreTimer> tmr_stop;
 

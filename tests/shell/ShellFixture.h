@@ -17,6 +17,7 @@
 #include "core/mod_TabFileManipulation.h"
 #include "drawing/mod_PageLayout.h"
 #include "editing/mod_BarClipboard.h"
+#include "editing/mod_NoteEntry.h"
 #include "editing/mod_Selection.h"
 #include "platform/MessageBox.h"
 #include "platform/RunTimeError.h"
@@ -125,6 +126,7 @@ struct FakeWindow : ShellView, Dialogs {
 
 inline void ResetGlobals() {
     // Timers and devices go before the services that they came from.
+    Editing::EndTypedNote();
     Playback::Player = {};
     Playback::MidiOut = {};
     Sound = {};
