@@ -5,7 +5,6 @@
 #include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSpinBox>
@@ -41,10 +40,6 @@ StrumDialog::~StrumDialog() { Playback::EndAudition(); }
 void StrumDialog::AddBelow(QWidget* widget, int stretch) { rows->addWidget(widget, stretch); }
 
 void StrumDialog::FinishStrum(std::string_view removeKey, bool listen) {
-    // A label measures itself a little short of its last letter.
-    for (auto* const label : findChildren<QLabel*>()) {
-        if (label->buddy()) label->setContentsMargins(0, 0, 2, 0);
-    }
     Finish([this] { return strumModel.Remove ? std::string_view() : strumModel.Validate(); });
     auto* const buttons = findChild<QDialogButtonBox*>();
     // Both stand apart from OK and Cancel.
