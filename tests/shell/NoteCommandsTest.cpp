@@ -214,7 +214,10 @@ TEST_F(NoteCommands, TheListOfShortcutsHasAllKeysByTheirOldNames) {
             list += line.Caption + " = " + line.Keys.front() + line.Mark + "\n";
         }
     }
-    for (const char* const line : {"Hammer On/Pull Off = H *",
+    for (const char* const line : {"String Bend On/Off = B *",
+                                   "Add Chord = C *",
+                                   "Add Text = Shift+T",
+                                   "Hammer On/Pull Off = H *",
                                    "Slide = S *",
                                    "Ghost Note On/Off = G *",
                                    "Tap = T *",
