@@ -104,6 +104,7 @@ private:
     void BuildTrackList();
     void BuildBoards();
     QDockWidget* BuildBoard(picBoard* board, const char* name);
+    void ShowBoard(QDockWidget* dock, bool visible);
     void ShowDocks();
     void ShowBoards();
     void ShowRightMenu(QPoint point);

@@ -95,14 +95,22 @@ void frmMain::BuildBoards() {
     dockPiano = BuildBoard(piano, "dockPiano");
     addDockWidget(Qt::BottomDockWidgetArea, dockPiano);
     splitDockWidget(dockFretboard, dockPiano, Qt::Vertical);
-    resizeDocks({dockFretboard, dockPiano}, {190, 120}, Qt::Vertical);
     Remember(dockPiano, Shell::Program.PianoVisible, this);
+}
+
+/// A board that comes for the first time gets the height that it asks for: left alone, the paper keeps all it can.
+void frmMain::ShowBoard(QDockWidget* dock, bool visible) {
+    const bool comes = visible && dock->isHidden();
+    dock->setVisible(visible);
+    if (!comes || dock->property("sized").toBool()) return;
+    dock->setProperty("sized", true);
+    resizeDocks({dock}, {dock->sizeHint().height()}, Qt::Vertical);
 }
 
 void frmMain::ShowDocks() {
     dockMixTable->setVisible(Shell::Program.MixTableVisible);
-    dockFretboard->setVisible(Shell::Program.FretboardVisible);
-    dockPiano->setVisible(Shell::Program.PianoVisible);
+    ShowBoard(dockFretboard, Shell::Program.FretboardVisible);
+    ShowBoard(dockPiano, Shell::Program.PianoVisible);
     fretboard->SetNames(Shell::Program.FretboardNames);
     mixTable->ShowCurrent();
 }

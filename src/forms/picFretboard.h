@@ -16,7 +16,7 @@ public:
     /// The names of all notes, or of those that the strum holds alone.
     void SetNames(bool on);
     const Shell::FretboardGeometry& Geometry() const { return geometry; }
-    QSize sizeHint() const override { return {900, 200}; }
+    QSize sizeHint() const override { return {900, 150}; }
     QSize minimumSizeHint() const override { return {200, 96}; }
 
 protected:

@@ -14,7 +14,7 @@ class picPiano : public picBoard {
 public:
     explicit picPiano(QWidget* parent = nullptr);
     const Shell::PianoGeometry& Geometry() const { return geometry; }
-    QSize sizeHint() const override { return {900, 130}; }
+    QSize sizeHint() const override { return {900, 110}; }
     QSize minimumSizeHint() const override { return {200, 70}; }
 
 protected:
