@@ -104,7 +104,14 @@ void frmMain::ShowBoard(QDockWidget* dock, bool visible) {
     dock->setVisible(visible);
     if (!comes || dock->property("sized").toBool()) return;
     dock->setProperty("sized", true);
-    resizeDocks({dock}, {dock->sizeHint().height()}, Qt::Vertical);
+    QList<QDockWidget*> shown;
+    QList<int> heights;
+    for (QDockWidget* each : {dockFretboard, dockPiano}) {
+        if (each->isHidden()) continue;
+        shown << each;
+        heights << (each == dock ? dock->sizeHint().height() : each->height());
+    }
+    resizeDocks(shown, heights, Qt::Vertical);
 }
 
 void frmMain::ShowDocks() {
