@@ -45,7 +45,7 @@ void PasteBars(const Numbers& n) {
 }
 
 void Transpose(const Numbers& n) {
-    const auto stuck = Editing::Transpose(Open.TabFile, n[0], RangeOf(n), n[3], true);
+    const auto stuck = Editing::Transpose(Open.TabFile, n[0], RangeOf(n), Core::ToInt16(n[3]), true);
     if (!stuck) return;
     throw CommandFailure("transpose: no strings can play strum " + std::to_string(stuck->Strum) + " of bar " +
                          std::to_string(stuck->Bar) + " on track " + std::to_string(stuck->Track));

@@ -65,7 +65,8 @@ PasteFault CanPaste(const TabFile& file, const CopiedBars& copied, int track) {
 }
 
 void PasteBars(TabFile& file, const CopiedBars& copied, int track, int bar, PasteMode mode, int times) {
-    if (CanPaste(file, copied, track) != PasteFault::None || bar < 0 || bar > file.BarInfos.Count()) {
+    const bool noTrack = !copied.AllTracks && (track < 0 || track > file.Tracks.UpperBound());
+    if (noTrack || CanPaste(file, copied, track) != PasteFault::None || bar < 0 || bar > file.BarInfos.Count()) {
         RaiseSubscriptOutOfRange();
     }
     TabFile pasted = file;

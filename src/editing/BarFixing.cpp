@@ -1,5 +1,5 @@
 // Bars are filled to what their time signature asks for, or cut down to it.
-#include <array>
+#include <utility>
 
 #include "core/mod_Common.h"
 #include "core/mod_TabFileManipulation.h"
@@ -88,7 +88,9 @@ void FixThisBar(TabFile& file, int track, int bar) {
 }
 
 void FixAllBars(TabFile& file, int track) {
-    for (int bar = 0; bar <= file.Tracks[track].Bars.UpperBound(); ++bar) FixThisBar(file, track, bar);
+    TabFile fixed = file;  // a bar that can't be filled leaves all as they were
+    for (int bar = 0; bar <= fixed.Tracks[track].Bars.UpperBound(); ++bar) FixThisBar(fixed, track, bar);
+    file = std::move(fixed);
 }
 
 }  // namespace Quillon::Editing

@@ -177,6 +177,7 @@ void picDocument_KeyDown(int keyCode, int shift) {
     UndoSlot before = keep ? Snapshot(Open) : UndoSlot{};
     if (keep) before.TrackOrder = Playback::Player.Listening.Order(Open.TabFile.Tracks.Count());
     const bool couldUndo = keep && CanUndo(Undone);
+    const int bars = Open.TabFile.BarInfos.Count();
     Entry.EditDone = false;
     Entry.EditDone = EnterKey(Open, key);
     // Up and down leave the assistant on the string that it shows: only another key speaks of a note.
@@ -187,6 +188,7 @@ void picDocument_KeyDown(int keyCode, int shift) {
     if (Entry.EditDone) {
         Open.FileChanged = true;
         Drawing::Page.LayoutDirty = 1;
+        if (Open.TabFile.BarInfos.Count() < bars) ClearSelection();  // its bars are others now
         if (keep) TakeUndoStep(Undone, std::move(before));
         if (keep && !couldUndo && Entry.StepsChanged) Entry.StepsChanged();
     }

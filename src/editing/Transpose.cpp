@@ -90,6 +90,8 @@ std::string TransposeChordName(const std::string& name, int semitones, bool flat
 }
 
 std::optional<UnplayableBeat> Transpose(Core::TabFile& file, int track, BarRange bars, int semitones, bool keys) {
+    const bool noTrack = track != AllTracks && (track < 0 || track > file.Tracks.UpperBound());
+    if (noTrack || bars.From < 0 || bars.From > bars.To) RaiseSubscriptOutOfRange();
     Core::TabFile moved = file;
     for (int t = 0; t < moved.Tracks.Count(); ++t) {
         if (track != AllTracks && t != track) continue;

@@ -4,6 +4,7 @@
 #include "core/mod_Settings.h"
 #include "drawing/mod_PageLayout.h"
 #include "editing/mod_NoteEntry.h"
+#include "editing/mod_Selection.h"
 #include "editing/mod_Undo.h"
 #include "playback/mod_TabPlayer.h"
 
@@ -65,8 +66,10 @@ bool CanUndo() { return UndoIsOn() && CanUndo(Undone); }
 
 void mnuEditUndo_Click() {
     if (!CanUndo()) return;
+    const int bars = Open.TabFile.BarInfos.Count();
     Playback::Player.Listening.CameBack(Undone.UndoStack[Latest(Undone)].TrackOrder);
     Undo(Undone, Open);
+    if (Open.TabFile.BarInfos.Count() != bars) ClearSelection();
     Open.FileChanged = true;
     Drawing::Page.LayoutDirty = 1;
     if (Entry.DocumentRestored) Entry.DocumentRestored();

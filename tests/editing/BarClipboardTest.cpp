@@ -105,6 +105,7 @@ TEST(BarClipboard, RefusesWhatFitsNowhereAndChangesNothing) {
     const TabFile before = song;
     EXPECT_THROW(PasteBars(song, all, 0, 2, PasteMode::Overwrite, 32767), RunTimeError);
     EXPECT_THROW(PasteBars(song, all, 0, 3, PasteMode::Insert, 1), RunTimeError);
+    EXPECT_THROW(PasteBars(song, strings, 2, 0, PasteMode::Insert, 1), RunTimeError) << "a track that is not there";
     EXPECT_THROW(CopyBars(song, {0, 2}, 0), RunTimeError);
     EXPECT_THROW(CutBars(song, {1, 0}, 0), RunTimeError);
     EXPECT_TRUE(song == before);

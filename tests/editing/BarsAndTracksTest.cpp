@@ -182,9 +182,11 @@ TEST(Bars, OverfullOnesAreCutAndFilled) {
 
 TEST(Bars, ABarThatCantBeFilledRaisesAndStays) {
     TabFile file = Document({{2}});
-    file.BarInfos.Edit(0).TimeSigTop = 2'000'000'000;
+    AppendBar(file);
+    file.BarInfos.Edit(1).TimeSigTop = 2'000'000'000;
     ExpectRaises(
-        file, [&] { FixBar(file, 0, 0); }, "more strums than an index counts");
+        file, [&] { FixAllBars(file, 0); }, "more strums than an index counts");
+    RemoveBar(file, 1);
     file.BarInfos.Edit(0).TimeSigTop = 0;
     FixAllBars(file, 0);
     EXPECT_EQ(TextOf(file), "6{0:00}") << "nothing fits a bar of no length; the shortest stays";

@@ -1,5 +1,6 @@
 #include "editing/mod_NoteEntry.h"
 
+#include "editing/mod_Selection.h"
 #include "tests/editing/ScoreText.h"
 
 namespace Quillon::Editing {
@@ -203,9 +204,12 @@ TEST_F(NoteEntryTest, ABarOfSeveralTracksStaysWhenItsOnlyBeatIsDeleted) {
 }
 
 TEST_F(NoteEntryTest, DeletingTheOnlyBeatOfABarTakesThatBarAlone) {
-    Type("+M +M 5 Left Back");
+    Type("+M +M 5");
+    SelectTo(1);
+    Type("Left Back");
     EXPECT_EQ(Score(), "2 | 2{0:5}");
     EXPECT_EQ(Cursor(), "0 0 0");
+    EXPECT_FALSE(SelectedBars()) << "those selected have other numbers now";
 }
 
 TEST_F(NoteEntryTest, AnOverfullBarTellsAndHoldsTheCursor) {

@@ -152,6 +152,8 @@ TEST(Transpose, MovesTheBarsGivenOrNothingAtAll) {
     EXPECT_EQ(stuck->Bar, 1);
     EXPECT_TRUE(file == before);
     EXPECT_THROW(Transpose(file, 0, {0, 3}, 1, true), RunTimeError);
+    EXPECT_THROW(Transpose(file, 0, {2, 1}, 1, true), RunTimeError);
+    EXPECT_THROW(Transpose(file, 2, {0, 0}, 1, true), RunTimeError);
     EXPECT_TRUE(file == before);
 }
 
