@@ -4,11 +4,13 @@
 #include "core/mod_TabFileManipulation.h"
 #include "drawing/mod_PageLayout.h"
 #include "editing/mod_BarsAndTracks.h"
+#include "editing/mod_Cursor.h"
 #include "editing/mod_NoteEntry.h"
 #include "editing/mod_Selection.h"
 #include "platform/MessageBox.h"
 #include "platform/Services.h"
 #include "shell/BarModels.h"
+#include "shell/BatchFixModel.h"
 #include "shell/EditCommands.h"
 #include "shell/PercAssistant.h"
 #include "shell/mod_Shell.h"
@@ -68,9 +70,10 @@ void mnuBarAppend_Click() {
 void mnuBarRemove_Click() { ByDialog<RemoveBarModel>(); }
 
 void mnuBarClear_Click() {
-    if (!PasswordCorrect()) return;
-    Editing::ClearBar(Open.CurTrack, Open.CurBar);
-    ShowEdited();
+    ByEngine([](Core::OpenDocument& open) {
+        Editing::ClearBar(open.TabFile, open.CurTrack, open.CurBar);
+        open.CurStrum = 0;
+    });
 }
 
 void mnuBarShrink_Click() {
@@ -81,20 +84,21 @@ void mnuBarShrink_Click() {
 }
 
 void mnuFixThisBar_Click() {
-    if (!PasswordCorrect()) return;
-    Editing::FixThisBar(Open.CurTrack, Open.CurBar);
-    ShowEdited();
+    ByEngine([](Core::OpenDocument& open) {
+        Editing::FixThisBar(open.TabFile, open.CurTrack, open.CurBar);
+        Editing::ClampCursor(open);
+    });
+}
+
+void FixBars(const BatchFixModel& model) {
+    const int over = BatchFixModel::Count(model.Bars(), Editing::Fullness::Over);
+    const char* const question = model.Tracks == 0 ? "str_FixAllQuestion" : "str_FixBarsQuestion";
+    if (over > 0 && !Agreed(LanguageText(question, {std::to_string(over)}))) return;
+    if (model.Apply()) ShowEdited();
 }
 
 void mnuFixAllBars_Click() {
-    if (!PasswordCorrect()) return;
-    int over = 0;
-    for (int bar = 0; bar <= Core::NumberOfBars(Open.CurTrack); ++bar) {
-        if (Editing::BarFullness(Open.CurTrack, bar) == Editing::Fullness::Over) ++over;
-    }
-    if (over > 0 && !Agreed(LanguageText("str_FixAllQuestion", {std::to_string(over)}))) return;
-    Editing::FixAllBars(Open.CurTrack);
-    ShowEdited();
+    if (PasswordCorrect()) FixBars(BatchFixModel{});
 }
 
 void mnuNoteInsertBeat_Click() { ByEngine(Editing::InsertBeat); }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numeric>
+#include <utility>
 
 #include "core/mod_Common.h"
 #include "core/mod_Language.h"
@@ -17,15 +18,15 @@ using Editing::Fullness;
 
 namespace {
 
-constexpr int Whole = 64;
+constexpr std::int64_t Whole = 64;
 
 /// A length in 64ths as people write it: "3/8", or in quarters what no fraction tells.
 std::string LengthText(double length) {
     if (length != std::floor(length)) {
         return Core::LanguageText("str_Quarters", {Core::FormatDouble(std::round(length * 100 / 16) / 100)});
     }
-    const int count = Core::CLng(length);
-    const int common = std::gcd(count, Whole);
+    const std::int64_t count = std::llround(length);  // of a time signature as large as a file may say
+    const std::int64_t common = std::gcd(count, Whole);
     return std::to_string(count / common) + "/" + std::to_string(Whole / common);
 }
 
@@ -57,13 +58,10 @@ int BatchFixModel::Count(const std::vector<BarState>& bars, Fullness which) {
 }
 
 bool BatchFixModel::Apply() const {
-    bool changed = false;
-    for (const BarState& bar : Bars()) {
-        if (bar.Is == Fullness::Full) continue;
-        Editing::FixThisBar(Open.TabFile, bar.Track, bar.Bar);
-        changed = true;
-    }
-    if (!changed) return false;
+    Core::TabFile fixed = Open.TabFile;  // a bar that can't be filled leaves all as they were
+    for (const BarState& bar : Bars()) Editing::FixThisBar(fixed, bar.Track, bar.Bar);
+    if (fixed == Open.TabFile) return false;
+    Open.TabFile = std::move(fixed);
     MarkEdited();
     Editing::ClampCursor();
     return true;

@@ -29,4 +29,7 @@ struct BatchFixModel : DialogModel {
     bool Apply() const;
 };
 
+/// Fixes the bars in mind and shows it. Asks first when beats would be dropped.
+void FixBars(const BatchFixModel& model);
+
 }  // namespace Quillon::Shell

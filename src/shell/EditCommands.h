@@ -14,18 +14,18 @@ namespace Quillon::Shell {
 void ShowEdited();
 
 /// Runs an engine on the open document once its password was given, and shows what came of it. An engine that gives a
-/// bool says whether it changed anything. False when nothing changed.
+/// bool says whether it did anything. The document counts as changed only when it differs.
 template <class Engine>
-bool ByEngine(Engine&& engine) {
-    if (!PasswordCorrect()) return false;
+void ByEngine(Engine&& engine) {
+    if (!PasswordCorrect()) return;
+    const Core::TabFile before = Core::Open.TabFile;
     if constexpr (std::is_void_v<decltype(engine(Core::Open))>) {
         engine(Core::Open);
     } else if (!engine(Core::Open)) {
-        return false;
+        return;
     }
-    MarkEdited();
+    if (!(Core::Open.TabFile == before)) MarkEdited();
     ShowEdited();
-    return true;
 }
 
 /// Loads a model, has it edited and applies it, without showing it. False when that was cancelled or changed nothing.

@@ -1,9 +1,6 @@
 #include "shell/TrackCommands.h"
 
-#include "core/mod_Language.h"
 #include "core/mod_TabFileStructure.h"
-#include "platform/MessageBox.h"
-#include "platform/Services.h"
 #include "shell/BatchFixModel.h"
 #include "shell/CommandRows.h"
 #include "shell/EditCommands.h"
@@ -15,7 +12,6 @@
 
 namespace Quillon::Shell {
 
-using Core::LanguageText;
 using Core::Open;
 
 namespace {
@@ -88,12 +84,7 @@ void mnuOperationsFixBars_Click() {
     if (!PasswordCorrect()) return;
     BatchFixModel model;
     model.Load();
-    if (!Program.Dialogs->Edit(model)) return;
-    const int over = BatchFixModel::Count(model.Bars(), Editing::Fullness::Over);
-    const std::string question = LanguageText("str_FixBarsQuestion", {std::to_string(over)});
-    const bool agreed = over == 0 || Services.Messages->Show(question, LanguageText("str_TitleQuestion"),
-                                                             Buttons::YesNo, BoxIcon::Question) == Answer::Yes;
-    if (agreed && model.Apply()) ShowEdited();
+    if (Program.Dialogs->Edit(model)) FixBars(model);
 }
 
 }  // namespace Quillon::Shell

@@ -190,6 +190,15 @@ TEST_F(BarCommands, AllBarsAreFixedButNothingIsDroppedWithoutAsking) {
     for (int bar = 0; bar < 4; ++bar) EXPECT_EQ(Editing::BarFullness(0, bar), Editing::Fullness::Full) << bar;
     Do("mnuFixAllBars");
     EXPECT_EQ(Box().Shown.size(), 2U) << "nothing would be lost any more";
+    Box().Answers = {Answer::Yes};
+    Do("mnuBarClear");
+    Info(0).TimeSigTop = 0;
+    Do("mnuFixThisBar");
+    Open.FileChanged = false;
+    for (const char* const again : {"mnuBarClear", "mnuNoteDeleteBeat", "mnuFixThisBar", "mnuFixAllBars"}) {
+        EXPECT_TRUE(Do(again)) << again;
+        EXPECT_FALSE(Open.FileChanged) << again << ": nothing was there to change";
+    }
 }
 
 TEST_F(BarCommands, ALockedFileStaysAsItIs) {
@@ -239,7 +248,7 @@ TEST_F(BarCommands, SignaturesReachAsFarAsTheyAreToldAndKeepOddFigures) {
     EXPECT_FALSE(Open.FileChanged);
     BarTimeSigModel model;
     model.Load();
-    model.Top = 65;
+    model.Top = 33;
     EXPECT_EQ(model.Validate(), "str_TimeSigTopOutOfRange");
 }
 

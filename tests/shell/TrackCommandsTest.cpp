@@ -174,6 +174,10 @@ TEST_F(TrackCommands, BarsOfAllTracksAreFixedOnceAgreed) {
     std::string states;
     for (const auto& bar : model.Bars()) states += BatchFixModel::StateText(bar) + "; ";
     EXPECT_EQ(states, "1/8 too long; 3/4 short; ");
+    Core::BarInfo& second = Open.TabFile.BarInfos.Edit(1);
+    second.TimeSigTop = 2'000'000'000;
+    EXPECT_EQ(BatchFixModel::StateText(model.Bars()[1]), "1999999999/4 short");
+    second.TimeSigTop = 4;
     model.Tracks = 1;
     EXPECT_EQ(BatchFixModel::Count(model.Bars(), Editing::Fullness::Under), 3);
     Window().On<BatchFixModel>([](BatchFixModel& edited) {
