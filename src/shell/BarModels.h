@@ -63,8 +63,8 @@ struct BarTimeSigModel : DialogModel {
     std::int16_t BottomIndex = 2;  ///< into Bottoms; -1 for one that is none of them
     std::int16_t Scope = 0;        ///< a SignatureScope
 
-    static constexpr int MostTop = 64;
-    static constexpr int Bottoms[] = {1, 2, 4, 8, 16, 32, 64};
+    static constexpr int MostTop = 32;  // what documents as JSON hold, too
+    static constexpr int Bottoms[] = {1, 2, 4, 8, 16, 32};
     void Load();
     std::string_view Validate() const;
     /// The document as Apply leaves it.
