@@ -204,7 +204,6 @@ void frmMain::FillGotoPoints() {
         gotoPoints.push_back(entry);
     }
     none->setVisible(gotoPoints.empty());
-    ShowStates();  // the commands that walk the points
 }
 
 void frmMain::FillRecentFiles() {

@@ -1,8 +1,7 @@
-#include <algorithm>
-
 #include "core/mod_TabFileManipulation.h"
 #include "core/mod_TabFileStructure.h"
 #include "shell/CommandRows.h"
+#include "shell/CursorState.h"
 #include "shell/GoCommands.h"
 
 namespace Quillon::Shell {
@@ -13,12 +12,6 @@ namespace {
 
 constexpr std::string_view NavigationToolbar = "File Navigation";
 
-/// While a document is replaced, commands may be asked about a cursor of the one before.
-bool OnStrum() {
-    const auto& tracks = Open.TabFile.Tracks;
-    return Open.CurTrack < tracks.Count() && Open.CurBar < tracks[Open.CurTrack].Bars.Count() &&
-           Open.CurStrum < tracks[Open.CurTrack].Bars[Open.CurBar].Strums().Count();
-}
 bool AtBarStart() { return Open.CurStrum == 0; }
 bool AtBarEnd() { return !OnStrum() || Open.CurStrum == Core::NumberOfStrums(Open.CurTrack, Open.CurBar); }
 bool NotAtStart() { return Open.CurBar > 0 || !AtBarStart(); }
@@ -26,11 +19,7 @@ bool HasNextBar() { return OnStrum() && Open.CurBar < Core::NumberOfBars(Open.Cu
 bool NotAtEnd() { return HasNextBar() || !AtBarEnd(); }
 bool OnGotoPoint() { return OnStrum() && !Core::ReadStrum(Open.CurTrack, Open.CurBar, Open.CurStrum).GotoText.empty(); }
 
-/// As of the last UpdateGotoPoints: asked at every painting, so that no walk through the song is worth it.
-bool TrackHasPoints() {
-    return std::ranges::any_of(Go.Points, [](const GotoPoint& point) { return point.Track == Open.CurTrack; });
-}
-
+/// The walks to the next point are always offered: asked at every painting, no walk through the song is worth it.
 constexpr Command Table[] = {
     {.Name = "mnuGoGotoBar",
      .Menu = GoMenu,
@@ -116,16 +105,14 @@ constexpr Command Table[] = {
      .Shortcut = "Ctrl+Shift+Left",
      .Icon = "go-previous-point",
      .Toolbar = NavigationToolbar,
-     .Run = mnuGoPreviousPoint_Click,
-     .Enabled = TrackHasPoints},
+     .Run = mnuGoPreviousPoint_Click},
     {.Name = "mnuGoNextPoint",
      .Menu = GoMenu,
      .Text = "str_GoNextPoint",
      .Shortcut = "Ctrl+Shift+Right",
      .Icon = "go-next-point",
      .Toolbar = NavigationToolbar,
-     .Run = mnuGoNextPoint_Click,
-     .Enabled = TrackHasPoints},
+     .Run = mnuGoNextPoint_Click},
     // Shows while there are none; else they stand in its place.
     {.Name = "mnuGoGotoPoint",
      .Menu = GoMenu,

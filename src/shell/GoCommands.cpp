@@ -39,6 +39,7 @@ std::optional<GotoPoint> NextPoint(bool behind) {
 }
 
 void GoToPoint(const std::optional<GotoPoint>& point) {
+    Program.View->ShowStatus(point ? "" : Core::LanguageText("str_GoNoFurtherPoint"));
     if (point) GoTo(point->Track, point->Bar, point->Strum);
 }
 

@@ -95,6 +95,7 @@ TEST_F(GoTest, PointsAreNamedListedWalkedAndRemoved) {
         mnuGoNextPoint_Click();
         walk += Place() + " ";
     }
+    EXPECT_EQ(Window().Status.back(), Core::LanguageText("str_GoNoFurtherPoint"));
     mnuGoPreviousPoint_Click();
     EXPECT_EQ(walk + Place(), "1.2 2.0 2.0 1.2");
     EXPECT_TRUE(IsChecked(*FindCommand("mnuGoSetPoint")));
