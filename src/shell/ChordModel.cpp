@@ -77,7 +77,7 @@ bool ChordModel::HasChart() const {
 std::string_view ChordModel::Validate() const {
     if (!std::all_of(Frets.begin(), Frets.end(), IsFret)) return "str_ChordFretWrong";
     if (!std::all_of(Fingers.begin(), Fingers.end(), IsFinger)) return "str_ChordFingerWrong";
-    if (Name.find('>') != std::string::npos) return "str_TextReserved";
+    if (Name != Before().ChordName && HoldsFileSigns(Name)) return "str_TextReserved";
     return Core::TrimBlanks(Name).empty() && !HasChart() ? "str_ChordEmpty" : "";
 }
 

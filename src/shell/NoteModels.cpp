@@ -68,7 +68,7 @@ void TextModel::Load() {
 }
 
 std::string_view TextModel::Validate() const {
-    return Text.find('>') != std::string::npos ? "str_TextReserved" : "";  // it ends the text in a music file
+    return Text != Before().Text && HoldsFileSigns(Text) ? "str_TextReserved" : "";
 }
 
 }  // namespace Quillon::Shell

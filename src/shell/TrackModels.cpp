@@ -48,6 +48,7 @@ void AddTrackModel::Load() {
 
 std::string_view AddTrackModel::Validate() const {
     if (Core::TrimBlanks(Name).empty()) return "str_TrackNameMissing";
+    if (HoldsFileSigns(Name)) return "str_TextReserved";
     if (Instrument < 0 || Instrument > 127) return "str_InstrumentOutOfRange";
     if (Strings < 1 || Strings > Core::StringCount) return "str_StringsOutOfRange";
     return "";

@@ -60,6 +60,7 @@ std::string_view TrackPropertiesModel::Validate() const {
     const auto wrong = [&](auto field, int most) {
         return Track.*field != before.*field && !InRange(Track.*field, most);
     };
+    if (Track.Name != before.Name && HoldsFileSigns(Track.Name)) return "str_TextReserved";
     if (wrong(&Core::Track::Volume, MostVolume) || wrong(&Core::Track::ChordVolume, MostVolume)) {
         return "str_VolumeOutOfRange";
     }

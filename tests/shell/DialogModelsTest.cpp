@@ -119,6 +119,7 @@ TEST_F(DialogModels, ATrackThatBecomesDrumsHasLettersThatSoundUnlessSomeWereChos
 
 TEST_F(DialogModels, TrackPropertiesComplainInTurn) {
     const std::pair<std::function<void(TrackPropertiesModel&)>, const char*> cases[] = {
+        {[](auto& m) { m.Track.Name = "a<b"; }, "str_TextReserved"},
         {[](auto& m) { m.Track.Volume = 128; }, "str_VolumeOutOfRange"},
         {[](auto& m) { m.Track.ChordVolume = -1; }, "str_VolumeOutOfRange"},
         {[](auto& m) { m.Track.Instrument = 128; }, "str_InstrumentOutOfRange"},

@@ -232,7 +232,10 @@ TEST_F(StrumModelsTest, BadInputIsNamed) {
         EXPECT_EQ(Complaint<TrillModel>([&](TrillModel& model) { model.Fret = fret; }), "str_TrillFretWrong") << fret;
     }
     EXPECT_EQ(Complaint<TrillModel>([](TrillModel& model) { model.Fret = "7"; }), "str_TrillFretSame");
-    EXPECT_EQ(Complaint<TextModel>([](TextModel& model) { model.Text = "a > b"; }), "str_TextReserved");
+    for (const char* text : {"a > b", "swell <"}) {
+        EXPECT_EQ(Complaint<TextModel>([&](TextModel& model) { model.Text = text; }), "str_TextReserved") << text;
+        EXPECT_EQ(Complaint<ChordModel>([&](ChordModel& model) { model.Name = text; }), "str_TextReserved") << text;
+    }
     EXPECT_EQ(Complaint<ChordModel>([](ChordModel& model) { model.Frets[3] = "30"; }), "str_ChordFretWrong");
     EXPECT_EQ(Complaint<ChordModel>([](ChordModel& model) { model.Fingers[3] = "5"; }), "str_ChordFingerWrong");
 }
