@@ -9,6 +9,7 @@
 #include "core/mod_TabFileStructure.h"
 #include "editing/mod_Cursor.h"
 #include "forms/Text.h"
+#include "shell/CursorState.h"
 #include "shell/mod_Shell.h"
 #include "shell/mod_Sound.h"
 
@@ -43,7 +44,7 @@ picBoard::picBoard(QWidget* parent) : QWidget(parent) {
 }
 
 void picBoard::ShowNotes() {
-    if (!isVisible() || !Shell::CursorIsOnStrum()) return;
+    if (!isVisible() || !Shell::OnStrum()) return;
     Core::Track now = Shape(Open.TabFile.Tracks[Open.CurTrack]);
     const bool sounds = Shell::Sound.Playing;
     std::vector<Shell::BoardNote> shown = Shell::BoardNow();

@@ -8,6 +8,7 @@
 #include "core/mod_TabFileStructure.h"
 #include "editing/mod_NoteEntry.h"
 #include "forms/Text.h"
+#include "shell/CursorState.h"
 #include "shell/mod_Shell.h"
 #include "shell/mod_Sound.h"
 
@@ -113,7 +114,7 @@ void picFretboard::wheelEvent(QWheelEvent* event) {
 // The keyboard -------------------------------------------------------------------------------------------------------
 
 std::string picFretboard::PlaceText() const {
-    if (!Shell::CursorIsOnStrum()) return "";
+    if (!Shell::OnStrum()) return "";
     if (!Track().IsDrum) return Shell::CellText(place);
     if (drums.Cells().empty()) return "";
     return Shell::DrumText(drums.Cells()[static_cast<std::size_t>(drumPlace)]);

@@ -7,6 +7,7 @@
 #include <cmath>
 
 #include "forms/Text.h"
+#include "shell/CursorState.h"
 #include "shell/mod_Shell.h"
 
 namespace Quillon::Forms {
@@ -129,7 +130,7 @@ void picPiano::leaveEvent(QEvent*) {
     update();
 }
 
-std::string picPiano::PlaceText() const { return Shell::CursorIsOnStrum() ? Shell::KeyText(place) : ""; }
+std::string picPiano::PlaceText() const { return Shell::OnStrum() ? Shell::KeyText(place) : ""; }
 
 bool picPiano::TakeKey(int key) {
     constexpr int Octave = 12;

@@ -25,7 +25,8 @@ std::optional<BoardNote> DrumNote(const Core::Track& track, int string, const st
     for (const Core::PercussionLetter& each : Core::PercussionLetters()) {
         if (letter != each.Letter) continue;
         const int sound = track.PercStrings[string].*each.Sound;
-        if (sound <= 0) return {};
+        // A file may name any number; those past the list have no name to tell.
+        if (sound <= 0 || sound >= static_cast<int>(Core::DrumSoundNames().size())) return {};
         return BoardNote{string, 0, sound + Playback::DrumPitchBase, Kind::Drum, letter};
     }
     return {};
@@ -98,14 +99,6 @@ std::vector<BoardNote> SoundingStrings::Notes() const {
         if (note) notes.push_back(*note);
     }
     return notes;
-}
-
-bool CursorIsOnStrum() {
-    const auto& tracks = Open.TabFile.Tracks;
-    if (Open.CurTrack < 0 || Open.CurTrack > tracks.UpperBound()) return false;
-    const auto& bars = tracks[Open.CurTrack].Bars;
-    if (Open.CurBar < 0 || Open.CurBar > bars.UpperBound()) return false;
-    return Open.CurStrum >= 0 && Open.CurStrum <= bars[Open.CurBar].Strums().UpperBound();
 }
 
 std::string BoardText() {

@@ -49,8 +49,6 @@ private:
     std::array<std::optional<BoardNote>, Core::StringCount> strings;
 };
 
-/// While a document is replaced, the boards may be asked about a cursor of the one before.
-bool CursorIsOnStrum();
 /// What both boards show now.
 std::vector<BoardNote> BoardNow();
 /// The same for a screen reader: "String 2: D4, fret 3. String 3: dead."

@@ -7,6 +7,7 @@
 #include "core/mod_TabFileManipulation.h"
 #include "core/mod_TabFileStructure.h"
 #include "editing/mod_BarsAndTracks.h"
+#include "shell/CursorState.h"
 
 namespace Quillon::Shell {
 
@@ -14,14 +15,6 @@ using Core::LanguageText;
 using Core::Open;
 
 namespace {
-
-bool CursorIsInScore() {
-    const auto& tracks = Open.TabFile.Tracks;
-    if (Open.CurTrack < 0 || Open.CurTrack > tracks.UpperBound()) return false;
-    const auto& bars = tracks[Open.CurTrack].Bars;
-    if (Open.CurBar < 0 || Open.CurBar > bars.UpperBound()) return false;
-    return Open.CurStrum >= 0 && Open.CurStrum <= bars[Open.CurBar].Strums().UpperBound();
-}
 
 std::string LengthText(const Core::Strum& strum) {
     static constexpr const char* Keys[] = {"str_Length0", "str_Length1", "str_Length2", "str_Length3",
@@ -50,7 +43,7 @@ double BeatOf(int track, int bar, int strum) {
 }
 
 std::string PlaceText() {
-    if (!CursorIsInScore()) return "";
+    if (!OnStrum()) return "";
     const int bars = Core::NumberOfBars(Open.CurTrack) + 1;
     return LanguageText("str_CursorPlace",
                         {std::to_string(Open.CurBar + 1), std::to_string(bars),
@@ -58,7 +51,7 @@ std::string PlaceText() {
 }
 
 std::string NoteText() {
-    if (!CursorIsInScore()) return "";
+    if (!OnStrum()) return "";
     const Core::Strum& strum = Core::ReadStrum(Open.CurTrack, Open.CurBar, Open.CurStrum);
     const Core::Track& track = Open.TabFile.Tracks[Open.CurTrack];
     std::string where;
@@ -86,7 +79,7 @@ std::string NoteText() {
 }
 
 std::string CursorText() {
-    if (!CursorIsInScore()) return "";
+    if (!OnStrum()) return "";
     std::string text;
     const std::string track =
         LanguageText("str_CursorTrack", {std::to_string(Open.CurTrack + 1), Open.TabFile.Tracks[Open.CurTrack].Name});

@@ -10,6 +10,7 @@
 #include "editing/mod_Selection.h"
 #include "playback/mod_TabPlayer.h"
 #include "shell/Boards.h"
+#include "shell/CursorState.h"
 #include "shell/mod_Shell.h"
 #include "shell/mod_Sound.h"
 
@@ -112,7 +113,7 @@ std::optional<MarkerPlace> PlayMarkerPlace(int track, int bar, int strum) {
 }
 
 std::vector<BoardNote> BoardNow() {
-    if (!CursorIsOnStrum()) return {};
+    if (!OnStrum()) return {};
     const bool follows = Sound.Playing && Core::Settings.FollowTabPlayback;
     // The track's rests and a track chosen just now show what sounds too: nothing.
     if (follows) return Watch.Marker.Track == Open.CurTrack ? Watch.Sounding.Notes() : std::vector<BoardNote>{};

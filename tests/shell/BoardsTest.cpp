@@ -168,6 +168,13 @@ TEST_F(BoardsTest, TheRightMenuHoldsWhatCanBeDone) {
     EXPECT_EQ(names().find("mnuBarShrink "), std::string::npos) << "the first bar's only strum";
 }
 
+TEST_F(BoardsTest, ASoundPastTheListIsNotShown) {
+    Open.TabFile.Tracks[0].IsDrum = true;
+    Open.TabFile.Tracks[0].PercStrings[0].dlx = 32000;
+    Core::EditStrum(0, 0, 0).Notes.Edit(0).Fret = "x";
+    EXPECT_EQ(BoardText(), Core::LanguageText("str_BoardNothing"));
+}
+
 TEST_F(BoardsTest, MuteAndSoloAreForgottenWithTheDocument) {
     EXPECT_TRUE(RunCommand(*FindCommand("mnuTrackMute")));
     EXPECT_TRUE(IsChecked(*FindCommand("mnuTrackMute")));
