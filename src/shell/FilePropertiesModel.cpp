@@ -1,6 +1,8 @@
+#include <algorithm>
 #include <limits>
 
 #include "core/mod_Common.h"
+#include "core/mod_MusicFile.h"
 #include "drawing/mod_PageLayout.h"
 #include "platform/Services.h"
 #include "platform/SettingsStore.h"
@@ -55,6 +57,12 @@ void SaveDefaults(const TabFile& file) {
     Services.Settings->Flush();
 }
 
+/// How many texts of the file's head would end it, or be cut, when it is saved.
+std::ptrdiff_t ReservedTexts(TabFile head) {
+    head.Tracks = TabFile().Tracks;
+    return std::ranges::count(Core::SaveLosses(head), Core::LossKind::ReservedText, &Core::Loss::Kind);
+}
+
 }  // namespace
 
 void FilePropertiesModel::Load() { File = Open.TabFile; }
@@ -66,6 +74,7 @@ std::string_view FilePropertiesModel::Validate() const {
     const auto wrong = [](auto now, auto was, auto least, auto most) {
         return now != was && !(now >= least && now <= most);
     };
+    if (ReservedTexts(File) > ReservedTexts(before)) return "str_TextReserved";
     if (wrong(File.Tempo, before.Tempo, LeastTempo, MostTempo)) return "str_TempoOutOfRange";
     if (wrong(File.RowSpacing, before.RowSpacing, 0, MostRowSpacing)) return "str_RowSpacingOutOfRange";
     if (gone(File.FontName, before.FontName) || gone(File.NoteFontName, before.NoteFontName)) return "str_FontMissing";

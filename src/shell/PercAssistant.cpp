@@ -75,13 +75,14 @@ void PercLetter_Click(int index) {
     const auto letters = Core::PercussionLetters();
     if (Sound.Playing || !OnDrums() || index < 0 || index >= static_cast<int>(letters.size())) return;
     if (!PasswordCorrect()) return;
-    Core::EditStrum(Open.CurTrack, Open.CurBar, Open.CurStrum).Notes.Edit(Open.CurString).Fret =
-        letters[static_cast<std::size_t>(index)].Letter;
-    MarkEdited();
+    const std::string letter = letters[static_cast<std::size_t>(index)].Letter;
     const Core::Strum& strum = Core::ReadStrum(Open.CurTrack, Open.CurBar, Open.CurStrum);
-    if (Core::Settings.PlayNotesAsTyped && Editing::Entry.SoundStrum) {
-        Editing::Entry.SoundStrum(Core::StrumLength(strum));
+    const double length = Core::StrumLength(strum);
+    if (strum.Notes[Open.CurString].Fret != letter) {
+        Core::EditStrum(Open.CurTrack, Open.CurBar, Open.CurStrum).Notes.Edit(Open.CurString).Fret = letter;
+        MarkEdited();
     }
+    if (Core::Settings.PlayNotesAsTyped && Editing::Entry.SoundStrum) Editing::Entry.SoundStrum(length);
     ShowEdited();
 }
 

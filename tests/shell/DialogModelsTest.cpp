@@ -59,6 +59,7 @@ TEST_F(DialogModels, FilePropertiesComplainInTurn) {
     FilePropertiesModel model;
     model.Load();
     const std::pair<std::function<void(Core::TabFile&)>, const char*> cases[] = {
+        {[](auto& file) { file.Artist = "<me>"; }, "str_TextReserved"},
         {[](auto& file) { file.Tempo = 0; }, "str_TempoOutOfRange"},
         {[](auto& file) { file.Tempo = 1001; }, "str_TempoOutOfRange"},
         {[](auto& file) { file.RowSpacing = -1; }, "str_RowSpacingOutOfRange"},
