@@ -44,7 +44,7 @@ picBoard::picBoard(QWidget* parent) : QWidget(parent) {
 }
 
 void picBoard::ShowNotes() {
-    if (!isVisible() || !Shell::OnStrum()) return;
+    if (!isVisible() || !Shell::InScore()) return;
     Core::Track now = Shape(Open.TabFile.Tracks[Open.CurTrack]);
     const bool sounds = Shell::Sound.Playing;
     std::vector<Shell::BoardNote> shown = Shell::BoardNow();

@@ -114,7 +114,7 @@ void picFretboard::wheelEvent(QWheelEvent* event) {
 // The keyboard -------------------------------------------------------------------------------------------------------
 
 std::string picFretboard::PlaceText() const {
-    if (!Shell::OnStrum()) return "";
+    if (!Shell::InScore()) return "";
     if (!Track().IsDrum) return Shell::CellText(place);
     if (drums.Cells().empty()) return "";
     return Shell::DrumText(drums.Cells()[static_cast<std::size_t>(drumPlace)]);

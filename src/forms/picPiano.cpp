@@ -130,7 +130,7 @@ void picPiano::leaveEvent(QEvent*) {
     update();
 }
 
-std::string picPiano::PlaceText() const { return Shell::OnStrum() ? Shell::KeyText(place) : ""; }
+std::string picPiano::PlaceText() const { return Shell::InScore() ? Shell::KeyText(place) : ""; }
 
 bool picPiano::TakeKey(int key) {
     constexpr int Octave = 12;

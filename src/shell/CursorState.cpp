@@ -7,15 +7,19 @@ namespace Quillon::Shell {
 
 using Core::Open;
 
-bool OnStrum() {
+bool InScore() {
     const auto& tracks = Open.TabFile.Tracks;
     if (Open.CurTrack < 0 || Open.CurTrack >= tracks.Count()) return false;
     const Core::Track& track = tracks[Open.CurTrack];
     if (Open.CurBar < 0 || Open.CurBar >= track.Bars.Count() || Open.CurBar >= Open.TabFile.BarInfos.Count()) {
         return false;
     }
-    return Open.CurStrum >= 0 && Open.CurStrum < track.Bars[Open.CurBar].Strums().Count() && Open.CurString >= 0 &&
-           Open.CurString <= Editing::LastString(track);
+    return Open.CurStrum >= 0 && Open.CurStrum < track.Bars[Open.CurBar].Strums().Count();
+}
+
+bool OnStrum() {
+    return InScore() && Open.CurString >= 0 &&
+           Open.CurString <= Editing::LastString(Open.TabFile.Tracks[Open.CurTrack]);
 }
 
 bool OnFrets() { return OnStrum() && !Open.TabFile.Tracks[Open.CurTrack].IsDrum; }

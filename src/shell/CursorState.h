@@ -8,7 +8,9 @@
 
 namespace Quillon::Shell {
 
-/// True when the open document has a strum, and a string in use, where the cursor stands.
+/// True when the open document has a strum where the cursor stands.
+bool InScore();
+/// The same for a string in use, too.
 bool OnStrum();
 /// The same on a track that is not drums, whose strings have frets.
 bool OnFrets();

@@ -43,7 +43,7 @@ double BeatOf(int track, int bar, int strum) {
 }
 
 std::string PlaceText() {
-    if (!OnStrum()) return "";
+    if (!InScore()) return "";
     const int bars = Core::NumberOfBars(Open.CurTrack) + 1;
     return LanguageText("str_CursorPlace",
                         {std::to_string(Open.CurBar + 1), std::to_string(bars),
@@ -51,7 +51,7 @@ std::string PlaceText() {
 }
 
 std::string NoteText() {
-    if (!OnStrum()) return "";
+    if (!InScore()) return "";
     const Core::Strum& strum = Core::ReadStrum(Open.CurTrack, Open.CurBar, Open.CurStrum);
     const Core::Track& track = Open.TabFile.Tracks[Open.CurTrack];
     std::string where;
@@ -79,7 +79,7 @@ std::string NoteText() {
 }
 
 std::string CursorText() {
-    if (!OnStrum()) return "";
+    if (!InScore()) return "";
     std::string text;
     const std::string track =
         LanguageText("str_CursorTrack", {std::to_string(Open.CurTrack + 1), Open.TabFile.Tracks[Open.CurTrack].Name});

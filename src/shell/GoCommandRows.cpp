@@ -13,11 +13,11 @@ namespace {
 constexpr std::string_view NavigationToolbar = "File Navigation";
 
 bool AtBarStart() { return Open.CurStrum == 0; }
-bool AtBarEnd() { return !OnStrum() || Open.CurStrum == Core::NumberOfStrums(Open.CurTrack, Open.CurBar); }
+bool AtBarEnd() { return !InScore() || Open.CurStrum == Core::NumberOfStrums(Open.CurTrack, Open.CurBar); }
 bool NotAtStart() { return Open.CurBar > 0 || !AtBarStart(); }
-bool HasNextBar() { return OnStrum() && Open.CurBar < Core::NumberOfBars(Open.CurTrack); }
+bool HasNextBar() { return InScore() && Open.CurBar < Core::NumberOfBars(Open.CurTrack); }
 bool NotAtEnd() { return HasNextBar() || !AtBarEnd(); }
-bool OnGotoPoint() { return OnStrum() && !Core::ReadStrum(Open.CurTrack, Open.CurBar, Open.CurStrum).GotoText.empty(); }
+bool OnGotoPoint() { return InScore() && !Core::ReadStrum(Open.CurTrack, Open.CurBar, Open.CurStrum).GotoText.empty(); }
 
 /// The walks to the next point are always offered: asked at every painting, no walk through the song is worth it.
 constexpr Command Table[] = {

@@ -113,7 +113,7 @@ std::optional<MarkerPlace> PlayMarkerPlace(int track, int bar, int strum) {
 }
 
 std::vector<BoardNote> BoardNow() {
-    if (!OnStrum()) return {};
+    if (!InScore()) return {};
     const bool follows = Sound.Playing && Core::Settings.FollowTabPlayback;
     // The track's rests and a track chosen just now show what sounds too: nothing.
     if (follows) return Watch.Marker.Track == Open.CurTrack ? Watch.Sounding.Notes() : std::vector<BoardNote>{};
