@@ -20,6 +20,7 @@
 #include "editing/mod_Transpose.h"
 #include "exchange/JsonDocument.h"
 #include "platform/RunTimeError.h"
+#include "shell/BarModels.h"
 
 namespace Quillon::Cli {
 
@@ -51,6 +52,14 @@ void Transpose(const Numbers& n) {
                          std::to_string(stuck->Bar) + " on track " + std::to_string(stuck->Track));
 }
 
+void SetTimeSignature(const Numbers& n) {
+    using Model = Shell::BarTimeSigModel;
+    if (n[1] < 1 || n[1] > Model::MostTop || std::ranges::find(Model::Bottoms, n[2]) == std::end(Model::Bottoms)) {
+        throw CommandFailure("time-signature: X is 1 to 32, Y is 1, 2, 4, 8, 16 or 32");
+    }
+    Core::SetTimeSignature(n[0], n[1], n[2]);
+}
+
 void Retune(const Numbers& n) {
     Editing::Retuning wanted;
     wanted.Strings = Core::ToInt16(n[1]);
@@ -73,7 +82,7 @@ constexpr Operation Operations[] = {
     {"append-bar", "", [](const Numbers&) { Editing::AppendBar(); }},
     {"insert-bar", "B", [](const Numbers& n) { Editing::InsertBar(n[0]); }},
     {"remove-bar", "B", [](const Numbers& n) { Editing::RemoveBar(n[0]); }},
-    {"time-signature", "BXY", [](const Numbers& n) { Core::SetTimeSignature(n[0], n[1], n[2]); }},
+    {"time-signature", "BXY", SetTimeSignature},
     {"copy-bars", "TBL", [](const Numbers& n) { CopyBars(n); }},
     {"cut-bars", "TBL",
      [](const Numbers& n) {

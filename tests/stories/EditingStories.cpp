@@ -116,6 +116,7 @@ TEST_F(EditingStories, FailuresAreOneLineAndLeaveNothing) {
         {{"edit", "new.json", "delete-strum 0 0 0", "--out", "out.qlm"}, 1},
         {{"edit", "new.json", "clear-bar 0 7", "--out", "out.qlm"}, 1},
         {{"edit", "new.json", "append-bar", "--out", "no/such.qlm"}, 1},
+        {{"edit", "new.json", "time-signature 0 33 4", "--out", "out.qlm"}, 1},
         {{"edit", "new.json"}, 2},
         {{"edit", "new.json", "sing"}, 2},
         {{"edit", "new.json", "append-bar 1"}, 2},
