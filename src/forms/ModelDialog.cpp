@@ -1,13 +1,16 @@
 #include "forms/ModelDialog.h"
 
+#include <QAbstractSpinBox>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
+#include <QFocusEvent>
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QShortcut>
 #include <QSpinBox>
 #include <QTabWidget>
 #include <QVBoxLayout>
@@ -54,8 +57,21 @@ void ModelDialog::FocusFirstField() {
     }
 }
 
+/// What is typed takes a number's place, however the focus came to it; the toolkit sees to that for Tab alone.
+bool ModelDialog::eventFilter(QObject* watched, QEvent* event) {
+    auto* const number = qobject_cast<QAbstractSpinBox*>(watched);
+    if (number && event->type() == QEvent::FocusIn) {
+        const auto reason = static_cast<QFocusEvent*>(event)->reason();
+        if (reason == Qt::ShortcutFocusReason || reason == Qt::OtherFocusReason) {
+            QMetaObject::invokeMethod(number, &QAbstractSpinBox::selectAll, Qt::QueuedConnection);
+        }
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
 void ModelDialog::Finish(std::function<std::string_view()> complaint) {
     validate = std::move(complaint);
+    for (QAbstractSpinBox* number : findChildren<QAbstractSpinBox*>()) number->installEventFilter(this);
     if (preview) FollowFields();
     lblComplaint = new QLabel(this);
     lblComplaint->setObjectName("lblComplaint");
@@ -73,6 +89,10 @@ void ModelDialog::Finish(std::function<std::string_view()> complaint) {
     connect(buttons, &QDialogButtonBox::rejected, this, &ModelDialog::reject);
     body->addWidget(buttons);
     connect(this, &QDialog::finished, this, [this] { KeepPlace(*this, section); });
+    // Fields of several lines and tables keep Enter for themselves.
+    for (const int enter : {Qt::Key_Return, Qt::Key_Enter}) {
+        connect(new QShortcut(QKeySequence(Qt::CTRL | enter), this), &QShortcut::activated, this, [this] { accept(); });
+    }
     FocusFirstField();
     RestorePlace(*this, section, sizeHint().expandedTo(QSize(420, 0)));
 }

@@ -38,6 +38,7 @@ protected:
     /// `section` keeps the dialog's place in the settings store.
     ModelDialog(QWidget* parent, std::string_view titleKey, std::string section);
     ~ModelDialog() override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
     /// A page of its own tab; the first call without a title makes a dialog of one page.
     QFormLayout* AddPage(std::string_view titleKey = {});

@@ -12,6 +12,7 @@
 #include <QScopedValueRollback>
 #include <QTabWidget>
 #include <QTableView>
+#include <algorithm>
 
 #include "forms/SyllableTable.h"
 #include "forms/Text.h"
@@ -80,9 +81,13 @@ void ntne_frmLyrics::AddTextPage() {
         texts[static_cast<std::size_t>(line)] = text;
         connect(text, &QPlainTextEdit::textChanged, this, [this, text, line] {
             if (filling) return;
+            const auto before = model.Grid;
             model.SetLineText(line, text->toPlainText().toStdString());
             table->LineChanged(line);
             ShowRest();
+            // The table follows what is typed to the note that it falls on.
+            const auto changed = std::ranges::mismatch(before, model.Grid).in1 - before.begin();
+            tblSyllables->scrollTo(table->index(static_cast<int>(changed), SyllableTable::FirstLine + line));
         });
     }
     lines->setFixedHeight(fontMetrics().lineSpacing() * (LinesOfText + 3));

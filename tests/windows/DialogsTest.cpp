@@ -6,6 +6,7 @@
 #include <QLayout>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QPlainTextEdit>
 #include <QRadioButton>
 #include <QSpinBox>
 #include <QTableWidget>
@@ -47,6 +48,20 @@ TEST_F(DialogTest, FilePropertiesReachTheDocument) {
     EXPECT_TRUE(Open.FileChanged);
 }
 
+TEST_F(DialogTest, WhatIsTypedTakesTheNumbersPlaceAndCtrlEnterIsOk) {
+    Start("greensleeves.qlm");
+    WithDialog("mnuFileProperties", [&](QDialog& dialog) {
+        auto& tempo = In<QDoubleSpinBox>(dialog, "vbTempo");
+        QFocusEvent byKey(QEvent::FocusIn, Qt::ShortcutFocusReason);
+        QApplication::sendEvent(&tempo, &byKey);
+        QApplication::processEvents();
+        QTest::keyClicks(&tempo, "90");
+        QTest::keyClick(&In<QPlainTextEdit>(dialog, "txtNotes"), Qt::Key_Return, Qt::ControlModifier);
+        EXPECT_FALSE(dialog.isVisible());
+    });
+    EXPECT_FLOAT_EQ(Open.TabFile.Tempo, 90);
+}
+
 TEST_F(DialogTest, OkWithoutATouchAndCancelChangeNothing) {
     Start("back-porch-blues.qlm");
     Open.TabFile.NoteFontName = "No Such Font";
@@ -62,6 +77,7 @@ TEST_F(DialogTest, OkWithoutATouchAndCancelChangeNothing) {
     EXPECT_TRUE(Open.TabFile == before);
     EXPECT_FALSE(Open.FileChanged);
 }
+
 
 TEST_F(DialogTest, AComplaintKeepsTheDialogOpenAndSaysWhy) {
     Start();
