@@ -170,8 +170,8 @@ void EndRepeatModel::Load() {
     Bar = Core::ToInt16(Open.CurBar + 1);
     const BarInfo& info = InfoOf(Bar);
     Opens = info.RepeatOpen;
-    Closes = info.RepeatClose > 0;
-    Jumps = Closes ? info.RepeatClose : std::int16_t{1};
+    Closes = true;  // who asks for the end of a repeat has only to say how often
+    Jumps = info.RepeatClose > 0 ? info.RepeatClose : std::int16_t{1};
 }
 
 std::string_view EndRepeatModel::Validate() const {

@@ -290,7 +290,7 @@ TEST_F(BarCommands, ARepeatCountsItsJumpsBack) {
     EXPECT_TRUE(IsChecked(*FindCommand("mnuBarRepeatOpen")));
     Open.CurBar = 1;
     Window().On<EndRepeatModel>([](EndRepeatModel& model) {
-        model.Closes = true;
+        EXPECT_TRUE(model.Closes) << "the command says so";
         model.Jumps = 3;
         return model.Validate().empty();
     });

@@ -22,10 +22,10 @@ TEST_F(BarDialogTest, OkWithoutATouchLeavesSignaturesAndSignsAsTheyAre) {
     Start("back-porch-blues.qlm");
     Open.TabFile.BarInfos.Edit(0).TimeSigBottom = 5;
     const Core::TabFile before = Open.TabFile;
-    for (const char* command : {"mnuBarTimeSig", "mnuBarKeySig", "mnuBarEndRepeat", "mnuBarCoda"}) {
+    for (const char* command : {"mnuBarTimeSig", "mnuBarKeySig", "mnuBarCoda"}) {
         WithDialog(command, [](QDialog& dialog) { dialog.accept(); });
     }
-    for (const char* command : {"mnuTrackAdd", "mnuBarInsert", "mnuBarRemove"}) {
+    for (const char* command : {"mnuTrackAdd", "mnuBarInsert", "mnuBarRemove", "mnuBarEndRepeat"}) {
         WithDialog(command, [](QDialog& dialog) { dialog.reject(); });
     }
     EXPECT_TRUE(Open.TabFile == before);
@@ -93,6 +93,7 @@ TEST_F(BarDialogTest, SignaturesRepeatsAndSignsReachTheBar) {
         dialog.accept();
     });
     WithDialog("mnuBarEndRepeat", [](QDialog& dialog) {
+        In<QCheckBox>(dialog, "chkCloses").setChecked(false);
         EXPECT_FALSE(In<QSpinBox>(dialog, "vbJumps").isEnabled());
         In<QCheckBox>(dialog, "chkOpens").setChecked(true);
         In<QCheckBox>(dialog, "chkCloses").setChecked(true);
