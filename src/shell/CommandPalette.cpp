@@ -36,6 +36,7 @@ std::vector<std::string> WordsOf(std::string_view text) {
 
 enum Rank : int { None = 0, InMenu = 1, InWord = 3, AtWord = 9, AtStart = 10 };
 
+/// `menu` goes with what the command's dialog is about.
 Rank RankOf(const std::string& word, const std::string& caption, const std::string& menu) {
     if (caption.starts_with(word)) return AtStart;
     for (auto at = caption.find(word); at != std::string::npos; at = caption.find(word, at + 1)) {
@@ -48,7 +49,9 @@ Rank RankOf(const std::string& word, const std::string& caption, const std::stri
 /// 0 when a word is nowhere.
 int RankOf(const std::vector<std::string>& words, const PaletteEntry& entry) {
     const std::string caption = Core::LowerAscii(entry.Caption);
-    const std::string menu = Core::LowerAscii(entry.Menu);
+    const std::string_view about = entry.Which->About;
+    const std::string menu =
+        Core::LowerAscii(about.empty() ? entry.Menu : entry.Menu + " " + Core::LanguageText(about));
     // What was typed as it stands comes before what has more words.
     int sum = WordsOf(caption) == words ? 2 : 1;
     for (const std::string& word : words) {
@@ -72,7 +75,10 @@ std::vector<PaletteEntry> FindCommands(std::string_view typed) {
                            IsEnabled(command)};
         if (const int rank = RankOf(words, entry); rank > 0) found.emplace_back(rank, std::move(entry));
     }
-    std::ranges::stable_sort(found, std::greater{}, &std::pair<int, PaletteEntry>::first);
+    // Of what is found equally well, first what can be done now: Enter runs it.
+    std::ranges::stable_sort(found, std::greater{}, [](const std::pair<int, PaletteEntry>& each) {
+        return std::pair(each.first, each.second.Enabled);
+    });
     std::vector<PaletteEntry> entries;
     for (auto& [rank, entry] : found) entries.push_back(std::move(entry));
     return entries;

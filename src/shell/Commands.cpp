@@ -83,6 +83,7 @@ constexpr Command Table[] = {
     {.Name = "mnuFileProperties",
      .Menu = FileMenu,
      .Text = "str_FileProperties",
+     .About = "str_FilePropertiesAbout",
      .Shortcut = "Ctrl+I",
      .Icon = "properties",
      .Toolbar = FileToolbar,

@@ -14,6 +14,7 @@ struct Command {
     std::string_view Name = {};      ///< of the menu item: "mnuFileNew" is handled by mnuFileNew_Click
     std::string_view Menu = {};      ///< text keys of the menu and its submenus, joined by "/"
     std::string_view Text = {};      ///< text key of the caption
+    std::string_view About = {};     ///< text key of words that find it too: what its dialog holds; "" for none
     std::string_view Shortcut = {};  ///< as "Ctrl+Shift+S", "" for none; further ones follow behind a blank
     std::string_view ScoreKey =
         {};  ///< the key of the score that does the same with a step of undo, as "Shift+T": shown, not bound

@@ -24,6 +24,7 @@ constexpr Command Table[] = {
     {.Name = "mnuTrackTuning",
      .Menu = TrackMenu,
      .Text = "str_TrackTuningCommand",
+     .About = "str_TuningAbout",
      .Shortcut = "Ctrl+U",
      .Icon = "tuning",
      .Toolbar = "Track",

@@ -154,6 +154,8 @@ TEST_F(CommandTable, CommandsAreFoundByWhatTheySay) {
     EXPECT_EQ(first("sav"), "mnuFileSave");
     EXPECT_EQ(first("toolb file"), "mnuViewToolbarFile") << "the menu's name helps";
     EXPECT_EQ(first("fix bars"), "mnuOperationsFixBars") << "before Fix all bars";
+    EXPECT_EQ(first("tempo"), "mnuFileProperties") << "by what its dialog holds";
+    EXPECT_EQ(first("repeat"), "mnuBarRepeatOpen") << "at the first beat there is no chord to repeat";
     EXPECT_EQ(first("rackprop"), "");
     const auto zooms = FindCommands("zoom");
     ASSERT_GE(zooms.size(), 2U);
