@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "core/mod_Common.h"
+#include "core/mod_Instruments.h"
 #include "core/mod_Language.h"
 #include "core/mod_TabFileManipulation.h"
 #include "core/mod_TabFileStructure.h"
@@ -29,6 +30,21 @@ std::string LengthText(const Core::Strum& strum) {
 std::string FullnessText() {
     static constexpr const char* Keys[] = {"str_BarIsUnder", "str_BarIsFull", "str_BarIsOverfull"};
     return LanguageText(Keys[static_cast<int>(Editing::BarFullness(Open.CurTrack, Open.CurBar))]);
+}
+
+/// What a letter plays on the cursor's string: on most strings most letters are silent, which nothing else tells.
+std::string DrumText(const Core::Track& track, const std::string& fret) {
+    std::string text = LanguageText("str_CursorSound", {fret});
+    for (const Core::PercussionLetter& each : Core::PercussionLetters()) {
+        if (fret != each.Letter) continue;
+        const std::int16_t sound = track.PercStrings[Open.CurString].*each.Sound;
+        const auto names = Core::DrumSoundNames();
+        if (sound == 0) return text + " (" + LanguageText("str_CursorSilent") + ")";
+        if (sound > 0 && sound < static_cast<int>(names.size())) {
+            return text + " (" + names[static_cast<std::size_t>(sound)] + ")";
+        }
+    }
+    return text;
 }
 
 }  // namespace
@@ -60,7 +76,7 @@ std::string NoteText() {
         if (Open.CurString < 0 || Open.CurString >= Core::StringCount) return LengthText(strum);
         where = LanguageText("str_CursorString", {std::to_string(Open.CurString + 1)});
         const std::string& fret = strum.Notes[Open.CurString].Fret;
-        if (!fret.empty()) what = LanguageText(track.IsDrum ? "str_CursorSound" : "str_CursorFret", {fret});
+        if (!fret.empty()) what = track.IsDrum ? DrumText(track, fret) : LanguageText("str_CursorFret", {fret});
     } else {
         if (Open.CurPitch < 0 || Open.CurPitch > 127) return LengthText(strum);
         where = Core::NoteName(Open.CurPitch);

@@ -39,6 +39,10 @@ TEST_F(CursorTextTest, NotesAreToldByStringOrByPitch) {
     EXPECT_EQ(NoteText(), "D#4, no note, eighth of a tuplet");
     Core::Open.TabFile.Tracks[0].IsDrum = true;
     EXPECT_EQ(NoteText(), "string 3, sound 7, eighth of a tuplet");
+    auto& note = Core::EditStrum(0, Core::Open.CurBar, Core::Open.CurStrum).Notes.Edit(2);
+    note.Fret = "s";
+    Core::Open.TabFile.Tracks[0].PercStrings[2] = {};
+    EXPECT_EQ(NoteText(), "string 3, sound s (plays nothing on this string), eighth of a tuplet");
 }
 
 TEST_F(CursorTextTest, WhatIsNotThereIsNotTold) {
