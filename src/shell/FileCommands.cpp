@@ -1,4 +1,6 @@
 // New, open, save: which file stands in the window, and that no change is lost without a question.
+#include <cstring>
+
 #include "core/mod_Common.h"
 #include "core/mod_Language.h"
 #include "core/mod_MusicFile.h"
@@ -29,6 +31,17 @@ namespace {
 constexpr const char* UnsavedName = "Unsaved.qlm";
 
 std::string ShortName() { return Open.FileName.empty() ? UnsavedName : fs::path(Open.FileName).filename().string(); }
+
+/// A song that has no file yet is asked for by its title, without what names of files can't hold.
+std::string SuggestedName() {
+    std::string name;
+    for (const char letter : Open.TabFile.Title) {
+        const bool fits = static_cast<unsigned char>(letter) >= ' ' && std::strchr(R"(<>:"/\|?*)", letter) == nullptr;
+        if (fits && (letter != '.' || !name.empty())) name += letter;
+    }
+    const bool isNamed = !name.empty() && Open.TabFile.Title != Core::TabFile().Title;
+    return Open.FileName.empty() && isNamed ? name + ".qlm" : ShortName();
+}
 
 std::string LastThree(const fs::path& path) {
     const std::string text = path.string();
@@ -175,7 +188,7 @@ void mnuFileOpen_Click() {
 bool mnuFileSave_Click() { return Open.FileName.empty() ? mnuFileSaveAs_Click() : SaveFileAs(Open.FileName); }
 
 bool mnuFileSaveAs_Click() {
-    const auto chosen = Program.View->AskSaveFile(FolderToAskIn() / ShortName());
+    const auto chosen = Program.View->AskSaveFile(FolderToAskIn() / SuggestedName());
     if (!chosen) return false;
     if (LastThree(*chosen) == "QLM") return SaveFileAs(*chosen);
     // The name that gets the ending was not asked about.

@@ -49,6 +49,9 @@ TEST_F(FileCommands, ContinueWithOpAsksOnlyAboutChangesAndSavesOnYes) {
 
 TEST_F(FileCommands, SaveNewOpenStory) {
     Edit("3");
+    Open.TabFile.Title = "../Rain: 1/2";
+    EXPECT_FALSE(mnuFileSave_Click());
+    EXPECT_EQ(Window().Suggested.filename(), "Rain 12.qlm");
     Window().SaveAnswer = folder / "my song";  // gets its ending
     EXPECT_TRUE(mnuFileSave_Click());
     EXPECT_EQ(Window().Caption, "Quillon 4 - [my song.qlm]");
