@@ -100,6 +100,8 @@ picMixTable::picMixTable(QWidget* parent) : QTreeWidget(parent) {
     setUniformRowHeights(true);
     setAlternatingRowColors(true);
     setAllColumnsShowFocus(true);
+    // A click leaves the focus where it is: who picks a track or its volume types on in the score.
+    setFocusPolicy(Qt::TabFocus);
     setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
     setTextElideMode(Qt::ElideRight);
     setFrameShape(QFrame::NoFrame);
@@ -248,7 +250,7 @@ void picMixTable::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void picMixTable::keyPressEvent(QKeyEvent* event) {
-    // A click on a track took the focus from the paper, where any key stops.
+    // On the paper any key stops; here the others have work of their own.
     const bool stops = event->key() == Qt::Key_Space || event->key() == Qt::Key_Escape;
     if (stops && Shell::Sound.Playing) return Shell::mnuSoundStop_Click();
     constexpr int VolumeStep = 4;

@@ -116,6 +116,7 @@ TEST_F(BoardsWindowTest, TheTrackListMutesAndSetsVolumes) {
     EXPECT_TRUE(Playback::Player.Listening.IsSolo(0));
     EXPECT_FALSE(Open.FileChanged);
     EXPECT_EQ(Open.CurTrack, 0) << "the track in hand stays";
+    EXPECT_TRUE(window->Document().hasFocus()) << "who clicked there types on";
     click(1, 3, 0);
     EXPECT_EQ(Open.TabFile.Tracks[1].Volume, 0);
     EXPECT_TRUE(Open.FileChanged);
