@@ -78,7 +78,6 @@ TEST_F(DialogTest, OkWithoutATouchAndCancelChangeNothing) {
     EXPECT_FALSE(Open.FileChanged);
 }
 
-
 TEST_F(DialogTest, AComplaintKeepsTheDialogOpenAndSaysWhy) {
     Start();
     bool told = false;
