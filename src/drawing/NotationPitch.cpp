@@ -45,11 +45,13 @@ int DrumLaneFromY(int y) {
     return lane == bounds.end() ? -1 : static_cast<int>(lane - bounds.begin());
 }
 
-int DrumLaneY(int lane) {
-    constexpr int anchor = 24;
-    static constexpr std::array<int, 9> middles = {-36, -33, -28, -22, -16, -10, -2, 6, 10};
-    const int last = static_cast<int>(middles.size()) - 1;
-    return anchor + middles[static_cast<std::size_t>(std::clamp(lane, 0, last))];
+int DrumLaneStep(int lane) {
+    // Crash over a ledger line, ride on it, hi-hat on the staff; toms and snare between; bass drum and pedal below.
+    static constexpr std::array<int, 9> steps = {11, 10, 9, 7, 6, 4, 2, -1, -2};
+    const int last = static_cast<int>(steps.size()) - 1;
+    return steps[static_cast<std::size_t>(std::clamp(lane, 0, last))];
 }
+
+int DrumLaneY(int lane) { return 28 - (7 * DrumLaneStep(lane) + 1) / 2; }
 
 }  // namespace Quillon::Drawing

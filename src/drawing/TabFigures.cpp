@@ -3,7 +3,7 @@
 #include <array>
 #include <cmath>
 
-#include "drawing/TabParts.h"
+#include "drawing/NotationParts.h"
 
 namespace Quillon::Drawing {
 
@@ -88,31 +88,54 @@ void DrawFigures(Picture& picture, const TabBar& bar, int strum) {
 }
 
 void DrawStrum(Picture& picture, const BarContext& context, int strum) {
-    if (!context.ItsTrack().ShowTab) return;
-    TabBar bar(context);
-    DrawFigures(picture, bar, strum);
-    DrawNoteSigns(picture, bar, strum);
-    DrawLinks(picture, bar, strum);
-    DrawBends(picture, bar, strum);
+    if (context.ItsTrack().ShowTab) {
+        TabBar bar(context);
+        DrawFigures(picture, bar, strum);
+        DrawNoteSigns(picture, bar, strum);
+        DrawLinks(picture, bar, strum);
+        DrawBends(picture, bar, strum);
+    }
+    for (const StaffBar& staff : StaffBarsOf(context)) {
+        picture.SetColor(staff.Ink());
+        staff.IsDrum() ? DrawPercussionStrum(picture, staff, strum) : DrawStrumNotation(picture, staff, strum);
+    }
 }
 
-void DrawBarStrums(Picture& picture, const BarContext& context) {
-    if (!context.ItsTrack().ShowTab) return;
-    TabBar bar(context);
+namespace {
+
+void DrawStrings(Picture& picture, TabBar& bar) {
     // Figures of all columns first: their white boxes must not cut what reaches from one column to the next.
     for (int strum = 0; strum < bar.StrumCount(); ++strum) DrawFigures(picture, bar, strum);
     picture.SetColor(bar.Ink());
-    TakeRoom(picture, bar);
+}
+
+void DrawStringSigns(Picture& picture, TabBar& bar) {
     DrawLinksFromLastRow(picture, bar);
     for (int strum = 0; strum < bar.StrumCount(); ++strum) {
         DrawNoteSigns(picture, bar, strum);
         DrawLinks(picture, bar, strum);
     }
-    DrawChords(picture, bar);
-    for (int strum = 0; strum < bar.StrumCount(); ++strum) DrawBends(picture, bar, strum);
-    DrawMarks(picture, bar);
-    DrawTexts(picture, bar);
-    DrawMarksBelow(picture, bar);
+}
+
+}  // namespace
+
+void DrawBarStrums(Picture& picture, const BarContext& context) {
+    TabBar bar(context);
+    const std::vector<StaffBar> staves = StaffBarsOf(context);
+    const bool tab = bar.Track.ShowTab;
+    if (tab || bar.OnStaff) {
+        if (tab) DrawStrings(picture, bar);
+        picture.SetColor(bar.Ink());
+        TakeStaffRoom(bar, staves);
+        TakeRoom(picture, bar);
+        if (tab) DrawStringSigns(picture, bar);
+        DrawChords(picture, bar);
+        for (int strum = 0; tab && strum < bar.StrumCount(); ++strum) DrawBends(picture, bar, strum);
+        DrawMarks(picture, bar);
+        DrawTexts(picture, bar);
+        DrawMarksBelow(picture, bar);
+    }
+    DrawNotation(picture, staves);
 }
 
 }  // namespace Quillon::Drawing

@@ -6,35 +6,34 @@
 #include <string>
 #include <utility>
 
-#include "drawing/TabParts.h"
+#include "drawing/NotationParts.h"
 #include "drawing/mod_PageLayout.h"
 
 namespace Quillon::Drawing {
 
 namespace {
 
-constexpr int StaffStep = 7;
-constexpr int StaffHeight = 4 * StaffStep;
-constexpr int LowerStaff = 123;  ///< from a treble staff to the bass staff of the same row
 /// From the edge between two bars: a thick line over it, a gap of 2, a thin line, then the dots.
 constexpr int ThinLine = 4;
 constexpr int DotsInset = 7;
 constexpr int DotsInsetWithFigures = 67;
 
-/// Tops and bottoms of the staves that a row shows.
+/// Tops and bottoms of what a row shows.
 struct Staves {
-    bool Treble, Bass, Tab;
-    int TrebleY, BassY, TabTop, TabBottom;
+    std::vector<StaffPlace> Places;  ///< the row's own first, then that of the track whose lyrics it shows
+    bool Tab;
+    int TabTop, TabBottom;
     int Top, Bottom;
+
+    bool Shown() const { return Tab || (!Places.empty() && !Places.front().OfOther); }
 };
 
 Staves StavesOf(const BarContext& bar) {
-    const Core::Track& track = bar.ItsTrack();
     const TabBar tab(bar);
-    Staves staves{track.ShowTreble, track.ShowBass, track.ShowTab, bar.Y, 0, tab.Top, tab.Bottom, 0, 0};
-    staves.BassY = bar.Y + (track.ShowTreble ? LowerStaff : 0);
-    staves.Top = staves.Treble ? staves.TrebleY : staves.Bass ? staves.BassY : staves.TabTop;
-    staves.Bottom = staves.Tab ? staves.TabBottom : (staves.Bass ? staves.BassY : staves.TrebleY) + StaffHeight;
+    Staves staves{StaffPlacesOf(bar), bar.ItsTrack().ShowTab, tab.Top, tab.Bottom, tab.Top, tab.Bottom};
+    for (const StaffPlace& staff : staves.Places) {
+        if (!staff.OfOther) staves.Top = std::min(staves.Top, staff.Top);
+    }
     return staves;
 }
 
@@ -112,7 +111,10 @@ void DrawBarLines(Picture& picture, const BarContext& bar, const Staves& staves)
             top -= StringStep / 2;
             bottom += StringStep / 2;
         }
-        picture.Line(x, top, x, bottom, width);
+        if (staves.Shown()) picture.Line(x, top, x, bottom, width);
+        for (const StaffPlace& staff : staves.Places) {
+            if (staff.OfOther) picture.Line(x, staff.Top, x, staff.Top + StaffLineSpan, width);
+        }
     };
     const int right = bar.X + bar.Width;
     const bool opens = bar.Info().RepeatOpen;
@@ -133,8 +135,7 @@ void DrawRepeats(Picture& picture, const BarContext& bar, const Staves& staves, 
     constexpr int drop = 10;
     picture.SetColor(bar.File.LineColor);
     const auto dots = [&](int x) {
-        if (staves.Treble) DrawRepeatDots(picture, x, staves.TrebleY + drop);
-        if (staves.Bass) DrawRepeatDots(picture, x, staves.BassY + drop);
+        for (const StaffPlace& staff : staves.Places) DrawRepeatDots(picture, x, staff.Top + drop);
         if (staves.Tab) DrawTabRepeatDots(picture, bar, x, staves, strings);
     };
     // Behind the figures the dots stand this far in, right of the first column: existing files look so.
@@ -191,25 +192,23 @@ void DrawBarFrame(Picture& picture, const BarContext& bar) {
     }
     PrintSmall(picture, number, Anchor::Left);
     picture.SetColor(bar.File.LineColor);
-    if (staves.Treble) DrawStaffLines(picture, bar.X, right, staves.TrebleY, 5, StaffStep);
-    if (staves.Bass) DrawStaffLines(picture, bar.X, right, staves.BassY, 5, StaffStep);
+    for (const StaffPlace& staff : staves.Places) DrawStaffLines(picture, bar.X, right, staff.Top, 5, StaffStep);
     if (staves.Tab) DrawStaffLines(picture, bar.X, right, staves.TabTop, strings, StringStep);
-    if (ShowsStaffOfOther(bar.File, track)) {
-        DrawStaffLines(picture, bar.X, right, bar.Y + RowHeight(track) - StaffHeadroom, 5, StaffStep);
-    }
     if (figures) {
         constexpr double onStaff = 7.2, onTab = 9;
-        if (staves.Treble) DrawTimeSignature(picture, bar, staves.TrebleY + StaffHeight / 2, onStaff);
-        if (staves.Bass) DrawTimeSignature(picture, bar, staves.BassY + StaffHeight / 2, onStaff);
+        for (const StaffPlace& staff : staves.Places) {
+            DrawSignatures(picture, bar, staff);
+            DrawTimeSignature(picture, bar, staff.Top + StaffLineSpan / 2, onStaff);
+        }
         if (staves.Tab) {
             DrawTabLetters(picture, bar, staves.TabTop, strings);
-            if (!staves.Treble && !staves.Bass) {
+            if (staves.Places.empty() || staves.Places.front().OfOther) {
                 DrawTimeSignature(picture, bar, (staves.TabTop + staves.TabBottom) / 2.0, onTab);
             }
         }
     }
     DrawRepeats(picture, bar, staves, strings);
-    if (staves.Treble || staves.Bass || staves.Tab) DrawBarLines(picture, bar, staves);
+    DrawBarLines(picture, bar, staves);
     if (bar.Info().RepeatClose > 0) {
         PrintSmall(picture, {std::to_string(bar.Info().RepeatClose) + "x", RepeatCountRight(TabBar(bar)), bar.Y - 12},
                    Anchor::Right);

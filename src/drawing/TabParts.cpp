@@ -6,6 +6,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "drawing/NotationParts.h"
 #include "drawing/mod_PageLayout.h"
 
 namespace Quillon::Drawing {
@@ -63,7 +64,15 @@ TabBar::TabBar(const BarContext& bar)
       Strings(StringsShown(Track)),
       Top(bar.Y + TabOffset(Track) + FirstLineDrop),
       Bottom(Top + StringStep * (Strings - 1)),
-      OnRowTop(Top == bar.Y) {}
+      OnStaff(!Track.ShowTab && (Track.ShowTreble || Track.ShowBass)),
+      OnRowTop(Top == bar.Y) {
+    if (!OnStaff) return;
+    const std::vector<StaffPlace> staves = StaffPlacesOf(bar);
+    const std::size_t lowest = Track.ShowTreble && Track.ShowBass ? 1 : 0;
+    Top = staves.front().Top;
+    Bottom = staves[lowest].Top + StaffLineSpan;
+    OnRowTop = true;
+}
 
 double TabBar::Column(int strum) const { return Bar.Place.StrumX[strum] + (Context.X - Bar.Place.BarX); }
 
@@ -126,7 +135,7 @@ void Print(Picture& picture, const Font& font, double x, double baseline, std::s
     picture.Print(text, anchor);
 }
 
-void DrawBow(Picture& picture, double left, double right, double y, double rise) {
+void DrawBow(Picture& picture, double left, double right, double y, double rise, double fall) {
     constexpr int segments = 12;
     constexpr double ends = 0.4, middle = 0.9;  // half the thickness
     std::array<Point, 2 * (segments + 1)> outline;
@@ -136,8 +145,9 @@ void DrawBow(Picture& picture, double left, double right, double y, double rise)
         const double height = rise * (1 - std::pow(std::abs(2 * u - 1), 2.4));
         const double half = ends + (middle - ends) * std::sin(u * std::numbers::pi);
         const double x = left + u * (right - left);
-        outline[static_cast<std::size_t>(i)] = {x, y - height - half};
-        outline[static_cast<std::size_t>(2 * segments + 1 - i)] = {x, y - height + half};
+        const double at = y - height + u * fall;
+        outline[static_cast<std::size_t>(i)] = {x, at - half};
+        outline[static_cast<std::size_t>(2 * segments + 1 - i)] = {x, at + half};
     }
     picture.Polygon(outline);
 }

@@ -39,7 +39,7 @@ private:
     std::vector<Area> taken;
 };
 
-/// A bar that shows its tab.
+/// A bar that shows its tab, or staves alone.
 struct TabBar {
     explicit TabBar(const BarContext& bar);
 
@@ -49,6 +49,7 @@ struct TabBar {
     int Strings;
     int Top;        ///< y of the first string's line
     int Bottom;     ///< y of the last string's line
+    bool OnStaff;   ///< the tab is hidden: what belongs to no string stands around the staves instead
     bool OnRowTop;  ///< no staff stands above the tab, so that it shares its room with the bar number
     Room Around;
 
@@ -92,7 +93,8 @@ void Print(Picture& picture, const Font& font, double x, double baseline, std::s
            Anchor anchor = Anchor::Center);
 /// A flat bow from left to right, its ends at y and its middle `rise` higher: thin at its ends, twice as thick in its
 /// middle.
-void DrawBow(Picture& picture, double left, double right, double y, double rise);
+/// Its right end stands `fall` lower.
+void DrawBow(Picture& picture, double left, double right, double y, double rise, double fall = 0);
 /// A wave along `middle`.
 void DrawWave(Picture& picture, double left, double right, double middle, double amplitude);
 /// A filled arrowhead whose tip is at x, y; `direction` -1 points upward, 1 downward.

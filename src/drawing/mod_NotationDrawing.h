@@ -21,8 +21,15 @@ int StaffYToPitch(int y);
 bool KeyUsesFlats(std::int32_t key);
 /// Lane 0 to 6 of a height on a percussion staff, from the top; -1 where none lies.
 int DrumLaneFromY(int y);
-/// Middle of a lane below the row's top; the two lanes under those that a click reaches lie below the staff.
+/// Middle of a lane below the row's top, to the pixel; the two lanes under those that a click reaches lie below the
+/// staff.
 int DrumLaneY(int lane);
+/// The place of a lane on the staff in half steps above its bottom line: a line, a space, or a ledger line's.
+int DrumLaneStep(int lane);
+/// Lane of a drum sound on the percussion staff, 0 at the top to 8; -1 for no sound.
+int LaneOfSound(int sound);
+/// Lane of the sound that a note's letter plays on its string; the middle one for a letter that plays nothing.
+int LaneOfNote(const Core::Track& track, int string, const Core::Note& note);
 
 /// Pitch at which a note is written: open pitch plus fret (0 for what is no number), an octave up or down as the
 /// track says.

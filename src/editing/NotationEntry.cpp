@@ -18,10 +18,6 @@ using Core::Track;
 
 namespace {
 
-/// Lanes of the drum sounds by their number in the list of sounds, that of no sound first.
-constexpr std::array<std::int8_t, 47> Lanes = {-1, 7, 7, 5, 5, 5, 5, 6, 2, 6, 8, 6, 2, 4, 4, 0, 3, 1, 0, 1, 1, 0, 1, 0,
-                                               1,  1, 3, 4, 3, 3, 4, 3, 4, 3, 2, 2, 8, 8, 5, 5, 5, 3, 4, 6, 6, 8, 8};
-
 /// How a note is told, and written, at the cursor's place on the staff, string by string.
 struct Place {
     virtual ~Place() = default;
@@ -82,10 +78,6 @@ struct LanePlace final : Place {
 };
 
 }  // namespace
-
-int LaneOfSound(int sound) {
-    return sound >= 0 && sound < static_cast<int>(Lanes.size()) ? Lanes[static_cast<std::size_t>(sound)] : -1;
-}
 
 bool PercNoteIsOnThisString(const Track& track, int string, int lane) {
     return lane >= 0 && !LanePlace(track, lane).Text(string).empty();

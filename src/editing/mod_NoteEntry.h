@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "core/mod_TabFileStructure.h"
+#include "drawing/mod_NotationDrawing.h"
 
 namespace Quillon::Editing {
 
@@ -124,8 +125,7 @@ bool RunLengthShortcut(Core::OpenDocument& open, KeyPress key);
 // Drums --------------------------------------------------------------------------------------------------------------
 
 constexpr int LaneCount = 9;
-/// Lane of a drum sound on the percussion staff, 0 at the top; -1 for no sound.
-int LaneOfSound(int sound);
+using Drawing::LaneOfSound;
 /// True when one of the sounds that the string's letters play lies in the lane.
 bool PercNoteIsOnThisString(const Core::Track& track, int string, int lane);
 /// What the letters of a new drum track play: cymbals, hi-hat, toms, snare, toms and bass drum from string to string.

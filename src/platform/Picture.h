@@ -9,6 +9,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace Quillon {
 
@@ -42,6 +43,13 @@ struct Point {
     bool operator==(const Point&) const = default;
 };
 
+/// A shape that a page shows again and again, as filled polygons about an anchor at 0, 0. A part may lie over another,
+/// but none crosses itself. Targets may keep what they made of it by its address: it must outlive them.
+struct Shape {
+    std::string_view Name;  ///< stands in logs
+    std::vector<std::vector<Point>> Parts;
+};
+
 /// Which point of a text stands at the x given to Print.
 enum class Anchor { Left, Center, Right };
 
@@ -59,6 +67,16 @@ struct Picture {
     virtual void Polyline(std::span<const Point> points, double width = 1) = 0;
     /// A filled shape of straight edges in the current colour, without outline.
     virtual void Polygon(std::span<const Point> points) = 0;
+    /// A shape with its anchor at x, y, in the current colour. Far cheaper than its polygons one by one on a target
+    /// that keeps shapes.
+    virtual void Stamp(const Shape& shape, double x, double y) {
+        std::vector<Point> moved;
+        for (const std::vector<Point>& part : shape.Parts) {
+            moved.clear();
+            for (const Point& point : part) moved.push_back({x + point.X, y + point.Y});
+            Polygon(std::span<const Point>(moved));
+        }
+    }
     /// A filled rectangle without outline: left, top, width, height.
     virtual void Box(double x, double y, double width, double height, Color fill) = 0;
     virtual void Circle(double x, double y, double radius, double width = 1) = 0;

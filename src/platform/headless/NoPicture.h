@@ -11,6 +11,7 @@ struct NoPicture final : Picture {
     void Line(double, double, double, double, double) override {}
     void Polyline(std::span<const Point>, double) override {}
     void Polygon(std::span<const Point>) override {}
+    void Stamp(const Shape&, double, double) override {}
     void Box(double, double, double, double, Color) override {}
     void Circle(double, double, double, double) override {}
     void Disc(double, double, double) override {}

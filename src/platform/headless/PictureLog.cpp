@@ -69,6 +69,11 @@ void PictureLog::Polygon(std::span<const Point> points) {
     log += "polygon" + Places(points) + "\n";
 }
 
+void PictureLog::Stamp(const Shape& shape, double x, double y) {
+    UseColor();
+    ((log += "shape ") += shape.Name) += Numbers({x, y}) + "\n";
+}
+
 void PictureLog::Box(double x, double y, double width, double height, Color fill) {
     log += "box" + Numbers({x, y, width, height}) + Hex(fill) + "\n";
 }

@@ -4,6 +4,7 @@
 //   font Arial 8 bold        likewise for fonts
 //   line 0 10 40 10          from, to, and the width when it is not 1
 //   polyline w1.2 0,0 4,2    polygon likewise, without a width
+//   shape head 40 28         name and anchor of a shape
 //   box 1 2 6 8 #ffffff      left, top, width, height
 //   circle 4 4 3             middle, radius, and the width when it is not 1; disc without
 //   text 12 14 center "H"    x, baseline, the anchor when it is not the left end
@@ -31,6 +32,7 @@ public:
     void Polyline(std::span<const Point> points, double width) override;
     using Picture::Polygon;
     void Polygon(std::span<const Point> points) override;
+    void Stamp(const Shape& shape, double x, double y) override;
     void Box(double x, double y, double width, double height, Color fill) override;
     void Circle(double x, double y, double radius, double width) override;
     void Disc(double x, double y, double radius) override;

@@ -1,11 +1,13 @@
 #include "platform/qt/PainterPicture.h"
 
+#include <QPaintEngine>
 #include <QPolygonF>
 #include <algorithm>
 #include <cmath>
 #include <map>
 
 #include "platform/qt/GlyphCache.h"
+#include "platform/qt/ShapeCache.h"
 
 namespace Quillon {
 
@@ -115,6 +117,13 @@ void PainterPicture::Polygon(std::span<const Point> points) {
     for (const Point& point : points) path << QPointF(Middle(point.X), Middle(point.Y));
     UseBrush();
     painter.drawPolygon(path);
+}
+
+void PainterPicture::Stamp(const Shape& shape, double x, double y) {
+    // A printer's page keeps the outline itself.
+    const bool onPixels = painter.paintEngine() && painter.paintEngine()->type() == QPaintEngine::Raster;
+    if (!onPixels) return Picture::Stamp(shape, x, y);
+    ShapeCache::Instance().Draw(painter, shape, scale, color, Middle(x), Middle(y));
 }
 
 void PainterPicture::Box(double x, double y, double width, double height, Color fill) {

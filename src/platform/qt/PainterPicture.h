@@ -31,6 +31,7 @@ public:
     void Polyline(std::span<const Point> points, double width) override;
     using Picture::Polygon;
     void Polygon(std::span<const Point> points) override;
+    void Stamp(const Shape& shape, double x, double y) override;
     void Box(double x, double y, double width, double height, Color fill) override;
     void Circle(double x, double y, double radius, double width) override;
     void Disc(double x, double y, double radius) override;

@@ -1,0 +1,201 @@
+// Where the heads of a bar stand, and their painting: heads, ledger lines, dots.
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "core/mod_TabFileManipulation.h"
+#include "drawing/NotationParts.h"
+#include "drawing/mod_PageLayout.h"
+
+namespace Quillon::Drawing {
+
+namespace {
+
+constexpr int LowestPitch = 23, HighestPitch = 105;  ///< of the staff's table
+constexpr int MiddleC = 48;                          ///< sounding; the lowest pitch on the treble of two staves
+
+/// Steps of the scale from the lowest octave on.
+int ScaleStep(int pitch, bool useFlats) {
+    static constexpr std::array<int, 12> below = {0, 0, 1, 1, 2, 3, 3, 4, 4, 5, 5, 6};
+    static constexpr std::array<int, 12> above = {0, 1, 1, 2, 2, 3, 4, 4, 5, 5, 6, 6};
+    const auto place = static_cast<std::size_t>(pitch % 12);
+    return pitch / 12 * 7 + (useFlats ? above : below)[place];
+}
+
+bool IsBlackKey(int pitch) { return ScaleStep(pitch, true) != ScaleStep(pitch, false); }
+
+HeadKind KindOf(const StaffNote& note, std::int32_t length) {
+    if (note.Diamond) return length <= 1 ? HeadKind::DiamondOpen : HeadKind::Diamond;
+    return length <= 0 ? HeadKind::Whole : length == 1 ? HeadKind::Half : HeadKind::Filled;
+}
+
+}  // namespace
+
+Spelling SpellPitch(int pitch, bool useFlats, Clef clef) {
+    const int shown = std::clamp(pitch, LowestPitch, HighestPitch);
+    const int bottomLine = clef == Clef::Bass ? 31 : 52;
+    Spelling spelling{ScaleStep(shown, useFlats) - ScaleStep(bottomLine, false), 0};
+    if (IsBlackKey(shown)) spelling.Alteration = useFlats ? -1 : 1;
+    return spelling;
+}
+
+bool Takes(const StaffPlace& place, int pitch) { return pitch >= MiddleC ? place.TakesHigh : place.TakesLow; }
+
+double StaffColumn::Highest() const {
+    double y = Notes.empty() ? StemStart : Notes.front().Y;
+    for (const StaffNote& note : Notes) y = std::min(y, note.Y);
+    return y;
+}
+
+double StaffColumn::Lowest() const {
+    double y = Notes.empty() ? StemStart : Notes.front().Y;
+    for (const StaffNote& note : Notes) y = std::max(y, note.Y);
+    return y;
+}
+
+StaffBar::StaffBar(const BarContext& bar, const StaffPlace& place)
+    : Context(bar),
+      Place(place),
+      Track(place.Track),
+      Bar(Track.Bars[bar.Bar]),
+      UseFlats(KeyUsesFlats(Bar.Key)),
+      Groups(BeamGroups(Track, Bar, bar.Info())) {
+    const int count = Bar.Strums().Count();
+    Columns.resize(static_cast<std::size_t>(count));
+    double elapsed = 0;
+    const double total = Core::BarLengthIn64ths(bar.File, bar.Bar);
+    const double start = BarStartOffset(bar.ItsBar()), usable = bar.Width - start - 5;
+    for (int s = 0; s < count; ++s) {
+        StaffColumn& column = Column(s);
+        // The columns of another track are worked out apart, by musical time in the frame of the bar above.
+        column.X = Place.OfOther ? bar.X + start + (total > 0 ? elapsed / total : 0) * usable
+                                 : Bar.Place.StrumX[s] + (bar.X - Bar.Place.BarX);
+        elapsed += Core::StrumLength(Strum(s));
+        column.Hooks = std::clamp(Strum(s).Length - 2, 0, 4);
+    }
+    IsDrum() ? PlaceDrumHeads(*this) : PlaceHeads(*this);
+    bool sounds = false;
+    for (int s = 0; s < count; ++s) {
+        StaffColumn& column = Column(s);
+        const bool empty = !Core::HasNotes(Strum(s));
+        column.Slash = empty && Strum(s).Hash != 0 && Place.TakesRests;
+        column.Rest = empty && !column.Slash && Place.TakesRests;
+        sounds = sounds || column.Sounds() || column.Rest;
+    }
+    Silent = !sounds;
+}
+
+Spelling SpellNote(const StaffBar& bar, int string, const std::string& fret) {
+    Core::Note note;
+    note.Fret = fret;
+    if (bar.IsDrum()) return {DrumLaneStep(LaneOfNote(bar.Track, string, note)), 0};
+    return SpellPitch(WrittenPitch(bar.Track, string, note), bar.UseFlats, bar.Place.Clef);
+}
+
+void PlaceHeads(StaffBar& bar) {
+    for (int s = 0; s < bar.Count(); ++s) {
+        StaffColumn& column = bar.Column(s);
+        const Core::Strum& strum = bar.Strum(s);
+        bool allDisplaced = true;
+        for (const Head& head : StrumHeads(bar.Track, strum, bar.UseFlats)) {
+            const Core::Note& note = strum.Notes[head.String];
+            StaffNote placed{head.String, WrittenPitch(bar.Track, head.String, note)};
+            if (!Takes(bar.Place, placed.Pitch)) continue;
+            const Spelling spelling = SpellPitch(placed.Pitch, bar.UseFlats, bar.Place.Clef);
+            placed.Step = spelling.Step;
+            placed.Alteration = spelling.Alteration;
+            placed.X = column.X + head.DX;
+            placed.Y = bar.YOf(spelling.Step);
+            placed.Cross = note.Fret == "x" || note.Fret == "X";
+            placed.Diamond = note.Harmonic != Core::NoHarmonic;
+            allDisplaced = allDisplaced && head.DX != 0;
+            column.Displaced = column.Displaced || head.DX != 0;
+            column.Notes.push_back(placed);
+        }
+        // Its neighbours may stand on the other of two staves.
+        if (allDisplaced && column.Displaced) {
+            for (StaffNote& note : column.Notes) note.X = column.X;
+            column.Displaced = false;
+        }
+    }
+}
+
+void DrawNoteHead(Picture& picture, const StaffBar& bar, int strum, const StaffNote& note) {
+    static const Font crossFont{.Name = "Arial", .Size = 10};
+    constexpr double crossDrop = 3.3;
+    const std::int32_t length = bar.Strum(strum).Length;
+    if (note.Cross) {
+        Print(picture, crossFont, note.X, note.Y + crossDrop, "x");
+        if (length <= 1) picture.Circle(note.X, note.Y, 5, 1);
+    } else {
+        picture.Stamp(HeadShape(KindOf(note, length)), note.X, note.Y);
+    }
+    const Core::Note& own = bar.Strum(strum).Notes[note.String];
+    if (own.Ghost) picture.Stamp(ParenthesesShape(), note.X, note.Y);
+}
+
+void DrawLedgerLine(Picture& picture, double x, double y, LedgerLine variant) {
+    const bool wide = variant == LedgerLine::Wide || variant == LedgerLine::WideAtSharp;
+    const bool sharp = variant == LedgerLine::PlainAtSharp || variant == LedgerLine::WideAtSharp;
+    const double half = wide ? 8 : 7;
+    picture.Line(x - (sharp ? half - 2 : half), y, x, y);
+    picture.Line(x, y, x + half, y);
+}
+
+void DrawLedgerLines(Picture& picture, const StaffBar& bar, int strum) {
+    constexpr int topLine = 8;
+    const StaffColumn& column = bar.Column(strum);
+    const bool wide = bar.Strum(strum).Length <= 0;
+    // Those that a farther head of the same side draws for a nearer one stand once.
+    const auto drawTo = [&](bool displaced, bool above) {
+        int farthest = above ? topLine : 0;
+        bool sharpThere = false;
+        double x = column.X;
+        for (const StaffNote& note : column.Notes) {
+            if ((note.X != column.X) != displaced) continue;
+            x = note.X;
+            if (above ? note.Step > farthest : note.Step < farthest) {
+                farthest = note.Step;
+                sharpThere = note.Sign != Accidental::None;
+            }
+        }
+        for (int step = above ? topLine + 2 : -2; above ? step <= farthest : step >= farthest; step += above ? 2 : -2) {
+            const bool sharp = sharpThere && std::abs(step - farthest) <= 1;
+            DrawLedgerLine(picture, x, bar.YOf(step),
+                           wide ? (sharp ? LedgerLine::WideAtSharp : LedgerLine::Wide)
+                                : (sharp ? LedgerLine::PlainAtSharp : LedgerLine::Plain));
+        }
+    };
+    for (const bool above : {true, false}) {
+        drawTo(false, above);
+        if (column.Displaced) drawTo(true, above);
+    }
+}
+
+void DrawDots(Picture& picture, const StaffBar& bar, int strum) {
+    constexpr double radius = 1.35, away = 8.3, awayFromFlag = 11.5;
+    const Core::Strum& own = bar.Strum(strum);
+    const StaffColumn& column = bar.Column(strum);
+    if (!own.Dotted) return;
+    if (column.Rest || column.Slash) {
+        picture.Disc(column.X + (own.Length <= 1 || column.Slash ? away : 6.5), bar.Place.Top + 10.5, radius);
+        return;
+    }
+    const bool flagged = column.StemUp && column.Hooks > 0 && !column.Beamed;
+    const double x = column.X + (column.Displaced ? 6 : 0) + (flagged ? awayFromFlag : away);
+    std::vector<const StaffNote*> notes;
+    for (const StaffNote& note : column.Notes) notes.push_back(&note);
+    std::sort(notes.begin(), notes.end(), [](auto* a, auto* b) { return a->Step > b->Step; });
+    std::vector<int> taken;
+    for (const StaffNote* note : notes) {
+        // In the space above a line; in the one below when that is taken.
+        int step = note->OnLine() ? note->Step + 1 : note->Step;
+        const auto isTaken = [&](int at) { return std::find(taken.begin(), taken.end(), at) != taken.end(); };
+        if (isTaken(step) && note->OnLine()) step -= 2;
+        if (isTaken(step)) continue;
+        taken.push_back(step);
+        picture.Disc(x, bar.YOf(step), radius);
+    }
+}
+
+}  // namespace Quillon::Drawing

@@ -1,0 +1,188 @@
+// What joins heads: ties, bows, slides; grace notes and the bow to their head.
+#include <algorithm>
+#include <cmath>
+#include <string>
+
+#include "drawing/NotationParts.h"
+
+namespace Quillon::Drawing {
+
+namespace {
+
+constexpr double BowAway = 5;  ///< from a head's middle to a bow's end above or below it
+constexpr double BeforeSign = 6.5;
+
+struct Target {
+    double X = 0, Y = 0;  ///< of the other head's middle
+    double Left = 0;      ///< where its signs begin
+    bool SameRow = true;
+    bool Found = false;
+    int Pitch = 0;
+};
+
+/// The next head on a note's string, in this bar or the next one.
+Target NextHead(const StaffBar& bar, int strum, const StaffNote& note) {
+    for (int next = strum + 1; next < bar.Count(); ++next) {
+        if (bar.Strum(next).Notes[note.String].Fret.empty()) continue;
+        for (const StaffNote& other : bar.Column(next).Notes) {
+            if (other.String != note.String) continue;
+            const double left = other.Sign == Accidental::None ? other.X - 4.6 : other.SignX - 2.8;
+            return {other.X, other.Y, left, true, true, other.Pitch};
+        }
+        return {};  // it stands on the other staff
+    }
+    if (bar.Place.OfOther) return {};
+    const Partner partner = NextOnString(TabBar(bar.Context), bar.Count() - 1, note.String);
+    if (!partner.Note) return {};
+    Target target{partner.X, note.Y, partner.X - 4.6, partner.SameRow, true, 0};
+    if (!bar.IsDrum()) {
+        target.Pitch = WrittenPitch(bar.Track, note.String, *partner.Note);
+        if (!Takes(bar.Place, target.Pitch)) return {};
+        target.Y = bar.YOf(SpellPitch(target.Pitch, bar.UseFlats, bar.Place.Clef).Step);
+    }
+    return target;
+}
+
+/// Bows of the upper heads of a chord lie above them, those of the lower heads below; that of a single head on the side
+/// away from its stem.
+bool BowsUp(const StaffColumn& column, const StaffNote& note) {
+    if (column.Notes.size() < 2) return !column.StemUp;
+    const double middle = (column.Highest() + column.Lowest()) / 2;
+    return note.Y == middle ? !column.StemUp : note.Y < middle;
+}
+
+void DrawBowTo(Picture& picture, const StaffBar& bar, int strum, const StaffNote& note, const Target& target) {
+    const StaffColumn& column = bar.Column(strum);
+    const bool up = BowsUp(column, note);
+    const double outward = up ? -1 : 1;
+    const bool inChord = column.Notes.size() > 1;
+    // Beside the heads of a chord, above or below a single one.
+    const double away = inChord ? 2 : BowAway, inset = inChord ? 5.5 : 2;
+    const double dots = inChord && bar.Strum(strum).Dotted ? 5 : 0;
+    const double from = note.X + inset + dots;
+    double to = target.SameRow ? target.X - inset : bar.Right() - 2;
+    if (inChord && target.SameRow) to = std::min(to, target.Left - 1);
+    if (to - from < 4) to = from + 4;
+    const double fall = target.SameRow ? target.Y - note.Y : 0;
+    const double rise = std::min(6.5, 2.5 + (to - from) / 16);
+    DrawBow(picture, from, to, note.Y + outward * away, -outward * rise, fall);
+}
+
+void DrawLegato(Picture& picture, const StaffBar& bar, int strum) {
+    const StaffColumn& column = bar.Column(strum);
+    const StaffNote* outermost = nullptr;
+    for (const StaffNote& note : column.Notes) {
+        if (bar.Strum(strum).Notes[note.String].Technique != Core::HammerOnPullOff) continue;
+        if (!outermost || (column.StemUp ? note.Y > outermost->Y : note.Y < outermost->Y)) outermost = &note;
+    }
+    if (!outermost) return;
+    const Target target = NextHead(bar, strum, *outermost);
+    if (!target.Found) return;
+    // One bow for all notes of the strum, over or under the outermost.
+    const double outward = column.StemUp ? 1 : -1;
+    const double from = outermost->X + 1, to = target.SameRow ? target.X - 1 : bar.Right() - 2;
+    const double fall = target.SameRow ? target.Y - outermost->Y : 0;
+    const double rise = std::min(7.0, 3 + (to - from) / 16);
+    const double y = outermost->Y + outward * (BowAway + 0.5);
+    DrawBow(picture, from, std::max(to, from + 5), y, -outward * rise, fall);
+    if (bar.Track.ShowTab || target.Pitch == outermost->Pitch) return;
+    const char* letter = target.Pitch > outermost->Pitch ? "H" : "P";
+    const double middle = y + fall / 2 + outward * (rise + (outward < 0 ? 2.5 : 8.5));
+    Print(picture, SmallFont, std::round((from + to) / 2), std::round(middle), letter);
+}
+
+void DrawSlideTo(Picture& picture, const StaffBar& bar, int strum, const StaffNote& note) {
+    const Target target = NextHead(bar, strum, note);
+    const bool dotted = bar.Strum(strum).Dotted;
+    const double from = note.X + BeforeSign + (dotted ? 5 : 0);
+    if (!target.Found || !target.SameRow) {
+        const double to = target.Found ? bar.Right() - 2 : from + 9;
+        return picture.Line(from, note.Y + 2.5, std::max(to, from + 5), note.Y - 2.5, 1.2);
+    }
+    const double to = std::max(target.Left - 2, from + 4);
+    const double slant = target.Y < note.Y ? 1 : target.Y > note.Y ? -1 : target.Pitch < note.Pitch ? -2 : 2;
+    picture.Line(from, note.Y + slant * 0.7, to, target.Y - slant * 0.7, 1.2);
+}
+
+}  // namespace
+
+void DrawStaffLinks(Picture& picture, const StaffBar& bar, int strum) {
+    const StaffColumn& column = bar.Column(strum);
+    DrawLegato(picture, bar, strum);
+    for (const StaffNote& note : column.Notes) {
+        const Core::Note& own = bar.Strum(strum).Notes[note.String];
+        if (own.Technique == Core::LegatoSlide) DrawSlideTo(picture, bar, strum, note);
+        if (own.Tied) {
+            if (const Target target = NextHead(bar, strum, note); target.Found) {
+                DrawBowTo(picture, bar, strum, note, target);
+                continue;
+            }
+        }
+        if (!own.LetRing) continue;
+        constexpr double longest = 12, shortest = 7;
+        const bool up = BowsUp(column, note);
+        const double from = note.X + (column.Notes.size() > 1 ? 5.5 : 3) + (bar.Strum(strum).Dotted ? 5 : 0);
+        const double next = strum + 1 < bar.Count() ? bar.Column(strum + 1).Left - 1.5 : bar.Right() - 2;
+        const double length = std::min(longest, next - from);
+        if (length < shortest) continue;
+        const double away = column.Notes.size() > 1 ? 2 : 4;
+        DrawBow(picture, from, from + length, note.Y + (up ? -away : away), up ? 2.5 : -2.5);
+    }
+}
+
+void DrawStaffLinksFromLastRow(Picture& picture, const StaffBar& bar) {
+    constexpr double reach = 14;
+    const BarContext& context = bar.Context;
+    if (bar.Place.OfOther || context.Bar == 0 || bar.Count() == 0 || TabBar(context).Beside(-1)) return;
+    const auto& before = bar.Track.Bars[context.Bar - 1].Strums();
+    const Core::Strum& last = before[before.UpperBound()];
+    const StaffColumn& column = bar.Column(0);
+    for (const StaffNote& note : column.Notes) {
+        const Core::Note& from = last.Notes[note.String];
+        if (from.Fret.empty() || (!from.Tied && from.Technique != Core::HammerOnPullOff)) continue;
+        const bool up = BowsUp(column, note), inChord = column.Notes.size() > 1;
+        const double right = note.X - (inChord ? 5.5 : 2);
+        const double left = std::max(right - reach, context.X + 1.0);
+        const double away = inChord ? 2 : BowAway;
+        DrawBow(picture, left, std::max(right, left + 4), note.Y + (up ? -away : away), up ? 3 : -3);
+    }
+}
+
+void DrawGraceNotes(Picture& picture, const StaffBar& bar, int strum) {
+    constexpr double stemLong = 15, stemRight = 2.4;
+    const StaffColumn& column = bar.Column(strum);
+    double top = 0, bottom = 0;
+    bool any = false;
+    for (const StaffNote& note : column.Notes) {
+        const Core::Note& own = bar.Strum(strum).Notes[note.String];
+        if (!own.HasGrace || own.GraceFret.empty()) continue;
+        const Spelling spelling = SpellNote(bar, note.String, own.GraceFret);
+        const double y = bar.YOf(spelling.Step);
+        picture.Stamp(GraceHeadShape(), column.GraceX, y);
+        for (int step = 10; step <= spelling.Step; step += 2) {
+            picture.Line(column.GraceX - 4, bar.YOf(step), column.GraceX + 4, bar.YOf(step));
+        }
+        for (int step = -2; step >= spelling.Step; step -= 2) {
+            picture.Line(column.GraceX - 4, bar.YOf(step), column.GraceX + 4, bar.YOf(step));
+        }
+        if (!bar.IsDrum() && spelling.Alteration != KeyAlteration(bar.Bar.Key, spelling.Step, bar.Place.Clef)) {
+            const Accidental sign = spelling.Alteration > 0   ? Accidental::Sharp
+                                    : spelling.Alteration < 0 ? Accidental::Flat
+                                                              : Accidental::Natural;
+            picture.Stamp(AccidentalShape(sign, true), column.GraceX - 6, y);
+        }
+        top = any ? std::min(top, y) : y;
+        bottom = any ? std::max(bottom, y) : y;
+        any = true;
+    }
+    if (!any) return;
+    const double x = std::round(column.GraceX + stemRight);
+    const double end = top - stemLong;
+    picture.Line(x, bottom - 1, x, end);
+    // A flag, and the stroke through it that makes it short.
+    picture.Polyline({{x, end}, {x + 3.2, end + 3.6}, {x + 3.4, end + 7}}, 1.2);
+    picture.Line(x - 3, end + 8, x + 4.5, end + 2.5, 1);
+    DrawBow(picture, column.GraceX, column.X - 1.5, bottom + 4, -2.5, std::clamp(column.Lowest() - bottom, -6.0, 6.0));
+}
+
+}  // namespace Quillon::Drawing

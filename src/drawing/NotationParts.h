@@ -1,0 +1,163 @@
+// What the sources of the staff's painter share: a bar of one staff as it is going to stand, worked out before any of
+// it is painted.
+#pragma once
+
+#include <vector>
+
+#include "drawing/NotationShapes.h"
+#include "drawing/TabParts.h"
+#include "drawing/mod_NotationDrawing.h"
+
+namespace Quillon::Drawing {
+
+constexpr int StaffStep = 7;         ///< between two lines
+constexpr double HalfStep = 3.5;     ///< between a line and a space: the exact height, which clicks round
+constexpr int StaffLineSpan = 28;    ///< from the top line to the bottom line
+constexpr double HeadHalf = 4;       ///< from a head's middle to the middle of its stem
+constexpr double OctaveLong = 24.5;  ///< a stem
+
+/// Where a staff stands in a row, and of which track.
+struct StaffPlace {
+    const Core::Track& Track;
+    Drawing::Clef Clef;
+    int Top;                 ///< y of the top line
+    bool TakesHigh = true;   ///< notes from middle C, sounding 48, up
+    bool TakesLow = true;    ///< notes below that
+    bool TakesRests = true;  ///< columns without notes
+    bool OfOther = false;    ///< the staff of the track whose lyrics are shown
+};
+/// The staves of a row from the top down.
+std::vector<StaffPlace> StaffPlacesOf(const BarContext& bar);
+
+struct StaffNote {
+    int String = 0;
+    int Pitch = 0;  ///< as written
+    int Step = 0;   ///< half steps of the staff above its bottom line
+    double X = 0;   ///< of the head's middle
+    double Y = 0;
+    int Alteration = 0;  ///< 1 sharp, -1 flat, as spelled
+    Accidental Sign = Accidental::None;
+    double SignX = 0;
+    bool Cross = false;    ///< a dead note, or a cymbal
+    bool Diamond = false;  ///< a harmonic
+    bool OnLine() const { return Step % 2 == 0; }
+};
+
+struct StaffColumn {
+    double X = 0;       ///< of its undisplaced heads
+    double Left = 0;    ///< of what stands before the heads: accidentals, grace notes
+    double GraceX = 0;  ///< of the heads of its grace notes
+    std::vector<StaffNote> Notes;
+    bool Rest = false;
+    bool Slash = false;  ///< a stroke that stands for a chord
+    bool StemUp = true;
+    bool HasStem = false;
+    double StemX = 0;
+    double StemStart = 0;  ///< at the head that is farthest from its end
+    double StemEnd = 0;
+    int Hooks = 0;  ///< flags or beams that its length asks for
+    bool Beamed = false;
+    bool Displaced = false;  ///< some head stands right of the others
+
+    bool Sounds() const { return !Notes.empty() || Slash; }
+    double Highest() const;  ///< y of the topmost head
+    double Lowest() const;
+};
+
+/// A stroke of a beam from stem to stem.
+struct BeamStroke {
+    double X1, Y1, X2, Y2;  ///< middle of the stroke
+};
+
+/// Strums under one beam.
+struct BeamRun {
+    std::vector<int> Strums;
+    bool Up = true;
+    double Start = 0, Slope = 0;  ///< y of the main beam's middle at the first stem, and its fall per pixel
+};
+
+struct StaffBar {
+    StaffBar(const BarContext& bar, const StaffPlace& place);
+
+    const BarContext& Context;
+    const StaffPlace Place;
+    const Core::Track& Track;
+    const Core::Bar& Bar;
+    bool UseFlats;
+    bool Silent = false;  ///< none of the bar's notes stand on this staff, and its rests do not either
+    std::vector<BeamGroup> Groups;
+    std::vector<StaffColumn> Columns;
+    std::vector<BeamStroke> Beams;  ///< the first of each run is the one that all its stems reach
+    std::vector<BeamRun> Runs;
+
+    int Count() const { return static_cast<int>(Columns.size()); }
+    StaffColumn& Column(int strum) { return Columns[static_cast<std::size_t>(strum)]; }
+    const StaffColumn& Column(int strum) const { return Columns[static_cast<std::size_t>(strum)]; }
+    const Core::Strum& Strum(int strum) const { return Bar.Strums()[strum]; }
+    int Bottom() const { return Place.Top + StaffLineSpan; }
+    double YOf(int step) const { return Bottom() - HalfStep * step; }
+    double Right() const { return Context.X + Context.Width; }
+    double NextX(int strum) const { return strum + 1 < Count() ? Column(strum + 1).X : Right(); }
+    Color Ink() const { return Context.File.NoteFontColor; }
+    bool IsDrum() const { return Place.Clef == Clef::Percussion; }
+};
+
+/// Half steps above the bottom line of a staff, and the sign that the spelling carries; a pitch off the table stands at
+/// the end it is past.
+struct Spelling {
+    int Step = 0;
+    int Alteration = 0;
+};
+Spelling SpellPitch(int pitch, bool useFlats, Clef clef);
+/// The alteration that a key gives to a place of the staff.
+int KeyAlteration(std::int32_t key, int step, Clef clef);
+/// Sharps of a key, or flats counted below 0.
+int KeySigns(std::int32_t key);
+/// The same for a written note of the bar: by its lane on a drum track.
+Spelling SpellNote(const StaffBar& bar, int string, const std::string& fret);
+/// True when the staff takes a pitch.
+bool Takes(const StaffPlace& place, int pitch);
+
+// What works a bar out, in this order.
+void PlaceHeads(StaffBar& bar);
+void PlaceDrumHeads(StaffBar& bar);
+void PlaceAccidentals(StaffBar& bar);
+/// Moves columns whose accidentals would print over the bar line, a repeat's dots or the note before a little to the
+/// right, alike on all staves.
+void MakeRoomBefore(std::vector<StaffBar>& staves);
+void PlaceStems(StaffBar& bar);
+void PlaceBeams(StaffBar& bar);
+
+// What paints it.
+void DrawSignatures(Picture& picture, const BarContext& bar, const StaffPlace& place);
+void DrawStrumNotation(Picture& picture, const StaffBar& bar, int strum);
+void DrawPercussionStrum(Picture& picture, const StaffBar& bar, int strum);
+void DrawNoteHead(Picture& picture, const StaffBar& bar, int strum, const StaffNote& note);
+enum class LedgerLine { Plain, PlainAtSharp, Wide, WideAtSharp };
+/// A short line through x, y in two halves: 14 pixels from 3 left of the head, further for a whole note's. The left
+/// half of one at a sharp begins later.
+void DrawLedgerLine(Picture& picture, double x, double y, LedgerLine variant);
+void DrawLedgerLines(Picture& picture, const StaffBar& bar, int strum);
+void DrawRest(Picture& picture, const StaffBar& bar, int strum);
+/// The rest of a whole bar, in its middle.
+void DrawBarRest(Picture& picture, const StaffBar& bar);
+void DrawDots(Picture& picture, const StaffBar& bar, int strum);
+void DrawStem(Picture& picture, const StaffBar& bar, int strum);
+void DrawBeams(Picture& picture, const StaffBar& bar);
+void DrawTuplets(Picture& picture, const StaffBar& bar);
+/// A small head before the column for each string's grace note.
+void DrawGraceNotes(Picture& picture, const StaffBar& bar, int strum);
+/// Ties, bows of hammer-ons and pull-offs, slides, and the short bows of notes that ring on.
+void DrawStaffLinks(Picture& picture, const StaffBar& bar, int strum);
+void DrawStaffLinksFromLastRow(Picture& picture, const StaffBar& bar);
+/// Strokes of the hand, tremolo picking and slides into and out of notes, where no tab tells them.
+void DrawStaffSigns(Picture& picture, const StaffBar& bar, int strum);
+
+/// The staves of a bar with all that stands on them.
+void DrawNotation(Picture& picture, const std::vector<StaffBar>& staves);
+/// The staves of a bar, worked out.
+std::vector<StaffBar> StaffBarsOf(const BarContext& bar);
+/// Takes the room above the row that the notes reach into, and below it where no tab stands.
+void TakeStaffRoom(TabBar& bar, const std::vector<StaffBar>& staves);
+
+}  // namespace Quillon::Drawing
