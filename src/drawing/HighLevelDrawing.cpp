@@ -191,8 +191,10 @@ void DrawCursor(Picture& picture) {
     } else if (track.IsDrum && (track.ShowTreble || track.ShowBass)) {
         DrawOutline(picture, x - 8, y + DrumLaneY(Open.CurPitch) - 5, 17, 10);
     } else if (track.ShowTreble || track.ShowBass) {
-        const int base = track.ShowTreble ? 0 : NotationBaseOffset(track);
-        DrawOutline(picture, x - 8, y + base + PitchToStaffY(Open.CurPitch, false) + 2, 17, 10);
+        const int pitch = Open.CurPitch + OctaveShift(track);
+        const bool lower = track.ShowBass && (!track.ShowTreble || pitch < LowestOnTreble);
+        const int base = lower ? NotationBaseOffset(track) : 0;
+        DrawOutline(picture, x - 8, y + base + PitchToStaffY(pitch, KeyUsesFlats(bar->Key)) + 2, 17, 10);
     }
 }
 

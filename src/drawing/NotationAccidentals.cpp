@@ -114,7 +114,7 @@ double LeftLimit(const StaffBar& bar, int strum) {
     constexpr double line = 2, dots = 10.5, timeRight = 41;
     const BarContext& context = bar.Context;
     if (strum == 0) {
-        if (context.ItsBar().Place.ShowTimeSig) return context.X + timeRight;
+        if (context.ItsBar().Place.ShowTimeSig) return context.X + timeRight + SignatureOverhang(context);
         return context.X + (context.Info().RepeatOpen ? dots : line);
     }
     const StaffColumn& before = bar.Column(strum - 1);
@@ -138,12 +138,12 @@ void PlaceAccidentals(StaffBar& bar) {
 }
 
 void MakeRoomBefore(std::vector<StaffBar>& staves) {
-    constexpr double most = 0.4;  // of the way to the next column
+    constexpr double most = 0.5;  // of the way to the next column
     const bool related = !staves.empty();
     for (int s = 0; related && s < staves.front().Count(); ++s) {
         double by = 0;
         for (const StaffBar& bar : staves) {
-            if (bar.Place.OfOther || !bar.Column(s).Sounds()) continue;
+            if (bar.Place.OfOther || !(bar.Column(s).Sounds() || bar.Column(s).Rest)) continue;
             const double wanted = LeftLimit(bar, s) - bar.Column(s).Left;
             by = std::max(by, std::min(wanted, most * (bar.NextX(s) - bar.Column(s).X)));
         }

@@ -87,6 +87,24 @@ void AddLevel(StaffBar& bar, const BeamRun& run, int level) {
     }
 }
 
+/// A rest that a beam passes steps away from it by whole spaces.
+void ClearRests(StaffBar& bar, const BeamRun& run, int levels) {
+    constexpr double gap = 1.5;
+    static constexpr double tops[] = {7, 7, 1, 0},
+                            bottoms[] = {21, 28, 28, 35};  // of an eighth's rest and shorter ones
+    const double firstX = bar.Column(run.Strums.front()).StemX;
+    for (int s = run.Strums.front() + 1; s < run.Strums.back(); ++s) {
+        StaffColumn& column = bar.Column(s);
+        if (!column.Rest || column.Hooks == 0) continue;
+        const double inward = run.Up ? 1 : -1;
+        const double edge =
+            run.Start + run.Slope * (column.X - firstX) + inward * (LevelStep * (levels - 1) + Thickness / 2 + gap);
+        const auto kind = static_cast<std::size_t>(column.Hooks - 1);
+        const double over = run.Up ? edge - (bar.Place.Top + tops[kind]) : bar.Place.Top + bottoms[kind] - edge;
+        if (over > 0) column.RestDrop = inward * StaffStep * std::ceil(over / StaffStep);
+    }
+}
+
 void FinishRun(StaffBar& bar, BeamRun& run) {
     if (run.Strums.size() > 1) {
         int levels = 0;
@@ -96,6 +114,7 @@ void FinishRun(StaffBar& bar, BeamRun& run) {
         }
         PlaceRun(bar, run);
         for (int level = 1; level <= levels; ++level) AddLevel(bar, run, level);
+        ClearRests(bar, run, levels);
         bar.Runs.push_back(run);
     }
     run.Strums.clear();

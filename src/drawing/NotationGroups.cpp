@@ -55,9 +55,10 @@ int EndOfBeat(const Core::List<Strum>& strums, int first, double beat) {
 
 }  // namespace
 
+int OctaveShift(const Track& track) { return (track.OctaveUp ? 12 : 0) - (track.OctaveDown ? 12 : 0); }
+
 int WrittenPitch(const Track& track, int string, const Note& note) {
-    const int octave = (track.OctaveUp ? 12 : 0) - (track.OctaveDown ? 12 : 0);
-    return Core::OpenPitch(track, string) + FretNumber(note.Fret) + octave;
+    return Core::OpenPitch(track, string) + FretNumber(note.Fret) + OctaveShift(track);
 }
 
 std::vector<Head> StrumHeads(const Track& track, const Strum& strum, bool useFlats) {

@@ -12,7 +12,7 @@ namespace Quillon::Drawing {
 namespace {
 
 constexpr int LowestPitch = 23, HighestPitch = 105;  ///< of the staff's table
-constexpr int MiddleC = 48;                          ///< sounding; the lowest pitch on the treble of two staves
+constexpr double WholeExtra = 3;
 
 /// Steps of the scale from the lowest octave on.
 int ScaleStep(int pitch, bool useFlats) {
@@ -39,7 +39,7 @@ Spelling SpellPitch(int pitch, bool useFlats, Clef clef) {
     return spelling;
 }
 
-bool Takes(const StaffPlace& place, int pitch) { return pitch >= MiddleC ? place.TakesHigh : place.TakesLow; }
+bool Takes(const StaffPlace& place, int pitch) { return pitch >= LowestOnTreble ? place.TakesHigh : place.TakesLow; }
 
 double StaffColumn::Highest() const {
     double y = Notes.empty() ? StemStart : Notes.front().Y;
@@ -82,7 +82,9 @@ StaffBar::StaffBar(const BarContext& bar, const StaffPlace& place)
         column.Rest = empty && !column.Slash && Place.TakesRests;
         sounds = sounds || column.Sounds() || column.Rest;
     }
-    Silent = !sounds;
+    // A bar that rests as a whole shows it in its middle.
+    const bool restsWhole = count == 1 && Column(0).Rest && Strum(0).Length == 0 && !Strum(0).Dotted;
+    Silent = !sounds || restsWhole;
 }
 
 Spelling SpellNote(const StaffBar& bar, int string, const std::string& fret) {
@@ -104,7 +106,8 @@ void PlaceHeads(StaffBar& bar) {
             const Spelling spelling = SpellPitch(placed.Pitch, bar.UseFlats, bar.Place.Clef);
             placed.Step = spelling.Step;
             placed.Alteration = spelling.Alteration;
-            placed.X = column.X + head.DX;
+            // A whole note is wider than the others and steps further aside.
+            placed.X = column.X + head.DX + (head.DX != 0 && strum.Length <= 0 ? WholeExtra : 0);
             placed.Y = bar.YOf(spelling.Step);
             placed.Cross = note.Fret == "x" || note.Fret == "X";
             placed.Diamond = note.Harmonic != Core::NoHarmonic;
@@ -121,12 +124,12 @@ void PlaceHeads(StaffBar& bar) {
 }
 
 void DrawNoteHead(Picture& picture, const StaffBar& bar, int strum, const StaffNote& note) {
-    static const Font crossFont{.Name = "Arial", .Size = 10};
-    constexpr double crossDrop = 3.3;
+    static const Font crossFont{.Name = "Arial", .Size = 10.5, .Bold = true};
+    constexpr double crossDrop = 3.6;
     const std::int32_t length = bar.Strum(strum).Length;
     if (note.Cross) {
         Print(picture, crossFont, note.X, note.Y + crossDrop, "x");
-        if (length <= 1) picture.Circle(note.X, note.Y, 5, 1);
+        if (length <= 1) picture.Circle(note.X, note.Y, 5.5, 1);
     } else {
         picture.Stamp(HeadShape(KindOf(note, length)), note.X, note.Y);
     }
@@ -178,7 +181,8 @@ void DrawDots(Picture& picture, const StaffBar& bar, int strum) {
     const StaffColumn& column = bar.Column(strum);
     if (!own.Dotted) return;
     if (column.Rest || column.Slash) {
-        picture.Disc(column.X + (own.Length <= 1 || column.Slash ? away : 6.5), bar.Place.Top + 10.5, radius);
+        picture.Disc(column.X + (own.Length <= 1 || column.Slash ? away : 6.5), bar.Place.Top + column.RestDrop + 10.5,
+                     radius);
         return;
     }
     const bool flagged = column.StemUp && column.Hooks > 0 && !column.Beamed;

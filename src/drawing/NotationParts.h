@@ -49,7 +49,8 @@ struct StaffColumn {
     double GraceX = 0;  ///< of the heads of its grace notes
     std::vector<StaffNote> Notes;
     bool Rest = false;
-    bool Slash = false;  ///< a stroke that stands for a chord
+    double RestDrop = 0;  ///< of a rest that makes room for a beam
+    bool Slash = false;   ///< a stroke that stands for a chord
     bool StemUp = true;
     bool HasStem = false;
     double StemX = 0;
@@ -84,7 +85,7 @@ struct StaffBar {
     const Core::Track& Track;
     const Core::Bar& Bar;
     bool UseFlats;
-    bool Silent = false;  ///< none of the bar's notes stand on this staff, and its rests do not either
+    bool Silent = false;  ///< nothing of the bar stands on this staff, or one rest as long as the bar
     std::vector<BeamGroup> Groups;
     std::vector<StaffColumn> Columns;
     std::vector<BeamStroke> Beams;  ///< the first of each run is the one that all its stems reach
@@ -129,6 +130,8 @@ void PlaceStems(StaffBar& bar);
 void PlaceBeams(StaffBar& bar);
 
 // What paints it.
+/// How far a crowded key signature pushes the time signature, and the first column of the staves, to the right.
+double SignatureOverhang(const BarContext& bar);
 void DrawSignatures(Picture& picture, const BarContext& bar, const StaffPlace& place);
 void DrawStrumNotation(Picture& picture, const StaffBar& bar, int strum);
 void DrawPercussionStrum(Picture& picture, const StaffBar& bar, int strum);

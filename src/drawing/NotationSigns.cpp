@@ -1,5 +1,6 @@
 // What the staff itself tells of the hands where no tab does: strokes, staccato, slides into and out of notes, tremolo.
 #include <algorithm>
+#include <string>
 
 #include "drawing/NotationParts.h"
 
@@ -44,6 +45,20 @@ void DrawTremolo(Picture& picture, const StaffBar& bar, int strum, int count) {
     }
 }
 
+/// A curve up from the head with the highest amount of its bend.
+void DrawStaffBend(Picture& picture, const StaffBar& bar, int strum, const StaffNote& note) {
+    constexpr double reach = 7, height = 11;
+    const auto& points = bar.Strum(strum).Notes[note.String].BendPoints.Read();
+    const double most = *std::max_element(points.begin(), points.end());
+    const std::string label = BendLabel(most);
+    if (label.empty()) return;
+    const double left = note.X + 5.5 + (bar.Strum(strum).Dotted ? 5 : 0), right = left + reach;
+    const double top = note.Y - height;
+    picture.Polyline({{left, note.Y - 1}, {left + 4, note.Y - 2.5}, {left + 6.2, note.Y - 5.5}, {right, top + 3}}, 1);
+    DrawArrowhead(picture, right, top, -1, 4);
+    Print(picture, SmallFont, right, top - 1.5, label);
+}
+
 }  // namespace
 
 void DrawStaffSigns(Picture& picture, const StaffBar& bar, int strum) {
@@ -61,6 +76,7 @@ void DrawStaffSigns(Picture& picture, const StaffBar& bar, int strum) {
         }
         const bool stroke = technique == Core::SlideUp || technique == Core::SlideDown ||
                             technique == Core::SlideIntoUp || technique == Core::SlideIntoDown;
+        if (own.Notes[note.String].HasBend) DrawStaffBend(picture, bar, strum, note);
         if (stroke) DrawSlideStroke(picture, bar, strum, note, technique);
     }
     if (tremolo > 0) DrawTremolo(picture, bar, strum, tremolo);

@@ -81,27 +81,59 @@ int KeyAlteration(std::int32_t key, int step, Clef clef) {
     return 0;
 }
 
-void DrawSignatures(Picture& picture, const BarContext& bar, const StaffPlace& place) {
-    constexpr double clefLeft = 2, timeRight = 40, digit = 8.5, gap = 1;
-    static constexpr std::array<double, 3> clefWidths = {13, 15.5, 12};
-    picture.SetColor(bar.File.NoteFontColor);
-    picture.Stamp(ClefShape(place.Clef), bar.X + clefLeft, place.Top);
-    DrawOctaveFigure(picture, place.Track, place.Clef, bar.X + clefLeft, place.Top);
-    if (place.Clef == Clef::Percussion) return;
+namespace {
 
-    const int bars = place.Track.Bars.UpperBound();
-    if (bar.Bar > bars) return;
-    int signs = KeySigns(place.Track.Bars[bar.Bar].Key);
-    Accidental sign = signs > 0 ? Accidental::Sharp : Accidental::Flat;
-    if (signs == 0 && bar.Bar > 0) {  // the key before is taken back
-        signs = KeySigns(place.Track.Bars[bar.Bar - 1].Key);
-        sign = Accidental::Natural;
-    }
+constexpr double ClefLeft = 1.5, TimeRight = 40, Gap = 1;
+constexpr double SignWidth = 5.4;
+
+double ClefWidth(Clef clef) {
+    static constexpr std::array<double, 3> widths = {13.2, 15.6, 12};
+    return widths[static_cast<std::size_t>(clef)];
+}
+
+/// The signs of a bar's signature: its key's, or naturals that take the key before back.
+struct KeySignature {
+    int Count = 0;  ///< below 0 on the places of flats
+    Accidental Sign = Accidental::None;
+};
+KeySignature SignatureOf(const StaffPlace& place, int bar) {
+    if (place.Clef == Clef::Percussion || bar > place.Track.Bars.UpperBound()) return {};
+    const int own = KeySigns(place.Track.Bars[bar].Key);
+    if (own != 0) return {own, own > 0 ? Accidental::Sharp : Accidental::Flat};
+    return {bar > 0 ? KeySigns(place.Track.Bars[bar - 1].Key) : 0, Accidental::Natural};
+}
+
+/// From the clef to the figures of the time signature where they usually stand.
+double RoomForKey(const BarContext& bar, const StaffPlace& place) {
+    constexpr double digit = 8.2;
     const std::size_t digits =
         std::max(std::to_string(bar.Info().TimeSigTop).size(), std::to_string(bar.Info().TimeSigBottom).size());
-    const double left = bar.X + clefLeft + clefWidths[static_cast<std::size_t>(place.Clef)] + gap;
-    const double right = bar.X + timeRight - digit * static_cast<double>(digits) - gap;
-    DrawKeySigns(picture, signs, sign, place.Clef, place.Top, left, std::max(right, left + 6));
+    return TimeRight - digit * static_cast<double>(digits) - ClefLeft - ClefWidth(place.Clef) - 2 * Gap;
+}
+
+}  // namespace
+
+double SignatureOverhang(const BarContext& bar) {
+    constexpr double comfortable = 4.4, most = 8;
+    if (!bar.ItsBar().Place.ShowTimeSig) return 0;
+    double missing = 0;
+    for (const StaffPlace& place : StaffPlacesOf(bar)) {
+        const int signs = std::abs(SignatureOf(place, bar.Bar).Count);
+        if (signs == 0) continue;
+        missing = std::max(missing, SignWidth + comfortable * (signs - 1) - RoomForKey(bar, place));
+    }
+    return std::min(missing, most);
+}
+
+void DrawSignatures(Picture& picture, const BarContext& bar, const StaffPlace& place) {
+    picture.SetColor(bar.File.NoteFontColor);
+    picture.Stamp(ClefShape(place.Clef), bar.X + ClefLeft, place.Top);
+    DrawOctaveFigure(picture, place.Track, place.Clef, bar.X + ClefLeft, place.Top);
+    const KeySignature key = SignatureOf(place, bar.Bar);
+    if (key.Count == 0) return;
+    const double left = bar.X + ClefLeft + ClefWidth(place.Clef) + Gap;
+    const double room = std::max(SignWidth, RoomForKey(bar, place) + SignatureOverhang(bar));
+    DrawKeySigns(picture, key.Count, key.Sign, place.Clef, place.Top, left, left + room);
 }
 
 }  // namespace Quillon::Drawing

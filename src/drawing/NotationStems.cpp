@@ -43,6 +43,10 @@ void PlaceStems(StaffBar& bar) {
             column.StemX = std::round(column.X) + side;
             const double near = column.StemUp ? column.Highest() : column.Lowest();
             column.StemStart = column.StemUp ? column.Lowest() - 1 : column.Highest() + 1;
+            const bool atCross = std::any_of(column.Notes.begin(), column.Notes.end(), [&](const StaffNote& note) {
+                return note.Cross && note.Y == (column.StemUp ? column.Lowest() : column.Highest());
+            });
+            if (atCross) column.StemStart += column.StemUp ? -2 : 2;  // at the arm of the "x"
             const double length = StemLength(bar, column, near);
             column.StemEnd = near + (column.StemUp ? -length : length);
         }

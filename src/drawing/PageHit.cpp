@@ -40,7 +40,8 @@ int PitchAt(const Track& track, int rowY) {
     } else {
         y -= 3;
     }
-    const int pitch = StaffYToPitch(y);
+    const int drawn = StaffYToPitch(y);
+    const int pitch = drawn - (drawn > 0 ? OctaveShift(track) : 0);
     const int lowest = Core::DefaultStringPitch(StringsShown(track) - 1) - 1;
     const int highest = Core::DefaultStringPitch(0) + 29;
     return pitch >= lowest && pitch <= highest ? pitch : 0;

@@ -38,9 +38,9 @@ Staves StavesOf(const BarContext& bar) {
 }
 
 /// `half` is the way from the middle of the staff to that of a figure.
-void DrawTimeSignature(Picture& picture, const BarContext& bar, double middle, double half) {
+void DrawTimeSignature(Picture& picture, const BarContext& bar, double middle, double half, double overhang = 0) {
     // Right-aligned, so that two digits clear the first column.
-    constexpr int right = 40;
+    const double right = 40 + overhang;
     const Font font{.Name = "Arial", .Size = half * 1.45, .Bold = true};
     const double drop = 0.358 * font.Pixels();  // half the height of a digit
     picture.SetColor(bar.File.NoteFontColor);
@@ -198,7 +198,7 @@ void DrawBarFrame(Picture& picture, const BarContext& bar) {
         constexpr double onStaff = 7.2, onTab = 9;
         for (const StaffPlace& staff : staves.Places) {
             DrawSignatures(picture, bar, staff);
-            DrawTimeSignature(picture, bar, staff.Top + StaffLineSpan / 2, onStaff);
+            DrawTimeSignature(picture, bar, staff.Top + StaffLineSpan / 2, onStaff, SignatureOverhang(bar));
         }
         if (staves.Tab) {
             DrawTabLetters(picture, bar, staves.TabTop, strings);

@@ -199,7 +199,8 @@ void DrawMarks(Picture& picture, TabBar& bar) {
         if (AnyNote(bar, strum, [](const Core::Note& note) { return note.Accentuate; })) {
             marks.Centered(at, AccentFont, ">", 3.3);
         }
-        if (AnyNote(bar, strum, [](const Core::Note& note) { return note.Technique == Core::Staccato; })) {
+        if (AnyNote(bar, strum, [](const Core::Note& note) { return note.Technique == Core::Staccato; }) &&
+            !bar.OnStaff) {
             const double x = bar.Column(at);
             // Alone it stands near the figures, else just above the accent.
             picture.Disc(x, bar.Around.TakeLevel(x - 2, x + 2, x + 2, bar.Top - 7, MarkStep), 1.3);
@@ -339,7 +340,7 @@ void DrawMarksBelow(Picture& picture, TabBar& bar) {
             }
         }
         const double x = bar.Column(at);
-        if (strokes > 0) DrawTremoloStrokes(picture, x, below(x - 4, x + 4), strokes);
+        if (strokes > 0 && !bar.OnStaff) DrawTremoloStrokes(picture, x, below(x - 4, x + 4), strokes);
         const std::string left = Fingers(bar, strum, &Core::Note::LeftFinger, "T1234");
         centered(at, SmallFont, left, SmallDrop);
         // The right hand keeps its own line under the left hand's.

@@ -11,6 +11,9 @@
 
 namespace Quillon::Drawing {
 
+/// Of two staves the treble takes the pitches from here up, middle C as it is written; the bass those below.
+constexpr int LowestOnTreble = 48;
+
 /// Height of a pitch's head from the bottom line, 21 lower than the table's (the anchor of a head stands there), in
 /// pixels, negative upward. A black key takes the natural below it, with `useFlats` the one above. A pitch off the
 /// table stands at the end it is past.
@@ -31,6 +34,8 @@ int LaneOfSound(int sound);
 /// Lane of the sound that a note's letter plays on its string; the middle one for a letter that plays nothing.
 int LaneOfNote(const Core::Track& track, int string, const Core::Note& note);
 
+/// 12 for a track written an octave up, -12 for one written down, else 0: between its strings and the staff.
+int OctaveShift(const Core::Track& track);
 /// Pitch at which a note is written: open pitch plus fret (0 for what is no number), an octave up or down as the
 /// track says.
 int WrittenPitch(const Core::Track& track, int string, const Core::Note& note);
