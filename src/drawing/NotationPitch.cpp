@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 #include "drawing/mod_NotationDrawing.h"
 
@@ -52,6 +53,6 @@ int DrumLaneStep(int lane) {
     return steps[static_cast<std::size_t>(std::clamp(lane, 0, last))];
 }
 
-int DrumLaneY(int lane) { return 28 - (7 * DrumLaneStep(lane) + 1) / 2; }
+int DrumLaneY(int lane) { return 28 - static_cast<int>(std::floor((7 * DrumLaneStep(lane) + 1) / 2.0)); }
 
 }  // namespace Quillon::Drawing

@@ -16,7 +16,8 @@ double StemLength(const StaffBar& bar, const StaffColumn& column, double head) {
     const double middle = bar.Place.Top + 2.0 * StaffStep;
     const double outward = column.StemUp ? middle - head : head - middle;
     double length = OctaveLong + FlagStep * std::max(0, column.Hooks - 2);
-    if (column.Hooks == 0 && outward > 0) length = std::max(ShortStem, length - 0.4 * outward);
+    const double outside = outward - StaffLineSpan / 2.0;
+    if (column.Hooks == 0 && outside > 0) length = std::max(ShortStem, length - 0.6 * outside);
     // A head off the staff points at least to the middle line.
     return std::max(length, -outward);
 }

@@ -1,0 +1,235 @@
+// What the staves show, as logs to be read, and the rules behind them in tables.
+#include "core/mod_TabFileManipulation.h"
+#include "drawing/NotationParts.h"
+#include "drawing/mod_HighLevelDrawing.h"
+#include "drawing/mod_PageLayout.h"
+#include "exchange/JsonDocument.h"
+#include "platform/Services.h"
+#include "platform/headless/MemoryStore.h"
+#include "platform/headless/PictureLog.h"
+#include "tests/support/Golden.h"
+
+using namespace Quillon;
+using namespace Quillon::Drawing;
+using Core::Open;
+
+namespace {
+
+struct Written {
+    int Length;
+    std::initializer_list<std::pair<int, const char*>> Notes;
+    bool Dotted = false;
+};
+
+/// One bar that stands alone, its columns 40 pixels apart, and what the staff makes of it.
+struct Score {
+    Core::TabFile File;
+
+    explicit Score(std::initializer_list<Written> strums, std::int32_t key = 1) {
+        Core::Track& track = File.Tracks[0];
+        Core::Bar& bar = track.Bars.Edit(0);
+        const int count = static_cast<int>(strums.size());
+        bar.Key = key;
+        bar.EditStrums().Resize(count);
+        bar.Place.StrumX.Resize(count);
+        bar.Place.BarX = 100;
+        bar.Place.BarWidth = static_cast<std::int16_t>(9 + 40 * count);
+        int at = 0;
+        for (const Written& strum : strums) {
+            bar.Place.StrumX[at] = static_cast<std::int16_t>(109 + 40 * at);
+            Core::Strum& edited = bar.EditStrums()[at++];
+            edited.Length = strum.Length;
+            edited.Dotted = strum.Dotted;
+            for (const auto& [string, fret] : strum.Notes) edited.Notes.Edit(string).Fret = fret;
+        }
+    }
+    BarContext Context() const { return {File, 0, 0, 100, 0, File.Tracks[0].Bars[0].Place.BarWidth}; }
+};
+
+/// The signs of all heads in their order: "#", "b", "n", "." for none, strums apart by a space.
+std::string Signs(const Score& score) {
+    const BarContext context = score.Context();
+    const std::vector<StaffBar> staves = StaffBarsOf(context);
+    std::string text;
+    for (const StaffColumn& column : staves.front().Columns) {
+        if (!text.empty()) text += ' ';
+        for (const StaffNote& note : column.Notes) text += ".#bn"[static_cast<int>(note.Sign)];
+    }
+    return text;
+}
+
+/// Beams of a bar: runs as "0-3" and the strokes under them, "B" from stem to stem, "s" a stub.
+std::string Beams(const Score& score) {
+    const BarContext context = score.Context();
+    const std::vector<StaffBar> staves = StaffBarsOf(context);
+    std::string text;
+    for (const BeamRun& run : staves.front().Runs) {
+        text += std::to_string(run.Strums.front()) + "-" + std::to_string(run.Strums.back()) + " ";
+    }
+    for (const BeamStroke& beam : staves.front().Beams) text += beam.X2 - beam.X1 > 20 ? 'B' : 's';
+    return text;
+}
+
+class NotationPages : public testing::Test {
+protected:
+    void SetUp() override {
+        Services.Settings = &settings;
+        Open = {};
+        Open.TabFile = Exchange::ReadJson(Testing::Slurp(Testing::GoldenDir() / "drawing" / "notation.json"), settings);
+        Page = {};
+        View = {};
+    }
+    void TearDown() override { Services.Settings = nullptr; }
+
+    MemoryStore settings;
+};
+
+}  // namespace
+
+TEST_F(NotationPages, EveryCombinationOfStaves) {
+    const struct {
+        const char* Name;
+        int Track;
+        bool Treble, Bass, Tab;
+        int Strings;
+        bool OctaveUp;
+    } rows[] = {{"treble", 0, true, false, false, 6, false},         {"bass-4", 0, false, true, false, 4, false},
+                {"bass-tab-7", 0, false, true, true, 7, false},      {"treble-bass", 0, true, true, false, 6, false},
+                {"treble-bass-tab-5", 0, true, true, true, 5, true}, {"drums", 1, true, false, false, 6, false},
+                {"drums-tab", 1, true, false, true, 6, false}};
+    for (const auto& row : rows) {
+        Core::Track& track = Open.TabFile.Tracks[row.Track];
+        track.ShowTreble = row.Treble;
+        track.ShowBass = row.Bass;
+        track.ShowTab = row.Tab;
+        track.Strings = static_cast<std::int16_t>(row.Strings);
+        track.OctaveUp = row.OctaveUp;
+        PictureLog log;
+        DrawPage(log, row.Track, 0);
+        Testing::CheckGolden(std::string("drawing/staves-") + row.Name + ".txt", log.Text());
+    }
+}
+
+TEST_F(NotationPages, TheStaffOfTheTrackWhoseLyricsAreShownHasItsNotes) {
+    Core::Track& track = Open.TabFile.Tracks[1];
+    track.ShowStaff = true;
+    track.LyricsOfOtherTrack = 1;
+    track.ShowTreble = false;
+    PictureLog log;
+    DrawPage(log, 1, 0);
+    Testing::CheckGolden("drawing/staves-of-other.txt", log.Text());
+}
+
+TEST_F(NotationPages, TheCursorStandsWhereAClickPutIt) {
+    Core::Track& track = Open.TabFile.Tracks[0];
+    View.FollowCursor = false;
+    Open.InputMode = Core::NotationInput;
+    const struct {
+        bool Treble, Bass, Up;
+        int Y, Pitch, Line;  // of the click below the row, the pitch at the cursor, and the middle of its outline
+    } rows[] = {{true, false, false, 27, 52, 28},
+                {true, false, true, 27, 40, 28},
+                {true, true, false, 5, 62, 8},
+                {true, true, false, 122, 45, 123},
+                {false, true, false, 1, 43, 3}};
+    for (const auto& row : rows) {
+        track.ShowTreble = row.Treble;
+        track.ShowBass = row.Bass;
+        track.OctaveUp = row.Up;
+        Page.LayoutDirty = 1;
+        PictureLog first;
+        DrawDocument(first);
+        const Core::BarPlace& place = track.Bars[0].Place;
+        const Hit hit = HitTest(Open.TabFile, 0, place.StrumX[0] + 1, place.BarY + row.Y);
+        EXPECT_EQ(hit.On, Hit::Place::OnPitch) << row.Y;
+        EXPECT_EQ(hit.Pitch, row.Pitch) << row.Y;
+        Open.CurPitch = hit.Pitch;
+        PictureLog log;
+        DrawDocument(log);
+        const std::string outline =
+            "box " + std::to_string(place.StrumX[0] - 8) + " " + std::to_string(place.BarY + row.Line - 5) + " 17 1 ";
+        EXPECT_NE(log.Text().find(outline), std::string::npos) << outline;
+    }
+}
+
+TEST(Notation, AccidentalsFollowTheKeyAndTheBar) {
+    const struct {
+        const char* Why;
+        std::int32_t Key;
+        Score Of;
+        const char* Signs;
+    } rows[] = {
+        {"a sharp, again, taken back", 1, Score({{2, {{0, "2"}}}, {2, {{0, "2"}}}, {2, {{0, "1"}}}}), "# . n"},
+        {"other octaves stand alone", 1, Score({{2, {{0, "2"}}}, {2, {{3, "4"}}}}), "# #"},
+        {"the key's own sharp", 2, Score({{2, {{0, "2"}}}, {2, {{0, "1"}}}, {2, {{0, "2"}}}}, 2), ". n #"},
+        {"a flat key spells upward", 9, Score({{2, {{1, "2"}}}, {2, {{1, "3"}}}, {2, {{2, "3"}}}}, 9), "b n ."},
+        {"both in one chord", 1, Score({{2, {{0, "1"}, {1, "7"}}}}), ".#"},
+        {"a dead note has none", 1, Score({{2, {{2, "x"}}}}), "."},
+    };
+    for (const auto& row : rows) EXPECT_EQ(Signs(row.Of), row.Signs) << row.Why;
+}
+
+TEST(Notation, BeamsOfAllLevels) {
+    const auto e = Written{3, {{1, "0"}}}, s = Written{4, {{1, "0"}}}, t = Written{5, {{1, "0"}}};
+    const auto q = Written{2, {{1, "0"}}}, dotted = Written{3, {{1, "0"}}, true}, rest = Written{4, {}};
+    const struct {
+        const char* Why;
+        Score Of;
+        const char* Beams;
+    } rows[] = {{"eighths in twos", Score({e, e, e, e}), "0-1 2-3 BB"},
+                {"a dotted eighth and a sixteenth", Score({dotted, s}), "0-1 Bs"},
+                {"a stub looks into its group", Score({s, dotted}), "0-1 Bs"},
+                {"three levels", Score({t, t, s, e}), "0-3 BBB"},
+                {"the main beam alone passes a rest", Score({s, rest, s, s}), "0-3 BsB"},
+                {"rests at the ends have none", Score({rest, s, s, rest}), "1-2 BB"},
+                {"a quarter breaks the last beat", Score({q, q, q, e, e, q, e, e}), "3-4 6-7 BB"},
+                {"one alone has a flag", Score({e, q}), ""}};
+    for (const auto& row : rows) EXPECT_EQ(Beams(row.Of), row.Beams) << row.Why;
+}
+
+TEST(Notation, StemsAndBeamsKeepTheirLengths) {
+    const struct {
+        const char* Why;
+        Score Of;
+        double Start, End;  // of the first stem, from the top line
+    } rows[] = {{"53 points down, an octave long", Score({{2, {{3, "3"}}}}), 25.5, 49},
+                {"52 points up", Score({{2, {{3, "2"}}}}), 27, 3.5},
+                {"from far below to the middle line", Score({{2, {{5, "0"}}}}), 51.5, 14},
+                {"from far above to the middle line", Score({{2, {{0, "12"}}}}), -20, 14},
+                {"a chord from its top head", Score({{2, {{0, "0"}, {1, "1"}}}}), 4.5, 35}};
+    for (const auto& row : rows) {
+        const BarContext context = row.Of.Context();
+        const std::vector<StaffBar> staves = StaffBarsOf(context);
+        EXPECT_NEAR(staves.front().Column(0).StemStart, row.Start, 0.01) << row.Why;
+        EXPECT_NEAR(staves.front().Column(0).StemEnd, row.End, 0.01) << row.Why;
+    }
+}
+
+TEST(Notation, SignsStandClearOfHeadsBarLinesAndEachOther) {
+    const Score score({{2, {{0, "2"}, {1, "4"}, {2, "3"}, {3, "4"}, {4, "4"}}}, {2, {{0, "4"}}}});
+    const BarContext context = score.Context();
+    const std::vector<StaffBar> staves = StaffBarsOf(context);
+    std::vector<Area> taken;
+    for (const StaffNote& note : staves.front().Column(0).Notes) {
+        if (note.Sign == Accidental::None) continue;
+        const Area area{note.SignX - 2.8, note.Y - 7, note.SignX + 2.8, note.Y + 7};
+        EXPECT_GT(area.Left, 100) << "the bar line";
+        EXPECT_LT(area.Right, note.X - 4);
+        for (const Area& other : taken) {
+            EXPECT_FALSE(area.Left < other.Right && other.Left < area.Right && area.Top < other.Bottom &&
+                         other.Top < area.Bottom);
+        }
+        taken.push_back(area);
+    }
+    EXPECT_EQ(taken.size(), 5u);
+}
+
+TEST(Notation, EveryDrumLaneHasAPlaceThatAClickMeans) {
+    for (int lane = 0; lane <= 8; ++lane) {
+        const double y = 28 - 3.5 * DrumLaneStep(lane);
+        EXPECT_NEAR(DrumLaneY(lane), y, 0.51);
+        if (lane <= 6) {
+            EXPECT_EQ(DrumLaneFromY(DrumLaneY(lane) - 24), lane);
+        }
+    }
+}
