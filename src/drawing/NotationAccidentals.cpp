@@ -15,7 +15,7 @@ constexpr double SignHalf = 2.8;  ///< of its width
 constexpr double SignStep = 5.9;  ///< from one column of accidentals to the next
 constexpr double HeadGap = 1.2;
 constexpr double GraceWidth = 8.5;
-constexpr double HeadReach = 4.6;
+constexpr double HeadReach = 4.6, RestReach = 5.5;
 
 Accidental SignOf(int alteration) {
     return alteration > 0 ? Accidental::Sharp : alteration < 0 ? Accidental::Flat : Accidental::Natural;
@@ -128,7 +128,7 @@ void PlaceAccidentals(StaffBar& bar) {
     if (!bar.IsDrum()) ChooseSigns(bar);
     for (int s = 0; s < bar.Count(); ++s) {
         StaffColumn& column = bar.Column(s);
-        column.Left = column.X - HeadReach;
+        column.Left = column.X - (column.Rest ? RestReach : HeadReach);
         PlaceSigns(column);
         if (HasGraceHere(bar, s)) {
             column.GraceX = column.Left - 3.5;

@@ -85,7 +85,7 @@ void DrawNotation(Picture& picture, const std::vector<StaffBar>& staves) {
 }
 
 void TakeStaffRoom(TabBar& bar, const std::vector<StaffBar>& staves) {
-    constexpr double side = 6, margin = 1;
+    constexpr double side = 8, displaced = 6, margin = 1;
     for (const StaffBar& staff : staves) {
         if (staff.Place.OfOther) continue;
         const bool top = staff.Place.Top == bar.Context.Y;
@@ -102,7 +102,12 @@ void TakeStaffRoom(TabBar& bar, const std::vector<StaffBar>& staves) {
             if (!column.Sounds()) continue;
             const double end = column.HasStem ? column.StemEnd : column.StemStart;
             take(std::min(column.Left, column.X - side), std::min(column.Highest() - 4, end),
-                 column.X + side + (column.Displaced ? side : 0), std::max(column.Lowest() + 4, end));
+                 column.X + side + (column.Displaced ? displaced : 0), std::max(column.Lowest() + 4, end));
+        }
+        for (int s = 0; !bar.Track.ShowTab && s < staff.Count(); ++s) {
+            for (const StaffNote& note : staff.Column(s).Notes) {
+                if (staff.Strum(s).Notes[note.String].HasBend) take(note.X, note.Y - 20, note.X + 18, note.Y);
+            }
         }
         for (const BeamStroke& beam : staff.Beams) {
             take(beam.X1, std::min(beam.Y1, beam.Y2) - 2, beam.X2, std::max(beam.Y1, beam.Y2) + 2);

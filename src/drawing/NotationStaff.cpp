@@ -83,8 +83,11 @@ int KeyAlteration(std::int32_t key, int step, Clef clef) {
 
 namespace {
 
-constexpr double ClefLeft = 1.5, TimeRight = 40, Gap = 1;
+constexpr double TimeRight = 40, Gap = 1;
 constexpr double SignWidth = 5.4;
+
+/// From the bar's left edge, behind the lines of a repeat.
+double ClefLeft(const BarContext& bar) { return bar.Info().RepeatOpen ? 6 : 1.5; }
 
 double ClefWidth(Clef clef) {
     static constexpr std::array<double, 3> widths = {13.2, 15.6, 12};
@@ -108,7 +111,7 @@ double RoomForKey(const BarContext& bar, const StaffPlace& place) {
     constexpr double digit = 8.2;
     const std::size_t digits =
         std::max(std::to_string(bar.Info().TimeSigTop).size(), std::to_string(bar.Info().TimeSigBottom).size());
-    return TimeRight - digit * static_cast<double>(digits) - ClefLeft - ClefWidth(place.Clef) - 2 * Gap;
+    return TimeRight - digit * static_cast<double>(digits) - ClefLeft(bar) - ClefWidth(place.Clef) - 2 * Gap;
 }
 
 }  // namespace
@@ -127,11 +130,11 @@ double SignatureOverhang(const BarContext& bar) {
 
 void DrawSignatures(Picture& picture, const BarContext& bar, const StaffPlace& place) {
     picture.SetColor(bar.File.NoteFontColor);
-    picture.Stamp(ClefShape(place.Clef), bar.X + ClefLeft, place.Top);
-    DrawOctaveFigure(picture, place.Track, place.Clef, bar.X + ClefLeft, place.Top);
+    picture.Stamp(ClefShape(place.Clef), bar.X + ClefLeft(bar), place.Top);
+    DrawOctaveFigure(picture, place.Track, place.Clef, bar.X + ClefLeft(bar), place.Top);
     const KeySignature key = SignatureOf(place, bar.Bar);
     if (key.Count == 0) return;
-    const double left = bar.X + ClefLeft + ClefWidth(place.Clef) + Gap;
+    const double left = bar.X + ClefLeft(bar) + ClefWidth(place.Clef) + Gap;
     const double room = std::max(SignWidth, RoomForKey(bar, place) + SignatureOverhang(bar));
     DrawKeySigns(picture, key.Count, key.Sign, place.Clef, place.Top, left, left + room);
 }

@@ -55,6 +55,31 @@ protected:
     }
 };
 
+TEST_F(PainterPictureTest, AKeptShapeIsPaintedAsItsPolygons) {
+    // Two parts that overlap and turn different ways; painted twice, so that the second comes from the cache.
+    static const Shape shape{"test", {{{-4, -3}, {4, -2}, {5, 3}, {-3, 4}}, {{0, -6}, {-2, 5}, {2, 5}}}};
+    for (const double scale : {1.0, 1.25, 3.0}) {
+        // A quarter of a device pixel is the nearest that a kept shape is told apart.
+        const double x = 12 - 0.5 + 0.25 / scale, y = 12 - 0.5 + 0.5 / scale;
+        const auto paint = [&](bool kept) {
+            return Paint(static_cast<int>(24 * scale), static_cast<int>(24 * scale), scale, [&](Picture& picture) {
+                kept ? picture.Stamp(shape, x, y) : picture.Picture::Stamp(shape, x, y);
+            });
+        };
+        const QImage drawn = paint(false), first = paint(true), second = paint(true);
+        EXPECT_EQ(first, second);
+        int differing = 0;
+        for (int row = 0; row < drawn.height(); ++row) {
+            for (int column = 0; column < drawn.width(); ++column) {
+                // Where the parts' edges meet, an outline of both is a little lighter than one over the other.
+                differing += std::abs(qGray(drawn.pixel(column, row)) - qGray(first.pixel(column, row))) > 70;
+            }
+        }
+        EXPECT_EQ(differing, 0) << scale;
+        EXPECT_FALSE(Ink(first).isEmpty());
+    }
+}
+
 TEST_F(PainterPictureTest, LevelAndUprightLinesCoverWholePixelsWithBothEnds) {
     EXPECT_EQ(Map(Paint(6, 5, 1,
                         [](Picture& picture) {
