@@ -139,17 +139,23 @@ void PlaceAccidentals(StaffBar& bar) {
 
 void MakeRoomBefore(std::vector<StaffBar>& staves) {
     constexpr double most = 0.5;  // of the way to the next column
-    const bool related = !staves.empty();
-    for (int s = 0; related && s < staves.front().Count(); ++s) {
-        double by = 0;
-        for (const StaffBar& bar : staves) {
-            if (bar.Place.OfOther || !(bar.Column(s).Sounds() || bar.Column(s).Rest)) continue;
-            const double wanted = LeftLimit(bar, s) - bar.Column(s).Left;
-            by = std::max(by, std::min(wanted, most * (bar.NextX(s) - bar.Column(s).X)));
-        }
-        if (by <= 0) continue;
+    // The staves of one track move together; that of another track has columns of its own.
+    for (const bool ofOther : {false, true}) {
+        std::vector<StaffBar*> related;
         for (StaffBar& bar : staves) {
-            if (!bar.Place.OfOther) Move(bar.Column(s), by);
+            if (bar.Place.OfOther == ofOther) related.push_back(&bar);
+        }
+        for (int s = 0; !related.empty() && s < related.front()->Count(); ++s) {
+            double by = 0;
+            for (const StaffBar* bar : related) {
+                const StaffColumn& column = bar->Column(s);
+                if (!column.Sounds() && !column.Rest) continue;
+                const double wanted = LeftLimit(*bar, s) - column.Left;
+                by = std::max(by, std::min(wanted, most * (bar->NextX(s) - column.X)));
+            }
+            for (StaffBar* bar : related) {
+                if (by > 0) Move(bar->Column(s), by);
+            }
         }
     }
 }

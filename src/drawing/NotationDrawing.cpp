@@ -104,9 +104,12 @@ void TakeStaffRoom(TabBar& bar, const std::vector<StaffBar>& staves) {
             take(std::min(column.Left, column.X - side), std::min(column.Highest() - 4, end),
                  column.X + side + (column.Displaced ? displaced : 0), std::max(column.Lowest() + 4, end));
         }
-        for (int s = 0; !bar.Track.ShowTab && s < staff.Count(); ++s) {
+        for (int s = 0; s < staff.Count(); ++s) {
             for (const StaffNote& note : staff.Column(s).Notes) {
-                if (staff.Strum(s).Notes[note.String].HasBend) take(note.X, note.Y - 20, note.X + 18, note.Y);
+                const Core::Note& own = staff.Strum(s).Notes[note.String];
+                const bool bow = own.Tied || own.Technique == Core::HammerOnPullOff;
+                if (bow && !staff.Column(s).StemUp) take(note.X, note.Y - 12, staff.NextX(s), note.Y);
+                if (own.HasBend && !bar.Track.ShowTab) take(note.X, note.Y - 20, note.X + 18, note.Y);
             }
         }
         for (const BeamStroke& beam : staff.Beams) {

@@ -1,4 +1,4 @@
-// One bar of tablature in lines, circles and small text: frame, figures, techniques, signs, lyrics.
+// One bar in lines, circles and small text: frame, figures, techniques, staves, signs, lyrics.
 //
 // x and y are the bar's left edge and the top of its row; the columns are the StrumX of the bar's place.
 #pragma once
@@ -33,9 +33,10 @@ struct BarContext {
 
 /// Bar number, staves with clef and figures, repeat dots, tab lines, bar lines, repeat count.
 void DrawBarFrame(Picture& picture, const BarContext& bar);
-/// Every strum from left to right, then the marks above and below the tab, which make room for one another.
+/// Every strum from left to right, the marks above and below the tab, or the staves where no tab shows, which make room
+/// for one another, then the notation of the staves.
 void DrawBarStrums(Picture& picture, const BarContext& bar);
-/// One column: fret numbers and the techniques on the strings.
+/// One column: fret numbers and the techniques on the strings, then its notation on the staves that the track shows.
 void DrawStrum(Picture& picture, const BarContext& bar, int strum);
 /// D.S., coda, to coda and segno, in this order: the first 36 above the row, further ones higher by 16.
 void DrawBarMarks(Picture& picture, const BarContext& bar);
