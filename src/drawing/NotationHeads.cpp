@@ -71,7 +71,7 @@ StaffBar::StaffBar(const BarContext& bar, const StaffPlace& place)
         column.X = Place.OfOther ? bar.X + start + (total > 0 ? elapsed / total : 0) * usable
                                  : Bar.Place.StrumX[s] + (bar.X - Bar.Place.BarX);
         elapsed += Core::StrumLength(Strum(s));
-        column.Hooks = std::clamp(Strum(s).Length - 2, 0, 4);
+        column.Hooks = std::max(0, std::clamp(Strum(s).Length, 0, 6) - 2);
     }
     IsDrum() ? PlaceDrumHeads(*this) : PlaceHeads(*this);
     bool sounds = false;

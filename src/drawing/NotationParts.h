@@ -114,7 +114,7 @@ Spelling SpellPitch(int pitch, bool useFlats, Clef clef);
 int KeyAlteration(std::int32_t key, int step, Clef clef);
 /// Sharps of a key, or flats counted below 0.
 int KeySigns(std::int32_t key);
-/// The same for a written note of the bar: by its lane on a drum track.
+/// The place of a fret on a string of the bar's track; on a drum track that of the lane of a letter.
 Spelling SpellNote(const StaffBar& bar, int string, const std::string& fret);
 /// True when the staff takes a pitch.
 bool Takes(const StaffPlace& place, int pitch);

@@ -40,7 +40,7 @@ void DrawKeySigns(Picture& picture, int count, Accidental sign, Clef clef, int t
 /// An octave's shift of the whole track, above or below its clef.
 void DrawOctaveFigure(Picture& picture, const Core::Track& track, Clef clef, double x, int top) {
     if (track.OctaveUp == track.OctaveDown) return;
-    const Font font{.Name = "Times New Roman", .Size = 6, .Bold = true, .Italic = true};
+    const Font font{.Name = "Times New Roman", .Size = 7, .Bold = true, .Italic = true};
     const bool treble = clef == Clef::Treble;
     const double above = treble ? -9 : -3, below = treble ? 45 : 33;
     Print(picture, font, x + (treble ? 8 : 6), top + (track.OctaveUp ? above : below), "8", Anchor::Center);
@@ -108,10 +108,11 @@ KeySignature SignatureOf(const StaffPlace& place, int bar) {
 
 /// From the clef to the figures of the time signature where they usually stand.
 double RoomForKey(const BarContext& bar, const StaffPlace& place) {
-    constexpr double digit = 8.2;
+    constexpr double digit = 8.2, single = 9.5;
     const std::size_t digits =
         std::max(std::to_string(bar.Info().TimeSigTop).size(), std::to_string(bar.Info().TimeSigBottom).size());
-    return TimeRight - digit * static_cast<double>(digits) - ClefLeft(bar) - ClefWidth(place.Clef) - 2 * Gap;
+    const double figures = digits == 1 ? single : digit * static_cast<double>(digits);
+    return TimeRight - figures - ClefLeft(bar) - ClefWidth(place.Clef) - 2 * Gap;
 }
 
 }  // namespace

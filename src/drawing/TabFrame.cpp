@@ -38,14 +38,17 @@ Staves StavesOf(const BarContext& bar) {
 }
 
 /// `half` is the way from the middle of the staff to that of a figure.
-void DrawTimeSignature(Picture& picture, const BarContext& bar, double middle, double half, double overhang = 0) {
+void DrawTimeSignature(Picture& picture, const BarContext& bar, double middle, double half, bool onStaff = false) {
     // Right-aligned, so that two digits clear the first column.
-    const double right = 40 + overhang;
-    const Font font{.Name = "Arial", .Size = half * 1.45, .Bold = true};
+    const double right = 40 + (onStaff ? SignatureOverhang(bar) : 0);
+    const std::string top = std::to_string(bar.Info().TimeSigTop), bottom = std::to_string(bar.Info().TimeSigBottom);
+    // On a staff a figure fills its two spaces; two digits side by side must leave the key its room.
+    const bool large = onStaff && top.size() == 1 && bottom.size() == 1;
+    const Font font{.Name = "Arial", .Size = half * (large ? 1.75 : 1.45), .Bold = true};
     const double drop = 0.358 * font.Pixels();  // half the height of a digit
     picture.SetColor(bar.File.NoteFontColor);
-    Print(picture, font, bar.X + right, middle - half + drop, std::to_string(bar.Info().TimeSigTop), Anchor::Right);
-    Print(picture, font, bar.X + right, middle + half + drop, std::to_string(bar.Info().TimeSigBottom), Anchor::Right);
+    Print(picture, font, bar.X + right, middle - half + drop, top, Anchor::Right);
+    Print(picture, font, bar.X + right, middle + half + drop, bottom, Anchor::Right);
 }
 
 void DrawTabLetters(Picture& picture, const BarContext& bar, int top, int strings) {
@@ -195,10 +198,10 @@ void DrawBarFrame(Picture& picture, const BarContext& bar) {
     for (const StaffPlace& staff : staves.Places) DrawStaffLines(picture, bar.X, right, staff.Top, 5, StaffStep);
     if (staves.Tab) DrawStaffLines(picture, bar.X, right, staves.TabTop, strings, StringStep);
     if (figures) {
-        constexpr double onStaff = 7.2, onTab = 9;
+        constexpr double onStaff = 7, onTab = 9;
         for (const StaffPlace& staff : staves.Places) {
             DrawSignatures(picture, bar, staff);
-            DrawTimeSignature(picture, bar, staff.Top + StaffLineSpan / 2, onStaff, SignatureOverhang(bar));
+            DrawTimeSignature(picture, bar, staff.Top + StaffLineSpan / 2, onStaff, true);
         }
         if (staves.Tab) {
             DrawTabLetters(picture, bar, staves.TabTop, strings);
