@@ -229,9 +229,11 @@ void SetScrolls(int wanted) {
     const int below = bar.Place.BarY + RowHeight(track) + 40 - View.ScaleHeight;
     if (below > 0) {
         const int rowStep = bar.Place.BarY - track.Bars[std::max(0, wanted - 1)].Place.BarY;
-        // On by a row while the cursor walks; all that is missing when it went out of sight.
+        // On by a row while the cursor walks; all that is missing when it went out of sight, or when the view shrank
+        // around the row that it stands in.
         int units = Core::CLng((rowStep + 20) / 8.0);
         if (bar.Place.BarY - 50 >= View.ScaleHeight) units = std::max(units, (below + 7) / 8);
+        if (rowStep == 0) units = std::max(units, std::min(below + 7, bar.Place.BarY - 40) / 8);
         View.VScroll = std::min(View.VScroll + units, View.VScrollMax);
     } else if (bar.Place.BarY < 40 && View.VScroll > 0) {
         View.VScroll = std::max(0, View.VScroll - (120 - bar.Place.BarY + 7) / 8);

@@ -104,6 +104,16 @@ TEST_F(DrawDocumentTest, WalkingOntoARowThatIsCutOffScrollsOnByThatRow) {
     EXPECT_EQ(View.VScroll, Core::CLng((rowStep + 20) / 8.0));
 }
 
+TEST_F(DrawDocumentTest, AViewThatShrankShowsTheRowOfItsCursorAtOnce) {
+    Open.CurBar = 1;
+    Draw();
+    const int y = Core::ReadBar(0, 1).Place.BarY;
+    ASSERT_EQ(y, Core::ReadBar(0, 0).Place.BarY);
+    View.ScaleHeight = y + 20;
+    Draw();
+    EXPECT_TRUE(CursorRowInView()) << Core::ReadBar(0, 1).Place.BarY;
+}
+
 TEST_F(DrawDocumentTest, ABarThatPlaysIsBroughtIntoANarrowView) {
     View.FollowCursor = false;
     View.VScroll = 2;
