@@ -3,6 +3,7 @@
 #include <QGuiApplication>
 #include <QScreen>
 #include <QWidget>
+#include <algorithm>
 #include <charconv>
 #include <optional>
 
@@ -20,6 +21,20 @@ std::optional<int> Number(std::string_view section, std::string_view key) {
     return value;
 }
 
+/// Where screens shrank or text grew, a dialog moves back until its buttons are on the screen again.
+QRect InReach(QRect place, const QScreen& screen) {
+    constexpr int FrameBeside = 8;
+    constexpr int TitleBar = 40;
+    const QRect room = screen.availableGeometry().adjusted(0, 0, -FrameBeside, -TitleBar);
+    if (place.width() > room.width() || place.height() > room.height()) return place;
+    if (screen.availableVirtualGeometry().contains(place)) return place;
+    place.moveRight(std::min(place.right(), room.right()));
+    place.moveBottom(std::min(place.bottom(), room.bottom()));
+    place.moveLeft(std::max(place.left(), room.left()));
+    place.moveTop(std::max(place.top(), room.top()));
+    return place;
+}
+
 }  // namespace
 
 void RestorePlace(QWidget& window, std::string_view section, const QSize& otherwise) {
@@ -34,7 +49,7 @@ void RestorePlace(QWidget& window, std::string_view section, const QSize& otherw
             // Enough of the title bar must be in reach to drag the window.
             const QRect shown = screen->availableGeometry() & place;
             if (shown.width() >= 100 && shown.height() >= 50) {
-                window.move(place.topLeft());
+                window.move(InReach(place, *screen).topLeft());
                 break;
             }
         }

@@ -78,6 +78,19 @@ TEST_F(DialogTest, OkWithoutATouchAndCancelChangeNothing) {
     EXPECT_FALSE(Open.FileChanged);
 }
 
+TEST_F(DialogTest, ADialogComesBackWithItsButtonsOnTheScreen) {
+    Start();
+    const QRect screen = window->screen()->availableGeometry();
+    Services.Settings->Save("GotoBarWindowDetails", "Left", std::to_string(screen.right() - 120));
+    Services.Settings->Save("GotoBarWindowDetails", "Top", std::to_string(screen.bottom() - 60));
+    Services.Settings->Save("GotoBarWindowDetails", "Width", "420");
+    Services.Settings->Save("GotoBarWindowDetails", "Height", "120");
+    WithDialog("mnuGoGotoBar", [&](QDialog& dialog) {
+        EXPECT_TRUE(screen.contains(dialog.geometry()));
+        dialog.reject();
+    });
+}
+
 TEST_F(DialogTest, AComplaintKeepsTheDialogOpenAndSaysWhy) {
     Start();
     bool told = false;
