@@ -57,19 +57,31 @@ const std::string& LanguageText(std::string_view key) {
     return Language.Texts.emplace(key, key).first->second;
 }
 
-std::string LanguageText(std::string_view key, std::initializer_list<std::string_view> arguments) {
-    const std::string& text = LanguageText(key);
+namespace {
+
+template <class Text>
+std::string Filled(const std::string& text, std::span<const Text> arguments) {
     std::string out;
     for (std::size_t i = 0; i < text.size(); ++i) {
         const char digit = i + 1 < text.size() ? text[i + 1] : '\0';
         if (text[i] == '%' && digit >= '1' && static_cast<std::size_t>(digit - '1') < arguments.size()) {
-            out += *(arguments.begin() + (digit - '1'));
+            out += arguments[static_cast<std::size_t>(digit - '1')];
             ++i;
         } else {
             out += text[i];
         }
     }
     return out;
+}
+
+}  // namespace
+
+std::string LanguageText(std::string_view key, std::initializer_list<std::string_view> arguments) {
+    return Filled(LanguageText(key), std::span<const std::string_view>(arguments.begin(), arguments.size()));
+}
+
+std::string LanguageText(std::string_view key, std::span<const std::string> arguments) {
+    return Filled(LanguageText(key), arguments);
 }
 
 LanguageTable ParseLanguage(std::string_view bytes) {

@@ -23,6 +23,7 @@ namespace Quillon::Core {
 const std::string& LanguageText(std::string_view key);
 /// As LanguageText, with "%1", "%2" and so on replaced by the arguments.
 std::string LanguageText(std::string_view key, std::initializer_list<std::string_view> arguments);
+std::string LanguageText(std::string_view key, std::span<const std::string> arguments);
 
 using LanguageTable = std::map<std::string, std::string, std::less<>>;
 
