@@ -1,6 +1,8 @@
 // quillon-cli convert IN OUT
 #include <CLI/CLI.hpp>
+#include <map>
 #include <memory>
+#include <string>
 
 #include "cli/Commands.h"
 #include "cli/DocumentFiles.h"
@@ -16,7 +18,10 @@ struct Arguments {
     ConvertOptions Options;
     ImportOptions Import;
     std::string Timing;
+    bool Report = false;
 };
+
+const std::map<std::string, ImportReader> ReaderNames = {{"classic", ImportReader::Classic}};
 
 int Convert(const Arguments& arguments) {
     WriterFor(arguments.Out);  // a wrong ending is told before anything is opened
@@ -25,9 +30,13 @@ int Convert(const Arguments& arguments) {
         import.Text.Timing = Exchange::ParseTiming(arguments.Timing);
         if (!import.Text.Timing) throw CommandFailure(Core::LanguageText("str_ValidTSPlease"));
     }
+    Exchange::ImportReport report;
+    import.Report = &report;
     OpenWholeDocument(arguments.In, import);
     if (arguments.Options.Track) ChooseTrack(*arguments.Options.Track);
     SaveDocument(arguments.Out, arguments.Options);
+    if (arguments.Report && report.Tracks > 0)
+        Print(Exchange::ReportText(report));  // a document of ours is not imported
     return Done;
 }
 
@@ -58,6 +67,10 @@ void AddConvert(CLI::App& app, Work& work) {
     command->add_option("--midi-track", arguments->Import.Midi.Tracks, "Take this MIDI track, from 1, and no other")
         ->type_name("K")
         ->allow_extra_args(false);
+    command->add_option("--reader", arguments->Import.Reader, "Who reads a text tab or MIDI file; classic without it")
+        ->type_name("NAME")
+        ->transform(CLI::CheckedTransformer(ReaderNames));
+    command->add_flag("--report", arguments->Report, "Print what an import kept and lost");
     command->add_option("--page", arguments->Options.Page, "Page of a picture, from 1; without it every page")
         ->type_name("N");
     command->add_option("--dpi", arguments->Options.Dpi, "Dots to the inch of .png .jpg .bmp; 96 without it")

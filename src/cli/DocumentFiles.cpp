@@ -47,7 +47,7 @@ Core::OpenOutcome OpenText(const fs::path& path, const ImportOptions& options) {
     std::string text = Exchange::TextOfBytes(Services.Files->Read(path));
     Core::TabFile file = Core::MakeNewTabFile(*Services.Settings);
     try {
-        Exchange::ImportTextTab(file, 0, std::move(text), options.Text);
+        Exchange::ImportTextTab(file, 0, std::move(text), options.Text, {}, options.Report);
     } catch (const RunTimeError&) {
         throw CommandFailure(path.string() + ": " + Core::LanguageText("str_ErrorImporting"));
     }
@@ -86,9 +86,12 @@ bool WriteJsonFile(const fs::path& path, const ConvertOptions&) {
     return true;
 }
 
+constexpr ImportReader NoOther = ImportReader::Classic;
+
 constexpr DocumentReader Readers[] = {
-    {".qlm", &OpenMusicFile}, {".ql4", &OpenOld},  {".json", &OpenJson}, {".txt", &OpenText},  {".tab", &OpenText},
-    {".html", &OpenText},     {".htm", &OpenText}, {".mid", &OpenMidi},  {".midi", &OpenMidi},
+    {".qlm", NoOther, &OpenMusicFile}, {".ql4", NoOther, &OpenOld},  {".json", NoOther, &OpenJson},
+    {".txt", NoOther, &OpenText},      {".tab", NoOther, &OpenText}, {".html", NoOther, &OpenText},
+    {".htm", NoOther, &OpenText},      {".mid", NoOther, &OpenMidi}, {".midi", NoOther, &OpenMidi},
 };
 
 constexpr DocumentWriter Writers[] = {
@@ -116,7 +119,11 @@ std::span<const DocumentReader> DocumentReaders() { return Readers; }
 std::span<const DocumentWriter> DocumentWriters() { return Writers; }
 
 Core::OpenOutcome OpenDocument(const fs::path& path, const ImportOptions& options) {
-    const Core::OpenOutcome outcome = RowFor(DocumentReaders(), path, "input").Open(path, options);
+    const DocumentReader& row = RowFor(DocumentReaders(), path, "input");
+    if (options.Reader != ImportReader::Classic && options.Reader != row.Other) {
+        throw UsageError(path.string() + ": the reader is not for this kind of file");
+    }
+    const Core::OpenOutcome outcome = row.Open(path, options);
     if (outcome != Core::OpenOutcome::Opened && outcome != Core::OpenOutcome::Damaged) {
         throw CommandFailure(path.string() + ": not opened");  // a box told why
     }

@@ -3,6 +3,7 @@
 // A new kind is a row in the tables of DocumentFiles.cpp; its work stands in a module of exchange/ or drawing/.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <span>
@@ -22,14 +23,20 @@ struct ConvertOptions {
     std::optional<bool> Warning;  ///< the lines that tell whose work the text is; likewise
 };
 
+/// Who reads what is no document of ours. The classic reader takes texts and MIDI files.
+enum class ImportReader : std::uint8_t { Classic };
+
 /// How what is no document of ours becomes one.
 struct ImportOptions {
+    ImportReader Reader = ImportReader::Classic;
+    Exchange::ImportReport* Report = nullptr;  ///< told what was kept and lost
     Exchange::AsciiImportOptions Text;
     Exchange::MidiImportOptions Midi;
 };
 
 struct DocumentReader {
     std::string_view Ending;  ///< ".qlm", in small letters
+    ImportReader Other;       ///< that may be chosen; Classic where there is none beside it
     /// Makes the file the open document. Raises what the file system raises, and RunTimeError for what can't be read.
     Core::OpenOutcome (*Open)(const std::filesystem::path& path, const ImportOptions& options);
 };
@@ -42,8 +49,8 @@ struct DocumentWriter {
 std::span<const DocumentReader> DocumentReaders();
 std::span<const DocumentWriter> DocumentWriters();
 
-/// Opens a document by its ending, in capital or small letters. Raises UsageError for an ending without a row, and
-/// CommandFailure when nothing was opened. The outcome is Opened or Damaged.
+/// Opens a document by its ending, in capital or small letters. Raises UsageError for an ending without a row or a
+/// reader that is not for it, and CommandFailure when nothing was opened. The outcome is Opened or Damaged.
 Core::OpenOutcome OpenDocument(const std::filesystem::path& path, const ImportOptions& options = {});
 /// As OpenDocument, but a damaged file is a failure too.
 void OpenWholeDocument(const std::filesystem::path& path, const ImportOptions& options = {});

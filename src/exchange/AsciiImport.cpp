@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <utility>
 #include <vector>
 
 #include "core/mod_Common.h"
@@ -103,16 +104,18 @@ void EvenOut(TabFile& file) {
 /// Reads systems column by column. Positions count from 1, as the rules of the systems do.
 class ColumnReader {
 public:
-    ColumnReader(TabFile& into, int track, std::string systems, const AsciiImportOptions& how)
-        : file(into), target(track), text(std::move(systems)), options(how) {}
+    ColumnReader(TabFile& into, int track, std::string systems, const AsciiImportOptions& how, ImportReport& tells)
+        : file(into), target(track), text(std::move(systems)), options(how), report(tells), taken(text.size() + 1) {}
 
     bool Read(const ImportProgress& progress) {
         std::size_t position = 0;
         std::size_t held = 0;
         for (;;) {
             const std::vector<std::size_t> lines = LinesAt(position + 1);
+            const int keptBefore = report.NotesKept;
             ReadSystem(lines);
             const std::size_t next = Behind('B', lines.back());
+            Tell(lines, NotesIn(position, next == None ? text.size() : next), report.NotesKept - keptBefore);
             if (next == None || next <= held) return true;
             position = held = next;
             if (progress && !progress(static_cast<int>(66 + 33 * position / text.size()))) return false;
@@ -173,17 +176,64 @@ private:
         }
     }
 
-    void ReadCharacter(int string, std::size_t position, std::ptrdiff_t& step, bool& digits) {
+    /// How many digits the fret at a position has, 0 for none.
+    std::size_t FretWidthAt(std::size_t position) const {
         const std::string_view pair = At(position, 2);
         const auto isDigit = [&](std::size_t i) { return i < pair.size() && pair[i] >= '0' && pair[i] <= '9'; };
-        if (!isDigit(0)) return;
+        if (!isDigit(0)) return 0;
         constexpr int highestPair = 28;
         const int two = isDigit(1) ? (pair[0] - '0') * 10 + (pair[1] - '0') : 0;
-        const bool both = two > 9 && two <= highestPair;
+        return two > 9 && two <= highestPair ? 2 : 1;
+    }
+
+    void ReadCharacter(int string, std::size_t position, std::ptrdiff_t& step, bool& digits) {
+        const std::size_t width = FretWidthAt(position);
+        if (width == 0) return;
         // The last line with a digit decides the step, not the widest fret.
-        step = both ? 2 : 1;
+        step = static_cast<std::ptrdiff_t>(width);
         digits = true;
-        Bar().EditStrums()[strum].Notes.Edit(string).Fret = pair.substr(0, both ? 2 : 1);
+        std::string& fret = Bar().EditStrums()[strum].Notes.Edit(string).Fret;
+        fret = At(position, width);
+        if (stays) return;
+        // What hangs over the end of a line, and the second digit of a fret above a short step, are met again.
+        if (taken[position - 1]) {
+            ++again;
+        } else {
+            ++report.NotesKept;
+        }
+        std::fill_n(taken.begin() + static_cast<std::ptrdiff_t>(position) - 1, width, true);
+    }
+
+    /// Frets behind one position, up to another.
+    int NotesIn(std::size_t position, std::size_t end) const {
+        int notes = 0;
+        for (std::size_t at = position + 1; at <= end;) {
+            const std::size_t width = FretWidthAt(at);
+            if (width > 0) ++notes;
+            at += std::max<std::size_t>(width, 1);
+        }
+        return notes;
+    }
+    void Tell(const std::vector<std::size_t>& lines, int found, int kept) {
+        if (found == 0) return;
+        ++report.Systems;
+        ImportRemark remark;
+        if (again > 0) {
+            remark.Fate = ImportFate::Moved;
+            remark.Notes = 0;
+            remark.Key = "str_ImportReadTwice";
+            remark.Fields = {std::to_string(report.Systems), std::to_string(again)};
+            report.Add(std::exchange(remark, {}));
+            again = 0;
+        }
+        const int lost = found - kept;
+        if (lost <= 0) return;
+        remark.Notes = lost;
+        remark.Key = "str_ImportColumnsLost";
+        if (lines.size() > MostLines - 1) remark.Key = "str_ImportSevenLines";
+        if (WidthOf(lines) < 0) remark.Key = "str_ImportNotClosed";
+        remark.Fields = {std::to_string(report.Systems), std::to_string(lost)};
+        report.Add(std::move(remark));
     }
 
     std::int32_t LengthOf(int gap) const {
@@ -202,13 +252,16 @@ private:
             auto& strums = Bar().EditStrums();
             strum = Core::ToInt16(strums.Count());
             strums.Resize(strum + 1);
+            stays = false;
         } else if (bar == file.Tracks[0].Bars.UpperBound()) {
             AppendBar(file);
             ++bar;
             strum = 0;
             Bar().EditStrums().Resize(1);
+            stays = false;
+        } else {
+            stays = true;  // a track shorter than the first one is full: the next column writes into the same strum
         }
-        // Else a track shorter than the first one is full: the next column writes into the same strum.
     }
 
     Core::Bar& Bar() { return file.Tracks[target].Bars.Edit(bar); }
@@ -217,8 +270,12 @@ private:
     int target;
     std::string text;
     const AsciiImportOptions& options;
+    ImportReport& report;
     int bar = 0;
     int strum = 0;
+    bool stays = false;
+    std::vector<bool> taken;  ///< by position: digits that were read
+    int again = 0;            ///< frets read once more, of this system
 };
 
 }  // namespace
@@ -251,7 +308,8 @@ std::string MarkedText(std::string_view text, std::string_view marker) {
 }
 
 bool ImportTextTab(TabFile& file, int track, std::string text, const AsciiImportOptions& options,
-                   const ImportProgress& progress) {
+                   const ImportProgress& progress, ImportReport* report) {
+    ImportReport told;
     ClearTrack(file, track);
     if (options.Timing) {
         for (int bar = 0; bar <= file.BarInfos.UpperBound(); ++bar) {
@@ -263,7 +321,13 @@ bool ImportTextTab(TabFile& file, int track, std::string text, const AsciiImport
     if (options.Details) FillDetails(file, text);
     file.RT = MarkedText(text, "<ql_res_text='");
     file.RA = MarkedText(text, "<ql_res_addr='");
-    StripTechniqueMarks(text);
+    if (const int marks = StripTechniqueMarks(text); marks > 0) {
+        ImportRemark remark;
+        remark.Notes = 0;
+        remark.Key = "str_ImportMarksLost";
+        remark.Fields = {std::to_string(marks)};
+        told.Add(std::move(remark));
+    }
     // What is left of blanks that don't break, in pages.
     ReplaceAll(text, ";&n", "---");
     ReplaceAll(text, "&n", "--");
@@ -273,8 +337,12 @@ bool ImportTextTab(TabFile& file, int track, std::string text, const AsciiImport
     if (progress && !progress(66)) return false;
     RemoveNumberLines(text);
     RemoveDashLines(text);
-    const bool done = ColumnReader(file, track, SystemText(text), options).Read(progress);
+    const bool done = ColumnReader(file, track, SystemText(text), options, told).Read(progress);
     EvenOut(file);
+    told.Tracks = 1;
+    told.Bars = file.Tracks[track].Bars.Count();
+    told.NotesFound = told.NotesKept + told.NotesLost;
+    if (report) *report = std::move(told);
     return done;
 }
 

@@ -11,6 +11,7 @@
 #include <string_view>
 
 #include "core/mod_TabFileStructure.h"
+#include "exchange/ImportReport.h"
 
 namespace Quillon::Exchange {
 
@@ -42,8 +43,9 @@ std::string MarkedText(std::string_view text, std::string_view marker);
 
 /// Makes `text` the track, which loses its bars. All tracks have the same number of bars at the end. False when
 /// `progress` ended it; the document is then half done and to be thrown away, as it is when this raises: "Type
-/// mismatch" for a "<" that no ">" follows, "Overflow" for more bars or strums than there can be.
+/// mismatch" for a "<" that no ">" follows, "Overflow" for more bars or strums than there can be. `report`, when given,
+/// is told by systems what the rules of the columns leave out.
 bool ImportTextTab(Core::TabFile& file, int track, std::string text, const AsciiImportOptions& options,
-                   const ImportProgress& progress = {});
+                   const ImportProgress& progress = {}, ImportReport* report = nullptr);
 
 }  // namespace Quillon::Exchange

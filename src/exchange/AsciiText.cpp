@@ -29,14 +29,18 @@ void ReplaceAll(std::string& text, std::string_view from, std::string_view to) {
     text = std::move(replaced);
 }
 
-void StripTechniqueMarks(std::string& text) {
+int StripTechniqueMarks(std::string& text) {
+    int marks = 0;
     for (const char follower : std::string_view("0123456789-")) {
         for (const char mark : std::string_view("bshp/\\t~^.()r")) {
             for (std::size_t at = text.find(mark); at != std::string::npos; at = text.find(mark, at + 1)) {
-                if (at + 1 < text.size() && text[at + 1] == follower) text[at] = '-';
+                if (at + 1 >= text.size() || text[at + 1] != follower) continue;
+                text[at] = '-';
+                ++marks;
             }
         }
     }
+    return marks;
 }
 
 void RemoveTags(std::string& text) {

@@ -7,8 +7,8 @@
 
 namespace Quillon::Exchange {
 
-/// Takes what stands for a technique before a digit or a dash for a dash: 7h9 is 7-9.
-void StripTechniqueMarks(std::string& text);
+/// Takes what stands for a technique before a digit or a dash for a dash: 7h9 is 7-9. Gives how many there were.
+int StripTechniqueMarks(std::string& text);
 /// Takes out everything from "<" to ">", and the same text wherever else it stands. Raises "Type mismatch" when a "<"
 /// has no ">" behind it.
 void RemoveTags(std::string& text);

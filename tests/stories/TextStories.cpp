@@ -35,3 +35,14 @@ TEST(TextStories, APdfIsDatedByTheEnvironment) {
     EXPECT_THAT(Slurp(story / "a.pdf"), HasSubstr("/CreationDate (D:20010909014640)"));
     EXPECT_EQ(Slurp(story / "a.pdf"), Slurp(story / "b.pdf"));
 }
+
+TEST(TextStories, AReportTellsWhatAnImportLeftOut) {
+    const CliStory story;
+    Spill(story / "two.txt", "\r\n0-h2\r\n1---\r\n\r\n\r\n3--4\r\n\r\n");
+    const auto told = story.Run({"convert", "two.txt", "two.qlm", "--report", "--reader", "classic"});
+    EXPECT_EQ(told.Status, 0);
+    EXPECT_THAT(told.Out, StartsWith("Systems: 2\nTracks: 1\nBars: 2\nNotes found: 5\nNotes kept: 3\n"));
+    EXPECT_THAT(told.Out, HasSubstr("System 2 has no two empty lines behind it: its 2 notes are left out.\n"));
+    EXPECT_EQ(story.Run({"convert", "two.qlm", "two.json", "--report"}).Out, "");
+    EXPECT_EQ(story.Run({"convert", "two.txt", "x.qlm", "--reader", "other"}).Status, 2);
+}
