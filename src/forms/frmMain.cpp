@@ -57,6 +57,22 @@ QElapsedTimer StartedClock() {
 
 }  // namespace
 
+namespace {
+
+/// Shows a text that changes with every key. The label never shrinks: it keeps its neighbours where they are, and the
+/// window from being laid out anew.
+void ShowSteady(QLabel& label, const std::string& text) {
+    const QString shown = ToQString(text);
+    if (label.text() == shown) return;
+    label.setText(shown);
+    const QSize needed = label.sizeHint();
+    if (needed.width() > label.minimumWidth() || needed.height() > label.minimumHeight()) {
+        label.setFixedSize(needed.expandedTo(label.minimumSize()));
+    }
+}
+
+}  // namespace
+
 frmMain::frmMain() {
     setObjectName("frmMain");
     setWindowIcon(SvgIcon("quillon"));
@@ -150,9 +166,9 @@ void frmMain::UpdateZoom() {
 }
 
 void frmMain::FillStatus() {
-    lblNote->setText(ToQString(Shell::NoteText()));
-    if (!Shell::Sound.Playing) lblPlace->setText(ToQString(Shell::PlaceText()));
-    lblPages->setText(ToQString(Drawing::PageCountText()));
+    ShowSteady(*lblNote, Shell::NoteText());
+    if (!Shell::Sound.Playing) ShowSteady(*lblPlace, Shell::PlaceText());
+    ShowSteady(*lblPages, Drawing::PageCountText());
 }
 
 void frmMain::RestorePlaces() {

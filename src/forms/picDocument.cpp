@@ -57,9 +57,11 @@ picDocument::picDocument(QWidget* parent) : QAbstractScrollArea(parent), marker(
 }
 
 void picDocument::Redraw(bool followCursor) {
-    dirty = true;
     follow = follow || followCursor;
-    viewport()->update();
+    if (dirty) return;
+    dirty = true;
+    // What has to be painted is known only then; until then the window shows the page as it was.
+    QMetaObject::invokeMethod(this, &picDocument::Settle, Qt::QueuedConnection);
 }
 
 void picDocument::Settle() {
@@ -69,7 +71,10 @@ void picDocument::Settle() {
 void picDocument::PaintBacking() {
     const double ratio = devicePixelRatioF();
     const QSize size = viewport()->size() * ratio;
+    const double pixels = zoom * ratio;
+    if (backing.size() != size || pixels != painted) changes.Forget();
     if (backing.size() != size) backing = QImage(size, QImage::Format_RGB32);
+    painted = pixels;
     backing.setDevicePixelRatio(1);
     View.ScaleWidth = std::max(1, static_cast<int>(std::ceil(viewport()->width() / zoom)));
     View.ScaleHeight = std::max(1, static_cast<int>(std::ceil(viewport()->height() / zoom)));
@@ -77,31 +82,64 @@ void picDocument::PaintBacking() {
     View.FollowCursor = followed && follow;
     dirty = false;
     follow = false;
-    {
-        QPainter painter(&backing);
-        PainterPicture picture(painter, zoom * ratio);
-        try {
-            Drawing::DrawDocument(picture);
-        } catch (const RunTimeError& error) {
-            // A document too wide or too long for the layout's numbers.
-            painter.resetTransform();
-            painter.setClipping(false);
-            painter.scale(ratio, ratio);
-            const QRect all(QPoint(0, 0), viewport()->size());
-            painter.fillRect(all, Qt::white);
-            painter.setPen(Qt::black);
-            painter.setFont(font());
-            constexpr int Border = 40;
-            painter.drawText(all.adjusted(Border, Border, -Border, -Border), Qt::AlignCenter | Qt::TextWordWrap,
-                             ToQString(Shell::LayoutFailureText(error)));
-        }
+    QRect changed(QPoint(0, 0), size);
+    try {
+        changed = PaintChanges(pixels);
+    } catch (const RunTimeError& error) {
+        PaintFailure(error);
     }
     View.FollowCursor = followed;
     backing.setDevicePixelRatio(ratio);
+    UpdateView(changed);
     ShowScrollBars();
     MovePlayMarker();
     TellScreenReader();
     Q_EMIT Drawn();
+}
+
+/// Gives what was painted, in device pixels.
+QRect picDocument::PaintChanges(double pixels) {
+    QPainter painter(&backing);
+    PainterPicture picture(painter, pixels);
+    changes.Begin(picture);
+    Drawing::DrawDocument(changes);
+    const Area whole{0, 0, backing.width() / pixels, backing.height() / pixels};
+    const Area area = changes.Changed(whole);
+    const auto device = [pixels](double at) {
+        return static_cast<int>(std::lround(std::clamp(at * pixels, -1e6, 1e6)));
+    };
+    const QRect touched(QPoint(device(area.Left), device(area.Top)), QPoint(device(area.Right), device(area.Bottom)));
+    const QRect shown = touched.intersected(backing.rect());
+    painter.setClipRect(shown);
+    changes.Paint(area);
+    return shown;
+}
+
+/// For a document too wide or too long for the layout's numbers.
+void picDocument::PaintFailure(const RunTimeError& error) {
+    changes.Forget();
+    const double ratio = devicePixelRatioF();
+    QPainter painter(&backing);
+    painter.scale(ratio, ratio);
+    const QRect all(QPoint(0, 0), viewport()->size());
+    painter.fillRect(all, Qt::white);
+    painter.setPen(Qt::black);
+    painter.setFont(font());
+    constexpr int Border = 40;
+    painter.drawText(all.adjusted(Border, Border, -Border, -Border), Qt::AlignCenter | Qt::TextWordWrap,
+                     ToQString(Shell::LayoutFailureText(error)));
+}
+
+/// Has the window show what was painted, and the selection where that moved.
+void picDocument::UpdateView(const QRect& changed) {
+    auto bands = Shell::SelectionBands();
+    if (bands != shownBands) {
+        shownBands = std::move(bands);
+        return viewport()->update();
+    }
+    if (changed.isEmpty()) return;
+    const double ratio = devicePixelRatioF();
+    viewport()->update(QRectF(QPointF(changed.topLeft()) / ratio, QSizeF(changed.size()) / ratio).toAlignedRect());
 }
 
 void picDocument::ShowScrollBars() {
@@ -136,10 +174,9 @@ void picDocument::paintEvent(QPaintEvent*) {
 }
 
 void picDocument::PaintSelection(QPainter& painter) const {
-    const auto bands = Shell::SelectionBands();
-    if (bands.empty()) return;
+    if (shownBands.empty()) return;
     painter.scale(zoom, zoom);
-    for (const Shell::SelectionBand& band : bands) {
+    for (const Shell::SelectionBand& band : shownBands) {
         painter.fillRect(band.X, band.Y, band.Width, band.Height, QColor(0x2A, 0x6F, 0xDB, 46));
     }
 }
@@ -230,7 +267,7 @@ void picDocument::DragTo(QPointF point) {
     if (!tmrDrag->isActive() && (point - *pressed).manhattanLength() < QApplication::startDragDistance()) return;
     const QPoint at = ToDocument(point);
     Shell::Guarded([at] { Editing::picDocument_MouseMove(at.x(), at.y()); });
-    viewport()->update();
+    UpdateView({});
     const bool inside = viewport()->rect().adjusted(DragEdge, DragEdge, -DragEdge, -DragEdge).contains(point.toPoint());
     if (inside) tmrDrag->stop();
     if (!inside && !tmrDrag->isActive() && Editing::Selection.Dragging) tmrDrag->start();

@@ -1,13 +1,18 @@
 // The paper: the view of the open document with its scroll bars.
 //
-// What it shows is painted into an image of device pixels when something changed, and only blitted otherwise. Zooming
-// scales the painting; the layout always works with document pixels.
+// What it shows is painted into an image of device pixels when something changed, only where it changed, and only
+// blitted otherwise. Zooming scales the painting; the layout always works with document pixels.
 #pragma once
 
 #include <QAbstractScrollArea>
 #include <QImage>
 #include <QTimer>
 #include <optional>
+#include <vector>
+
+#include "platform/ChangedPicture.h"
+#include "platform/RunTimeError.h"
+#include "shell/mod_Sound.h"
 
 namespace Quillon::Forms {
 
@@ -58,6 +63,9 @@ protected:
 
 private:
     void PaintBacking();
+    QRect PaintChanges(double pixels);
+    void PaintFailure(const RunTimeError& error);
+    void UpdateView(const QRect& changed);
     void ShowScrollBars();
     void TellScreenReader();
     void PaintSelection(QPainter& painter) const;
@@ -69,6 +77,9 @@ private:
 
     picPlayMarker* marker;
     QImage backing;
+    ChangedPicture changes;
+    double painted = 0;  ///< device pixels of a document pixel in the backing
+    std::vector<Shell::SelectionBand> shownBands;
     bool scrolling = true;
     bool dirty = true;
     bool follow = false;

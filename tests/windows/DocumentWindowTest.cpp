@@ -51,6 +51,35 @@ TEST_F(DocumentWindowTest, AFileOfTheCommandLineIsPaintedAndNamed) {
     EXPECT_EQ(In<QLabel>(*window, "lblPages").text(), "Pages: 2");
 }
 
+TEST_F(DocumentWindowTest, WhatIsRepaintedAfterAKeyIsThePageAsAWhole) {
+    Start("fiddle-set.qlm");
+    constexpr Qt::Key Keys[] = {Qt::Key_Right, Qt::Key_Down,   Qt::Key_5,     Qt::Key_B,        Qt::Key_Plus,
+                                Qt::Key_7,     Qt::Key_Delete, Qt::Key_T,     Qt::Key_PageDown, Qt::Key_Minus,
+                                Qt::Key_Tab,   Qt::Key_Insert, Qt::Key_Right, Qt::Key_Up,       Qt::Key_End};
+    for (const int zoom : {100, 133}) {
+        Shell::SetZoom(zoom);
+        Settle();
+        unsigned turn = 7;
+        for (int press = 0; press < 60; ++press) {
+            turn = turn * 1103515245U + 12345U;
+            QTest::keyClick(&Score(), Keys[(turn >> 16) % std::size(Keys)],
+                            (turn >> 24) % 8 == 0 ? Qt::ShiftModifier : Qt::NoModifier);
+            Settle();
+            if (press % 6 != 0) continue;
+            const QImage partly = Shot();
+            const int scrolled = View.VScroll;
+            Shell::SetZoom(zoom + 1);
+            Settle();
+            Shell::SetZoom(zoom);
+            Settle();
+            View.VScroll = scrolled;
+            Score().Redraw(false);
+            Settle();
+            ASSERT_TRUE(partly == Shot()) << "zoom " << zoom << ", press " << press;
+        }
+    }
+}
+
 TEST_F(DocumentWindowTest, AClickPutsTheCursorWhereTheNoteIsAtEveryZoom) {
     Start("greensleeves.qlm");
     const int tab = Drawing::TabOffset(Open.TabFile.Tracks[0]);
