@@ -19,7 +19,7 @@ struct ImportRemark {
     int Track = -1;     ///< of the document, from 0; -1 for none
     int Bar = -1;       ///< of the document, from 0; -1 for none
     int Line = 0;       ///< of the text, from 1; 0 for none
-    std::string Key{};  ///< of the sentence in the language table, such as "str_ImportOutOfRange"
+    std::string Key{};  ///< of the sentence in the language table
     std::vector<std::string> Fields{};  ///< for the sentence's "%1", "%2"
 };
 
