@@ -24,6 +24,19 @@ struct FileWriter {
     virtual void Overwrite(std::uint64_t position, std::string_view bytes) = 0;
 };
 
+/// A plain file of a folder, as much as tells whether it changed.
+struct FileStamp {
+    std::string Name;
+    std::int64_t Changed = 0;  ///< when it was last written, in ticks of the file system's clock
+    std::uint64_t Size = 0;    ///< bytes
+    bool operator==(const FileStamp&) const = default;
+};
+
+struct NamedBytes {
+    std::string Name;
+    std::string Bytes;
+};
+
 /// Every operation raises RunTimeError with a description that names the file and the cause:
 /// 53 not found, 61 disk full, 70 permission denied, 75 path or file access error, 7 file too large to read.
 struct FileSystem {
@@ -45,6 +58,11 @@ struct FileSystem {
     virtual void MakeFolder(const std::filesystem::path& path) = 0;
     /// Names of the plain files in a folder, sorted; empty when the folder is missing.
     virtual std::vector<std::string> FilesIn(const std::filesystem::path& folder) const = 0;
+    /// The same with the time and size of each, sorted by name.
+    virtual std::vector<FileStamp> StampsIn(const std::filesystem::path& folder) const = 0;
+    /// Makes a folder of these files, or puts it in the place of the one there, whose plain files go: whole or not at
+    /// all, also through a crash. An old folder with folders in it stays beside it under a name that ends in ".old".
+    virtual void ReplaceFolder(const std::filesystem::path& folder, const std::vector<NamedBytes>& files) = 0;
     /// Waits for, and takes, an exclusive lock on a lock file. Several locks of one program on one file nest.
     virtual std::unique_ptr<FileLock> Lock(const std::filesystem::path& path) = 0;
     /// As Lock, but gives nothing at once when another program holds it.

@@ -162,6 +162,16 @@ private:
     bool placed = false;
 };
 
+/// Deletes the plain files of a folder, and the folder when nothing else is in it; true when it is gone.
+bool RemoveFolder(const fs::path& folder) {
+    std::error_code none;
+    for (fs::directory_iterator entry(folder, none), end; !none && entry != end; entry.increment(none)) {
+        std::error_code unreadable;
+        if (!entry->is_directory(unreadable)) ::unlink(entry->path().c_str());
+    }
+    return ::rmdir(folder.c_str()) == 0 || errno == ENOENT;
+}
+
 }  // namespace
 
 PosixFiles::PosixFiles(std::size_t readLimit) : limit(readLimit) { std::signal(SIGXFSZ, SIG_IGN); }
@@ -261,6 +271,45 @@ std::vector<std::string> PosixFiles::FilesIn(const fs::path& folder) const {
     }
     std::sort(names.begin(), names.end());
     return names;
+}
+
+std::vector<FileStamp> PosixFiles::StampsIn(const fs::path& folder) const {
+    std::vector<FileStamp> stamps;
+    for (const std::string& name : FilesIn(folder)) {
+        struct stat status {};
+        if (::stat((folder / name).c_str(), &status) != 0) continue;  // it went meanwhile
+        constexpr std::int64_t SecondInNanoseconds = 1'000'000'000;
+        stamps.push_back({name, status.st_mtim.tv_sec * SecondInNanoseconds + status.st_mtim.tv_nsec,
+                          static_cast<std::uint64_t>(status.st_size)});
+    }
+    return stamps;
+}
+
+void PosixFiles::ReplaceFolder(const fs::path& path, const std::vector<NamedBytes>& files) {
+    const fs::path folder = FollowLinks(path);
+    const fs::path made = folder.string() + std::string(NewFileSuffix);
+    const fs::path old = folder.string() + ".old";
+    RemoveFolder(made);  // that a crash left
+    MakeFolder(made);
+    try {
+        for (const NamedBytes& each : files) {
+            File file(made / each.Name, O_WRONLY | O_CREAT | O_TRUNC, 0666);
+            file.Append(each.Bytes);
+            file.Close();
+        }
+        // One flush for all of them: a thousand files one by one take many seconds.
+        File whole(made, O_RDONLY | O_DIRECTORY);
+        if (::syncfs(whole.Handle()) != 0) Raise(path, errno);
+        const bool exists = ::access(folder.c_str(), F_OK) == 0;
+        if (::renameat2(AT_FDCWD, made.c_str(), AT_FDCWD, folder.c_str(), exists ? RENAME_EXCHANGE : 0) != 0) {
+            Raise(path, errno);
+        }
+    } catch (const RunTimeError&) {
+        RemoveFolder(made);
+        throw;
+    }
+    File(FolderOf(folder), O_RDONLY | O_DIRECTORY).Flush();
+    if (!RemoveFolder(made)) ::rename(made.c_str(), old.c_str());
 }
 
 // The lock belongs to the open file, so a second one in this program would wait for the first for ever: they share.

@@ -26,6 +26,8 @@ public:
     void Delete(const std::filesystem::path& path) override;
     void MakeFolder(const std::filesystem::path& path) override;
     std::vector<std::string> FilesIn(const std::filesystem::path& folder) const override;
+    std::vector<FileStamp> StampsIn(const std::filesystem::path& folder) const override;
+    void ReplaceFolder(const std::filesystem::path& folder, const std::vector<NamedBytes>& files) override;
     std::unique_ptr<FileLock> Lock(const std::filesystem::path& path) override;
     std::unique_ptr<FileLock> TryLock(const std::filesystem::path& path) override;
 
