@@ -2,6 +2,7 @@
 #include "editing/mod_BarsAndTracks.h"
 #include "shell/BarCommands.h"
 #include "shell/CommandRows.h"
+#include "shell/CursorState.h"
 
 namespace Quillon::Shell {
 
@@ -16,12 +17,6 @@ constexpr std::string_view Bar2Toolbar = "Bar 2";
 bool ManyTracks() { return Open.TabFile.Tracks.Count() > 1; }
 bool CanMoveUp() { return Open.CurTrack > 0; }
 bool CanMoveDown() { return Open.CurTrack < Open.TabFile.Tracks.UpperBound(); }
-/// While a document is replaced, commands may be asked about a cursor of the one before.
-bool OnBar() {
-    const Core::TabFile& file = Open.TabFile;
-    return Open.CurTrack < file.Tracks.Count() && Open.CurBar < file.Tracks[Open.CurTrack].Bars.Count() &&
-           Open.CurBar < file.BarInfos.Count();
-}
 
 bool CanShrink() {
     if (!OnBar()) return false;

@@ -7,14 +7,27 @@ namespace Quillon::Shell {
 
 using Core::Open;
 
-bool InScore() {
+namespace {
+
+/// Nothing while the document has no such track.
+const Core::Track* TrackAtCursor() {
     const auto& tracks = Open.TabFile.Tracks;
-    if (Open.CurTrack < 0 || Open.CurTrack >= tracks.Count()) return false;
-    const Core::Track& track = tracks[Open.CurTrack];
-    if (Open.CurBar < 0 || Open.CurBar >= track.Bars.Count() || Open.CurBar >= Open.TabFile.BarInfos.Count()) {
-        return false;
-    }
-    return Open.CurStrum >= 0 && Open.CurStrum < track.Bars[Open.CurBar].Strums().Count();
+    return Open.CurTrack >= 0 && Open.CurTrack < tracks.Count() ? &tracks[Open.CurTrack] : nullptr;
+}
+
+}  // namespace
+
+bool OnFrettedTrack() { return TrackAtCursor() && !TrackAtCursor()->IsDrum; }
+bool OnDrumTrack() { return TrackAtCursor() && TrackAtCursor()->IsDrum; }
+
+bool OnBar() {
+    const Core::Track* const track = TrackAtCursor();
+    return track && Open.CurBar >= 0 && Open.CurBar < track->Bars.Count() &&
+           Open.CurBar < Open.TabFile.BarInfos.Count();
+}
+
+bool InScore() {
+    return OnBar() && Open.CurStrum >= 0 && Open.CurStrum < TrackAtCursor()->Bars[Open.CurBar].Strums().Count();
 }
 
 bool OnStrum() {

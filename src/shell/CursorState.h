@@ -8,9 +8,14 @@
 
 namespace Quillon::Shell {
 
-/// True when the open document has a strum where the cursor stands.
+/// True when the open document has the cursor's track, and that has frets, or drums.
+bool OnFrettedTrack();
+bool OnDrumTrack();
+/// True when it has a bar where the cursor stands.
+bool OnBar();
+/// The same for a strum.
 bool InScore();
-/// The same for a string in use, too.
+/// The same for a string in use.
 bool OnStrum();
 /// The same on a track that is not drums, whose strings have frets.
 bool OnFrets();

@@ -5,6 +5,7 @@
 #include "core/mod_Settings.h"
 #include "core/mod_TabFileManipulation.h"
 #include "editing/mod_NoteEntry.h"
+#include "shell/CursorState.h"
 #include "shell/DialogModels.h"
 #include "shell/EditCommands.h"
 #include "shell/mod_Shell.h"
@@ -17,9 +18,6 @@ using Core::Open;
 PercAssistantState PercAssistant;
 
 namespace {
-
-/// While a document is replaced, commands may be asked about a cursor of the one before.
-bool OnDrums() { return Open.CurTrack < Open.TabFile.Tracks.Count() && Open.TabFile.Tracks[Open.CurTrack].IsDrum; }
 
 std::string SoundName(int sound) {
     const auto names = Core::DrumSoundNames();
@@ -38,7 +36,7 @@ void TakeCursor() {
 
 std::vector<PercLetter> PercLetters() {
     std::vector<PercLetter> letters;
-    if (!OnDrums()) return letters;
+    if (!OnDrumTrack()) return letters;
     const Core::PercAssignment& plays = Open.TabFile.Tracks[Open.CurTrack].PercStrings[PercAssistant.String];
     for (const Core::PercussionLetter& each : Core::PercussionLetters()) {
         letters.push_back(
@@ -48,7 +46,7 @@ std::vector<PercLetter> PercLetters() {
 }
 
 std::string PercAssistantTitle() {
-    if (!OnDrums()) return "";
+    if (!OnDrumTrack()) return "";
     return Core::LanguageText("str_PercAssistantOf",
                               {Open.TabFile.Tracks[Open.CurTrack].Name, std::to_string(PercAssistant.String + 1)});
 }
@@ -56,7 +54,7 @@ std::string PercAssistantTitle() {
 bool PercAssistantShows() {
     const int before = PercAssistant.Track;
     PercAssistant.Track = Open.CurTrack;
-    if (!OnDrums()) return false;
+    if (!OnDrumTrack()) return false;
     if (before != Open.CurTrack) {
         TakeCursor();
         if (Core::Settings.ShowPercussionAssistant) PercAssistant.IsOpen = true;
@@ -66,14 +64,14 @@ bool PercAssistantShows() {
 }
 
 void RefreshPercAssistant() {
-    if (!OnDrums() || !PercAssistant.IsOpen) return;
+    if (!OnDrumTrack() || !PercAssistant.IsOpen) return;
     TakeCursor();
     Program.View->FillPercAssistant();
 }
 
 void PercLetter_Click(int index) {
     const auto letters = Core::PercussionLetters();
-    if (Sound.Playing || !OnDrums() || index < 0 || index >= static_cast<int>(letters.size())) return;
+    if (Sound.Playing || !OnDrumTrack() || index < 0 || index >= static_cast<int>(letters.size())) return;
     if (!PasswordCorrect()) return;
     const std::string letter = letters[static_cast<std::size_t>(index)].Letter;
     const Core::Strum& strum = Core::ReadStrum(Open.CurTrack, Open.CurBar, Open.CurStrum);
@@ -87,7 +85,7 @@ void PercLetter_Click(int index) {
 }
 
 void cmdPercAssignment_Click() {
-    if (Sound.Playing || !OnDrums() || !PasswordCorrect()) return;
+    if (Sound.Playing || !OnDrumTrack() || !PasswordCorrect()) return;
     TrackPropertiesModel model;
     model.Load(Open.CurTrack);
     model.DrumsFirst = true;

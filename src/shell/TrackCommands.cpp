@@ -3,6 +3,7 @@
 #include "core/mod_TabFileStructure.h"
 #include "shell/BatchFixModel.h"
 #include "shell/CommandRows.h"
+#include "shell/CursorState.h"
 #include "shell/EditCommands.h"
 #include "shell/InstrumentModel.h"
 #include "shell/LyricsModel.h"
@@ -16,8 +17,6 @@ using Core::Open;
 
 namespace {
 
-bool HasStrings() { return Open.CurTrack < Open.TabFile.Tracks.Count() && !Open.TabFile.Tracks[Open.CurTrack].IsDrum; }
-bool HasDrums() { return Open.CurTrack < Open.TabFile.Tracks.Count() && !HasStrings(); }
 bool IsLocked() { return Open.TabFile.HasPassword; }
 
 constexpr Command Table[] = {
@@ -30,14 +29,14 @@ constexpr Command Table[] = {
      .Toolbar = "Track",
      .SeparatorBefore = true,
      .Run = mnuTrackTuning_Click,
-     .Enabled = HasStrings},
+     .Enabled = OnFrettedTrack},
     {.Name = "mnuTrackInstrument",
      .Menu = TrackMenu,
      .Text = "str_TrackInstrumentCommand",
      .Icon = "instrument",
      .Toolbar = "Track",
      .Run = mnuTrackInstrument_Click,
-     .Enabled = HasStrings},
+     .Enabled = OnFrettedTrack},
     {.Name = "mnuTrackLyrics",
      .Menu = TrackMenu,
      .Text = "str_TrackLyricsCommand",
@@ -62,8 +61,8 @@ constexpr Command Table[] = {
      .Shortcut = "Ctrl+D",
      .Icon = "drum-letters",
      .Run = mnuToolsPercAssistant_Click,
-     .Enabled = HasDrums,
-     .Checked = [] { return HasDrums() && PercAssistant.IsOpen; }},
+     .Enabled = OnDrumTrack,
+     .Checked = [] { return OnDrumTrack() && PercAssistant.IsOpen; }},
 };
 
 }  // namespace
