@@ -12,6 +12,9 @@ qt6-base-dev|windows, printing and pictures
 qt6-svg-dev|icons and pictures in SVG
 qt6-translations-l10n|the texts that Qt brings, in other languages than English
 nettle-dev|the cipher of music files
+libharfbuzz-dev|the texts of drawn PDF files, and the parts of fonts in them
+libfontconfig-dev|the font files of the machine
+zlib1g-dev|the compression of drawn PDF files
 nlohmann-json3-dev|documents as JSON
 libcli11-dev|the command line of quillon-cli
 libfluidsynth-dev|the built-in synthesizer

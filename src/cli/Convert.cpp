@@ -24,7 +24,8 @@ struct Arguments {
 const std::map<std::string, ImportReader> ReaderNames = {{"classic", ImportReader::Classic}};
 
 int Convert(const Arguments& arguments) {
-    WriterFor(arguments.Out);  // a wrong ending is told before anything is opened
+    const DocumentWriter& writer = WriterFor(arguments.Out);  // a wrong ending is told before anything is opened
+    if (arguments.Options.Engraved && writer.Ending != ".pdf") throw UsageError("--engraved goes with OUT of .pdf");
     ImportOptions import = arguments.Import;
     if (!arguments.Timing.empty()) {
         import.Text.Timing = Exchange::ParseTiming(arguments.Timing);
@@ -71,7 +72,14 @@ void AddConvert(CLI::App& app, Work& work) {
         ->type_name("NAME")
         ->transform(CLI::CheckedTransformer(ReaderNames));
     command->add_flag("--report", arguments->Report, "Print what an import kept and lost");
-    command->add_option("--page", arguments->Options.Page, "Page of a picture, from 1; without it every page")
+    CLI::Option* const engraved =
+        command->add_flag("--engraved", arguments->Options.Engraved, "Write a .pdf of the drawn pages, not of text");
+    command->add_flag("--all-tracks", arguments->Options.AllTracks, "All tracks one behind the other")
+        ->needs(engraved)
+        ->excludes("--track");
+    command
+        ->add_option("--page", arguments->Options.Page,
+                     "Page of a picture or of a drawn .pdf, from 1; without it every page")
         ->type_name("N");
     command->add_option("--dpi", arguments->Options.Dpi, "Dots to the inch of .png .jpg .bmp; 96 without it")
         ->type_name("N")

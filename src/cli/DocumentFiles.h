@@ -17,7 +17,9 @@ namespace Quillon::Cli {
 
 struct ConvertOptions {
     std::optional<int> Track;     ///< from 0: the current track, for outputs that show one
-    std::optional<int> Page;      ///< from 1, of a picture; every page without it
+    std::optional<int> Page;      ///< from 1, of a picture or a drawn PDF; every page without it
+    bool Engraved = false;        ///< a PDF of the drawn pages in place of one of text
+    bool AllTracks = false;       ///< of a drawn PDF: one behind the other
     int Dpi = 96;                 ///< dots to the inch, of a picture of pixels
     std::optional<int> MaxLine;   ///< characters of a text tab's line; without it that of the settings
     std::optional<bool> Warning;  ///< the lines that tell whose work the text is; likewise

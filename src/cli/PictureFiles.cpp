@@ -3,7 +3,11 @@
 #include "cli/Commands.h"
 #include "core/mod_TabFileStructure.h"
 #include "drawing/mod_HighLevelDrawing.h"
+#include "drawing/mod_PrintedPages.h"
 #include "exchange/PictureExport.h"
+#include "exchange/PrintJob.h"
+#include "platform/Services.h"
+#include "platform/pdf/PdfPages.h"
 #include "platform/portable/SvgPicture.h"
 #include "platform/qt/QtImageFile.h"
 
@@ -40,18 +44,29 @@ Exchange::PictureEncoder EncoderOf(PictureKind kind, int dpi) {
     return EncodeSvg;
 }
 
+void CheckPage(const ConvertOptions& options, int pages) {
+    if (!options.Page || (*options.Page >= 1 && *options.Page <= pages)) return;
+    throw CommandFailure("page " + std::to_string(*options.Page) + ": there are the pages 1 to " +
+                         std::to_string(pages));
+}
+
 }  // namespace
 
 bool WritePictures(const std::filesystem::path& path, const ConvertOptions& options) {
     const auto kind = Exchange::PictureKindOf(path);
     if (!kind) throw CommandFailure(path.string() + ": not a picture's ending");
     const int track = Core::Open.CurTrack;
-    const int pages = Drawing::CountPages(track);
-    if (options.Page && (*options.Page < 1 || *options.Page > pages)) {
-        throw CommandFailure("page " + std::to_string(*options.Page) + ": the track has the pages 1 to " +
-                             std::to_string(pages));
-    }
+    CheckPage(options, Drawing::CountPages(track));
     Exchange::ExportPictures(path, {.Track = track, .Page = options.Page.value_or(0)}, EncoderOf(*kind, options.Dpi));
+    return true;
+}
+
+bool WriteEngravedPdf(const std::filesystem::path& path, const ConvertOptions& options) {
+    const Exchange::PrintOptions print{options.AllTracks, Core::Open.CurTrack,
+                                       Exchange::LoadRunningFields(*Services.Settings)};
+    CheckPage(options, Exchange::PrintJob(print).Pages());
+    PdfPages file;
+    Exchange::ExportEngravedPdf(path, print, options.Page.value_or(0), file);
     return true;
 }
 

@@ -1,5 +1,6 @@
 #include "cli/TextFiles.h"
 
+#include "cli/PictureFiles.h"
 #include "core/mod_Settings.h"
 #include "core/mod_TabFileStructure.h"
 #include "exchange/TextFileExport.h"
@@ -28,7 +29,7 @@ bool WritePage(const std::filesystem::path& path, const ConvertOptions& options)
 }
 
 bool WritePdf(const std::filesystem::path& path, const ConvertOptions& options) {
-    return Write(Exchange::TextKind::Pdf, path, options);
+    return options.Engraved ? WriteEngravedPdf(path, options) : Write(Exchange::TextKind::Pdf, path, options);
 }
 
 }  // namespace Quillon::Cli

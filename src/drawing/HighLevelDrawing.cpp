@@ -47,19 +47,6 @@ LayoutKey KeyNow() {
             Page.MinTabX,  Page.MaxTabX,   {PageLeftX(Page, View), TopOfPage0(View)}};
 }
 
-PageCount CountSettled(const TabFile& file, int track) {
-    PageCount count = NumberOfPages(Page, file, track);
-    if (count.FlagsChanged) count = NumberOfPages(Page, file, track);  // it measured with outdated figures
-    return count;
-}
-
-void TellPageTooSmall() {
-    if (Last.TooSmallShown || !Services.Messages) return;
-    Last.TooSmallShown = true;
-    Services.Messages->Show(LanguageText("str_PageTooSmall"), LanguageText("str_TitleError"), Buttons::Ok,
-                            BoxIcon::Critical);
-}
-
 void SetScrollRanges() {
     const int pages = Last.Count.LastPage;
     View.VScrollMax = std::max(0, Core::CLng(((Page.PageHeight + PageGap) * (pages + 1.0) - View.ScaleHeight) / 8));
@@ -90,7 +77,7 @@ void LayOutView() {
     if (View.VScroll == 0) Page.LayoutDirty = 1;
     const bool due = View.CompletePass || Page.LayoutDirty == 1;
     if (!due && (KeyNow() == Last.Key || (View.Playing && MoveRows()))) return;
-    Last.Count = CountSettled(file, Open.CurTrack);
+    Last.Count = SettledPageCount(Page, file, Open.CurTrack);
     Last.PageText = LanguageText("str_Pages") + std::to_string(Last.Count.LastPage + 1);
     if (Last.Count.TooSmall) {
         TellPageTooSmall();
@@ -110,10 +97,6 @@ int LyricsTrackOf(const TabFile& file, int track) {
     const bool ofOther =
         own.LyricsOfOtherTrack == 1 && own.LyricsTrack >= 0 && own.LyricsTrack <= file.Tracks.UpperBound();
     return ofOther ? own.LyricsTrack : track;
-}
-
-double LyricsPoints(Picture& picture, const TabFile& file, int track) {
-    return LyricsSize(picture, file, track, LyricsTrackOf(file, track));
 }
 
 /// The first bar whose row may reach into the view. Rows follow each other downward, so the bars can be bisected.
@@ -200,6 +183,17 @@ void DrawCursor(Picture& picture) {
 
 }  // namespace
 
+void TellPageTooSmall() {
+    if (Last.TooSmallShown || !Services.Messages) return;
+    Last.TooSmallShown = true;
+    Services.Messages->Show(LanguageText("str_PageTooSmall"), LanguageText("str_TitleError"), Buttons::Ok,
+                            BoxIcon::Critical);
+}
+
+double LyricsPoints(Picture& picture, const TabFile& file, int track) {
+    return LyricsSize(picture, file, track, LyricsTrackOf(file, track));
+}
+
 void DrawBar(Picture& picture, int x, int y, const TabFile& file, int track, int bar, int width, double lyricsSize) {
     const BarContext context{file, track, bar, x, y, width};
     DrawBarFrame(picture, context);
@@ -257,22 +251,5 @@ void ScrollAcross(int wanted) {
 const std::string& PageCountText() { return Last.PageText; }
 
 int LastPage() { return Last.Count.LastPage; }
-
-int CountPages(int track) { return CountSettled(Open.TabFile, track).LastPage + 1; }
-
-void DrawPage(Picture& picture, int track, int page) {
-    const TabFile& file = Open.TabFile;
-    const PageCount count = CountSettled(file, track);
-    picture.Box(0, 0, Page.PageWidth, Page.PageHeight, White);
-    DrawPageFurniture(picture, Page, file, track, 0, 0, page, count.LastPage + 1);
-    Page.LayoutDirty = 1;
-    if (count.TooSmall) return TellPageTooSmall();
-    LayOutTrack(Page, {0, -(Page.PageHeight + PageGap) * page}, file, track, count.LastPage);
-    const double lyricsSize = LyricsPoints(picture, file, track);
-    for (int bar = 0; bar <= file.Tracks[track].Bars.UpperBound(); ++bar) {
-        const Core::BarPlace& place = file.Tracks[track].Bars[bar].Place;
-        if (place.Page == page) DrawBar(picture, place.BarX, place.BarY, file, track, bar, place.BarWidth, lyricsSize);
-    }
-}
 
 }  // namespace Quillon::Drawing

@@ -178,18 +178,35 @@ void DrawPageFrame(Picture& picture, const PageSetup& page, int left, int top) {
     DrawRuler(picture, page, left, top);
 }
 
-void DrawPageFurniture(Picture& picture, const PageSetup& setup, const TabFile& file, int track, int left, int top,
-                       int page, int pageCount) {
-    if (page == 0 || file.ShowHeader) HeaderPainter(picture, setup, file, left, top).Draw(file.Tracks[track]);
-    SetFont(picture, "Arial", 8, false, false, false, file.FontColor);
-    const double baseline = top + setup.PageHeight - 31;
-    const std::string number = LanguageText("str_PageNumber", {std::to_string(page + 1), std::to_string(pageCount)});
+namespace {
+
+/// Three texts on a line: the outer ones as they are, the middle one in the room between them.
+void DrawRunningLine(Picture& picture, const PageSetup& setup, int left, double baseline, const RunningLine& line) {
+    const double width = setup.PageWidth - 2 * setup.PageLeftMargin;
+    const double outer = line.Center.empty() ? width / 2 - 8 : width / 3;
+    const std::string first = Fitted(picture, line.Left, outer);
+    const std::string last = Fitted(picture, line.Right, outer);
     const double right = left + setup.PageWidth - setup.PageLeftMargin;
-    picture.Print(right, baseline, number, Anchor::Right);
-    const double room = setup.PageWidth - 2 * (setup.PageLeftMargin + picture.TextWidth(number) + 8);
-    if (!file.Copyright.empty()) {
-        picture.Print(left + setup.PageWidth / 2.0, baseline, Fitted(picture, file.Copyright, room), Anchor::Center);
-    }
+    if (!first.empty()) picture.Print(left + setup.PageLeftMargin, baseline, first);
+    if (!last.empty()) picture.Print(right, baseline, last, Anchor::Right);
+    if (line.Center.empty()) return;
+    const double beside = std::max(picture.TextWidth(first), picture.TextWidth(last));
+    const double room = setup.PageWidth - 2 * (setup.PageLeftMargin + beside + 8);
+    picture.Print(left + setup.PageWidth / 2.0, baseline, Fitted(picture, line.Center, room), Anchor::Center);
+}
+
+}  // namespace
+
+void DrawPageFurniture(Picture& picture, const PageSetup& setup, const TabFile& file, int track, int left, int top,
+                       int page, int pageCount, const RunningTexts* texts) {
+    const bool ownHeader = page == 0 || file.ShowHeader;
+    if (ownHeader) HeaderPainter(picture, setup, file, left, top).Draw(file.Tracks[track]);
+    SetFont(picture, "Arial", 8, false, false, false, file.FontColor);
+    if (texts && !ownHeader) DrawRunningLine(picture, setup, left, top + 40, texts->Header);
+    const RunningLine own{
+        "", file.Copyright,
+        texts ? "" : LanguageText("str_PageNumber", {std::to_string(page + 1), std::to_string(pageCount)})};
+    DrawRunningLine(picture, setup, left, top + setup.PageHeight - 31, texts ? texts->Footer : own);
 }
 
 }  // namespace Quillon::Drawing

@@ -3,14 +3,15 @@
 
 #include "core/mod_TabFileStructure.h"
 #include "drawing/mod_PageLayout.h"
+#include "drawing/mod_PrintedPages.h"
 #include "platform/Picture.h"
 
 namespace Quillon::Drawing {
 
 /// The sheet in the view: paper, edge, shadow and a ruler along its top and left edges.
 void DrawPageFrame(Picture& picture, const PageSetup& page, int left, int top);
-/// Header and footer; `page` counts from 0.
+/// Header and footer; `page` counts from 0. Without running texts the footer holds the copyright and the page number.
 void DrawPageFurniture(Picture& picture, const PageSetup& setup, const Core::TabFile& file, int track, int left,
-                       int top, int page, int pageCount);
+                       int top, int page, int pageCount, const RunningTexts* texts = nullptr);
 
 }  // namespace Quillon::Drawing

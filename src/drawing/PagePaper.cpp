@@ -19,6 +19,8 @@ struct Paper {
 
 // Pixels at 3.786 to the millimetre. The eighth row, an A6 sheet, belongs to no entry of the list, so from "Index card
 // 5 x 8 in" on each name stands beside the size of the row before its own: documents in use are laid out so.
+constexpr double PixelsPerMillimetre = 3.786;
+
 constexpr std::array<Paper, 15> Papers = {{
     {"A4 210 x 297 mm", 795.06, 1124.442},
     {"B5 182 x 257 mm", 689.052, 973.002},
@@ -50,6 +52,15 @@ void ApplyPaperSize(PageSetup& page) {
     const Paper& paper = Papers[static_cast<std::size_t>(page.PaperSizeIndex)];
     page.PageWidth = Core::CInt(page.IsLandscape ? paper.Height : paper.Width);
     page.PageHeight = Core::CInt(page.IsLandscape ? paper.Width : paper.Height);
+}
+
+PaperSize PaperMillimetres(const PageSetup& page) {
+    const auto index = static_cast<std::size_t>(page.PaperSizeIndex);
+    if (page.AutoPageStretch || index >= Papers.size()) {
+        return {page.PageWidth / PixelsPerMillimetre, page.PageHeight / PixelsPerMillimetre};
+    }
+    const PaperSize upright{Papers[index].Width / PixelsPerMillimetre, Papers[index].Height / PixelsPerMillimetre};
+    return page.IsLandscape ? PaperSize{upright.Height, upright.Width} : upright;
 }
 
 void StretchPage(PageSetup& page, const DocumentView& view, int rowHeight) {

@@ -130,6 +130,11 @@ PageCount NumberOfPages(const PageSetup& page, const TabFile& file, int track) {
     return count;
 }
 
+PageCount SettledPageCount(const PageSetup& page, const TabFile& file, int track) {
+    const PageCount count = NumberOfPages(page, file, track);
+    return count.FlagsChanged ? NumberOfPages(page, file, track) : count;  // it measured with outdated figures
+}
+
 int FirstBarOfPage(const PageSetup& page, const TabFile& file, int track, int wantedPage) {
     const Track& walked = file.Tracks[track];
     const int step = RowHeight(walked) + file.RowSpacing;
@@ -182,7 +187,14 @@ void PlaceStrums(const TabFile& file, int track, int bar) {
     }
 }
 
+namespace {
+std::uint64_t Passes = 0;
+}
+
+std::uint64_t LayoutPasses() { return Passes; }
+
 void LayOutTrack(const PageSetup& page, const PageOrigin& origin, const TabFile& file, int track, int lastPage) {
+    ++Passes;
     const Track& laid = file.Tracks[track];
     const int rowHeight = RowHeight(laid);
     const int rowsPerPage = RowsPerPage(page, rowHeight, file.RowSpacing);

@@ -22,12 +22,11 @@ const std::string& PageCountText();
 /// Index of the last page as the last DrawDocument counted it.
 int LastPage();
 
-/// Pages of a track when it is painted by DrawPage, at least 1.
-int CountPages(int track);
-/// Paints one page of the track by itself, its top left corner at 0, 0: for printing and picture files. The size is
-/// that of Page. Leaves the open view's layout due for a full pass.
-void DrawPage(Picture& picture, int track, int page);
+/// Says, once for a page size, that no row fits on the page.
+void TellPageTooSmall();
 
+/// Points of a track's lyrics, its own or those that it borrows (see LyricsSize).
+double LyricsPoints(Picture& picture, const Core::TabFile& file, int track);
 /// Paints one bar at x, y: frame, strums, marks and lyrics, these at `lyricsSize` points (see LyricsSize).
 void DrawBar(Picture& picture, int x, int y, const Core::TabFile& file, int track, int bar, int width,
              double lyricsSize);

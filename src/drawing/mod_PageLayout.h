@@ -57,6 +57,12 @@ const char* PaperSizeName(int index);
 void ApplyPaperSize(PageSetup& page);
 /// Sets the page's size from the view's: height less 60 but at least three rows, width less 60 but at least 400.
 void StretchPage(PageSetup& page, const DocumentView& view, int rowHeight);
+/// Millimetres of a sheet: those of the paper that the size comes from, else those of its pixels.
+struct PaperSize {
+    double Width = 0;
+    double Height = 0;
+};
+PaperSize PaperMillimetres(const PageSetup& page);
 
 /// Strings that the tab shows, 1 to 7 whatever a file says.
 int StringsShown(const Core::Track& track);
@@ -87,6 +93,8 @@ struct PageCount {
 };
 /// Walks the rows and settles ShowTimeSig and RowOnPage of every bar.
 PageCount NumberOfPages(const PageSetup& page, const Core::TabFile& file, int track);
+/// The same, walked again when the first walk changed figures.
+PageCount SettledPageCount(const PageSetup& page, const Core::TabFile& file, int track);
 /// Exact for pages 0 and 1; used to find pages in view, never to place bars. The running height is not cleared
 /// between pages and the top margin does not enter: this is meant.
 int FirstBarOfPage(const PageSetup& page, const Core::TabFile& file, int track, int wantedPage);
@@ -100,6 +108,8 @@ struct PageOrigin {
 /// Lays out every row of the track on pages 0 to lastPage: the places of all bars are written, those of their columns
 /// too. Bars that find no page have Page -1.
 void LayOutTrack(const PageSetup& page, const PageOrigin& origin, const Core::TabFile& file, int track, int lastPage);
+/// Counts the calls of LayOutTrack: while it stands still, so do the bars.
+std::uint64_t LayoutPasses();
 /// Columns of a bar placed already, by musical time.
 void PlaceStrums(const Core::TabFile& file, int track, int bar);
 

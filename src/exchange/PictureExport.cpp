@@ -3,6 +3,7 @@
 #include "core/mod_Common.h"
 #include "core/mod_TabFileStructure.h"
 #include "drawing/mod_HighLevelDrawing.h"
+#include "drawing/mod_PrintedPages.h"
 #include "platform/FileSystem.h"
 #include "platform/RunTimeError.h"
 #include "platform/Services.h"

@@ -6,6 +6,7 @@
 
 #include "core/mod_TabFileManipulation.h"
 #include "drawing/mod_HighLevelDrawing.h"
+#include "drawing/mod_PrintedPages.h"
 #include "exchange/PictureExport.h"
 #include "forms/PictureEncoder.h"
 #include "forms/Text.h"

@@ -6,6 +6,7 @@
 #include "core/mod_Common.h"
 #include "drawing/mod_HighLevelDrawing.h"
 #include "drawing/mod_PageLayout.h"
+#include "drawing/mod_PrintedPages.h"
 #include "platform/RunTimeError.h"
 #include "platform/Services.h"
 #include "platform/headless/PictureLog.h"

@@ -3,6 +3,7 @@
 #include "drawing/NotationParts.h"
 #include "drawing/mod_HighLevelDrawing.h"
 #include "drawing/mod_PageLayout.h"
+#include "drawing/mod_PrintedPages.h"
 #include "exchange/JsonDocument.h"
 #include "platform/Services.h"
 #include "platform/headless/MemoryStore.h"

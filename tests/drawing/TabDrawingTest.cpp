@@ -1,6 +1,7 @@
 // What is drawn for each technique, as logs to be read.
 #include "drawing/mod_HighLevelDrawing.h"
 #include "drawing/mod_PageLayout.h"
+#include "drawing/mod_PrintedPages.h"
 #include "drawing/mod_TabDrawing.h"
 #include "exchange/JsonDocument.h"
 #include "platform/Services.h"

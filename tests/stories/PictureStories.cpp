@@ -36,3 +36,37 @@ TEST(PictureStories, APageThatIsNotThereIsOneClearLineAndNoFile) {
     EXPECT_EQ(story.Run({"convert", "2-song.qlm", "song.png", "--dpi", "0"}).Status, 2);
     EXPECT_THAT(story.Files(), testing::ElementsAre("2-song.qlm"));
 }
+
+TEST(PictureStories, AnEngravedPdfIsTheSameEveryTime) {
+    const CliStory story;
+    story.Bring("2-song.qlm");
+    const auto pages = [&](const char* name) {
+        const std::string bytes = Slurp(story / name);
+        EXPECT_THAT(bytes, StartsWith("%PDF-"));
+        std::size_t count = 0;
+        for (std::size_t at = bytes.find("/Type/Page/"); at != bytes.npos; at = bytes.find("/Type/Page/", at + 1)) {
+            ++count;
+        }
+        return count;
+    };
+    for (const char* name : {"a.pdf", "b.PDF"}) {
+        const Finished run = story.Run({"convert", "2-song.qlm", name, "--engraved", "--all-tracks"});
+        EXPECT_EQ(run.Status, 0) << run.Err;
+    }
+    EXPECT_EQ(Slurp(story / "a.pdf"), Slurp(story / "b.PDF"));
+    ASSERT_EQ(story.Run({"convert", "2-song.qlm", "one.pdf", "--engraved", "--page", "1"}).Status, 0);
+    EXPECT_EQ(pages("one.pdf"), 1U);
+    EXPECT_GT(pages("a.pdf"), 1U);
+    const std::vector<std::pair<int, std::vector<std::string>>> wrong = {
+        {1, {"no.pdf", "--engraved", "--page", "99"}},
+        {2, {"no.png", "--engraved"}},
+        {2, {"no.pdf", "--all-tracks"}},
+        {2, {"no.pdf", "--engraved", "--all-tracks", "--track", "0"}},
+    };
+    for (const auto& [status, words] : wrong) {
+        std::vector<std::string> line = {"convert", "2-song.qlm"};
+        line.insert(line.end(), words.begin(), words.end());
+        EXPECT_EQ(story.Run(line).Status, status) << words.front();
+    }
+    EXPECT_FALSE(std::filesystem::exists(story / "no.pdf"));
+}

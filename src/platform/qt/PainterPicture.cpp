@@ -4,49 +4,23 @@
 #include <QPolygonF>
 #include <algorithm>
 #include <cmath>
-#include <map>
 
+#include "platform/FontStandIns.h"
 #include "platform/qt/GlyphCache.h"
 #include "platform/qt/ShapeCache.h"
 
 namespace Quillon {
 
-namespace {
-
-/// The names that documents use, and what stands in for them with the same, or nearly the same, widths.
-const std::map<QString, QStringList>& StandIns() {
-    static const QStringList sans = {"Arial", "Liberation Sans", "Arimo", "Helvetica", "DejaVu Sans"};
-    static const QStringList serif = {"Times New Roman", "Liberation Serif", "Tinos", "Times", "DejaVu Serif"};
-    static const QStringList mono = {"Courier New", "Liberation Mono", "Cousine", "Courier", "DejaVu Sans Mono"};
-    static const std::map<QString, QStringList> table = {
-        {"arial", sans},
-        {"helvetica", sans},
-        {"ms sans serif", sans},
-        {"small fonts", sans},
-        {"tahoma", QStringList{"Tahoma"} + sans},
-        {"verdana", QStringList{"Verdana"} + sans},
-        {"times new roman", serif},
-        {"times", serif},
-        {"ms serif", serif},
-        {"courier new", mono},
-        {"courier", mono},
-    };
-    return table;
-}
-
-}  // namespace
-
 QColor ToQColor(Color color) { return QColor(RedOf(color), GreenOf(color), BlueOf(color)); }
 
 QFont ToQFont(const Font& font, int pixels) {
-    const QString name = QString::fromStdString(font.Name);
-    QFont result;
-    const auto known = StandIns().find(name.toLower());
-    if (known != StandIns().end()) {
-        result.setFamilies(known->second);
-    } else {
-        result.setFamilies({name});
+    QStringList families;
+    for (const std::string_view family : FontStandIns(font.Name)) {
+        families << QString::fromUtf8(family.data(), static_cast<qsizetype>(family.size()));
     }
+    if (families.isEmpty()) families << QString::fromStdString(font.Name);
+    QFont result;
+    result.setFamilies(families);
     result.setPixelSize(pixels);
     result.setBold(font.Bold);
     result.setItalic(font.Italic);
