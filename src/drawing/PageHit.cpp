@@ -21,7 +21,14 @@ bool InBand(const Bar& bar, int rowHeight, int y) {
     return y >= bar.Place.BarY - 50 && y < bar.Place.BarY + rowHeight + 40;
 }
 
-int HitEnd(const Bar& bar) { return bar.Place.BarX + BarPixelWidth(bar, bar.Place.BarStep); }
+/// A bar ends where its columns' step makes it end. In a row that is stretched beyond the widest step they stand
+/// farther apart, and each of them is still to be hit.
+int HitEnd(const Bar& bar) {
+    constexpr int besideColumn = 20;
+    const auto& columns = bar.Place.StrumX;
+    const int end = bar.Place.BarX + BarPixelWidth(bar, bar.Place.BarStep);
+    return columns.UpperBound() < 0 ? end : std::max(end, columns[columns.UpperBound()] + besideColumn);
+}
 
 int StrumAt(const Bar& bar, int x) {
     const auto& columns = bar.Place.StrumX;

@@ -14,6 +14,8 @@ std::optional<BarRange> SelectedBars() {
     if (!Selection.Bars) return {};
     const std::int16_t last = Core::ToInt16(Open.TabFile.BarInfos.UpperBound());
     if (Selection.Bars->From > last) return {};
+    // A command took the cursor elsewhere: what it works on next is there.
+    if (Open.CurBar < Selection.Bars->From || Open.CurBar > Selection.Bars->To) return {};
     return BarRange{Selection.Bars->From, std::min(Selection.Bars->To, last)};
 }
 

@@ -50,6 +50,7 @@ void PasteBars(Core::TabFile& file, const CopiedBars& copied, int track, int bar
 
 struct BarClipboardState {
     std::optional<CopiedBars> Copied;
+    bool PastesOver = false;  ///< how they were pasted last: over what stood there
 };
 extern BarClipboardState BarClipboard;
 

@@ -18,7 +18,7 @@ struct SelectionState {
 };
 extern SelectionState Selection;
 
-/// What is selected, within the bars that there are; nothing without a selection.
+/// What is selected, within the bars that there are; nothing without a selection, or once the cursor left it.
 std::optional<BarRange> SelectedBars();
 /// Selects from the cursor's bar to this one, in either direction. The cursor stays.
 void SelectTo(std::int16_t bar);

@@ -5,6 +5,8 @@
 #include <QMenu>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <functional>
+#include <utility>
 
 #include "forms/Text.h"
 #include "forms/frmMain.h"
@@ -40,12 +42,32 @@ void AddButtons(QBoxLayout* to, frmMain* window, QBoxLayout::Direction direction
     to->addLayout(buttons);
 }
 
-/// Closed by its own button, and not when the whole window goes: the program remembers.
+/// Tells when a dock is closed by its own button, and not because the whole window goes.
+class CloseWatch : public QObject {
+public:
+    CloseWatch(QDockWidget* dock, std::function<void(bool)> tell) : QObject(dock), shown(std::move(tell)) {
+        dock->installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        auto* const dock = static_cast<QDockWidget*>(watched);
+        if (event->type() == QEvent::Close && dock->window()->isVisible()) shown(false);
+        return false;
+    }
+
+private:
+    std::function<void(bool)> shown;
+};
+
+/// The program remembers which docks are there, also when one went by its own button or by the menu over a title.
 void Remember(QDockWidget* dock, bool& visible, frmMain* window) {
-    QObject::connect(dock->toggleViewAction(), &QAction::triggered, window, [&visible, window](bool now) {
+    const auto shown = [&visible, window](bool now) {
         visible = now;
         window->UpdateCommands();
-    });
+    };
+    QObject::connect(dock->toggleViewAction(), &QAction::triggered, window, shown);
+    new CloseWatch(dock, shown);
 }
 
 }  // namespace

@@ -226,7 +226,7 @@ void picDocument::mousePressEvent(QMouseEvent* event) {
     const int shift = ShiftState(event->modifiers());
     Shell::Guarded([at, shift] { Editing::picDocument_MouseDown(at.x(), at.y(), shift); });
     pressed = event->position();
-    Redraw();
+    Redraw(false);  // what lies under the mouse stays there, for a drag or a second click
 }
 
 QPoint picDocument::ToDocument(QPointF point) const {
@@ -246,7 +246,7 @@ void picDocument::AskMenu(const QMouseEvent& event) {
     const QPoint at = ToDocument(event.position());
     bool asked = false;
     Shell::Guarded([&] { asked = Editing::picDocument_MenuMouseDown(at.x(), at.y()); });
-    Redraw();
+    Redraw(false);
     if (asked) Q_EMIT MenuAsked(event.globalPosition().toPoint());
 }
 

@@ -49,6 +49,7 @@ void CutCopyPasteModel::Load(Task task) {
     FromBar = BeforeBar = Core::ToInt16(bars.From + 1);
     ToBar = Core::ToInt16(bars.To + 1);
     Tracks = Open.TabFile.Tracks.Count() == 1 ? 1 : 0;
+    Over = BarClipboard.PastesOver ? 1 : 0;
 }
 
 std::string CutCopyPasteModel::CopiedText() {
@@ -76,6 +77,7 @@ std::string_view CutCopyPasteModel::Validate() const {
 
 void CutCopyPasteModel::Apply() const {
     if (Doing == Task::Paste) {
+        BarClipboard.PastesOver = Over != 0;
         const auto mode = Over != 0 ? Editing::PasteMode::Overwrite : Editing::PasteMode::Insert;
         Editing::PasteBars(Open.TabFile, *BarClipboard.Copied, Open.CurTrack, BeforeBar - 1, mode, Times);
         return Moved(BeforeBar);

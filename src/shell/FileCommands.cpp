@@ -173,6 +173,7 @@ bool SaveFileAs(const fs::path& path) {
     AddRecentFile(path);
     SetWindowCaption();
     Program.View->UpdateCommands();
+    Program.View->ShowStatus(LanguageText("str_Saved", {path.filename().string()}));
     return true;
 }
 

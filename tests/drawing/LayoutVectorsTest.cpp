@@ -140,3 +140,17 @@ TEST(Layout, RowsWithoutHeightFindNoRoom) {
     EXPECT_EQ(RowsPerPage(PageSetup{}, 50, -50), 0);
     EXPECT_LT(RowsPerPage(PageSetup{}, 50, -150), 0);
 }
+
+TEST(Layout, EveryColumnOfAStretchedBarIsHit) {
+    Core::TabFile file;
+    Core::SetBarStrums(file.Tracks[0].Bars.Edit(0), 2);  // three quarters, alone in a row of 700 pixels
+    PageSetup page;
+    LayOutTrack(page, {102, 35}, file, 0, 0);
+    const Core::BarPlace& place = file.Tracks[0].Bars[0].Place;
+    ASSERT_GT(place.StrumX[2], place.BarX + BarPixelWidth(file.Tracks[0].Bars[0], place.BarStep));
+    for (int strum = 0; strum < 3; ++strum) {
+        const Hit hit = HitTest(file, 0, place.StrumX[strum] + 1, place.BarY + 10);
+        EXPECT_TRUE(hit.OnBar);
+        EXPECT_EQ(hit.Strum, strum);
+    }
+}

@@ -4,6 +4,7 @@
 #include <QMenu>
 #include <QTreeWidget>
 
+#include "core/mod_Common.h"
 #include "core/mod_TabFileManipulation.h"
 #include "forms/picFretboard.h"
 #include "forms/picPiano.h"
@@ -67,10 +68,28 @@ TEST_F(BoardsWindowTest, BoardsShowEnterAndAreRemembered) {
     Settle();
     QTest::mouseClick(&board, Qt::LeftButton, {}, QPoint(40, 15));
     EXPECT_EQ(Fret(0).size(), 1U) << "a letter";
+    In<QDockWidget>(*window, "dockFretboard").close();
+    Run("mnuGoNextBeat");
+    EXPECT_FALSE(board.isVisible()) << "closed by its own button it stays closed";
     Open.FileChanged = false;
     Shell::Stop();
     Start();
     EXPECT_TRUE(In<QDockWidget>(*window, "dockPiano").isVisible()) << "kept";
+    EXPECT_FALSE(In<QDockWidget>(*window, "dockFretboard").isVisible());
+}
+
+TEST_F(BoardsWindowTest, WhatIsClickedDoesNotMoveAndASelectionIsLeftBehind) {
+    Start("fiddle-set.qlm");
+    int lowest = 0;  // the last bar of which all is in view
+    while (PointOf(lowest + 1).y() + Drawing::RowHeight(Open.TabFile.Tracks[0]) < Paper().height() - 25) ++lowest;
+    QTest::mouseClick(&Paper(), Qt::LeftButton, {}, PointOf(lowest));
+    Settle();
+    EXPECT_EQ(Open.CurBar, lowest);
+    EXPECT_EQ(Drawing::View.VScroll, 0);
+    Editing::SelectTo(Core::ToInt16(lowest - 1));
+    EXPECT_TRUE(Editing::SelectedBars());
+    Run("mnuGoFirstBar");
+    EXPECT_FALSE(Editing::SelectedBars());
 }
 
 TEST_F(BoardsWindowTest, ADragSelectsBarsAndTheMenuKeepsThem) {
