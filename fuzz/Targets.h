@@ -16,6 +16,10 @@
 #include "exchange/JsonDocument.h"
 #include "exchange/MidiImport.h"
 #include "exchange/TextExport.h"
+#include "library/ChordNaming.h"
+#include "library/mod_Chords.h"
+#include "library/mod_Scales.h"
+#include "library/mod_Tunings.h"
 #include "platform/RunTimeError.h"
 #include "platform/Services.h"
 #include "platform/headless/MemoryStore.h"
@@ -42,6 +46,24 @@ inline void MusicText(std::string_view bytes) {
     const Core::MusicReadResult second = Core::ReadTabFileText(text, {});
     if (second.Stopped) return;
     Require(Core::WriteTabFileText(second.Document) == text, "the music file does not settle");
+}
+
+/// A chord, scale or tuning file: what is read of it comes back the same, and can be sounded and named.
+inline void LibraryFile(std::string_view bytes) {
+    if (const auto chord = Library::ReadChord(bytes)) {
+        Library::ChordNames(Library::PitchesOf(*chord));
+        for (int string = 0; string < Core::StringCount; ++string) Library::FingerText(*chord, string);
+        Require(Library::ReadChord(Library::WriteChord(*chord)) == chord, "a chord does not come back");
+    }
+    if (const auto scale = Library::ReadScale(bytes)) {
+        for (int key = 0; key < 12; ++key) Library::ScaleRun(*scale, key, Library::ScaleOctave::Both, true);
+        Require(Library::ReadScale(Library::WriteScale(*scale)) == scale, "a scale does not come back");
+    }
+    if (const auto tuning = Library::ReadTuning(bytes)) {
+        Require(Library::ReadTuning(Library::WriteTuning(*tuning)) == tuning, "a tuning does not come back");
+    }
+    Library::ChordTones tones;
+    Library::ParseChordSymbol(bytes, tones);
 }
 
 /// A music file as it lies on the disk.
@@ -177,8 +199,8 @@ struct Target {
     void (*Run)(std::string_view bytes);
 };
 inline constexpr Target Targets[] = {
-    {"music_text", &MusicText}, {"cipher", &Cipher},     {"json", &Json}, {"text_tab", &TextTab}, {"midi", &Midi},
-    {"settings", &Settings},    {"recovery", &Recovery}, {"play", &Play},
+    {"music_text", &MusicText}, {"cipher", &Cipher},     {"json", &Json}, {"text_tab", &TextTab},    {"midi", &Midi},
+    {"settings", &Settings},    {"recovery", &Recovery}, {"play", &Play}, {"library", &LibraryFile},
 };
 
 }  // namespace Quillon::Fuzz

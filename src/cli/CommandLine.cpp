@@ -66,14 +66,15 @@ int Run(int argumentCount, const char* const* arguments) {
     app.add_option("--base", base, "Folder that holds the settings and Data")->type_name("DIR");
 
     Work work;
-    for (const auto add :
-         {&AddConvert, &AddDump, &AddDecipher, &AddEncipher, &AddLayout, &AddTrace, &AddKeys, &AddEdit, &AddDevices}) {
+    for (const auto add : {&AddConvert, &AddDump, &AddDecipher, &AddEncipher, &AddLayout, &AddTrace, &AddKeys, &AddEdit,
+                           &AddLibraries, &AddDevices}) {
         add(app, work);
     }
     Answers answers;
     for (CLI::App* command : app.get_subcommands(nullptr)) {
         command->fallthrough();  // --base may stand behind the command too
         answers.AddTo(*command);
+        for (CLI::App* part : command->get_subcommands(nullptr)) part->fallthrough();
     }
 
     try {

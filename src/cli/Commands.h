@@ -40,6 +40,7 @@ void AddLayout(CLI::App& app, Work& work);
 void AddTrace(CLI::App& app, Work& work);
 void AddKeys(CLI::App& app, Work& work);
 void AddEdit(CLI::App& app, Work& work);
+void AddLibraries(CLI::App& app, Work& work);
 
 /// Runs the program; the arguments and result are those of main.
 int Run(int argumentCount, const char* const* arguments);

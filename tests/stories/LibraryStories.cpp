@@ -1,0 +1,44 @@
+// The chord, scale and tuning libraries from the command line.
+#include <gmock/gmock.h>
+
+#include <algorithm>
+
+#include "tests/stories/RunCli.h"
+
+using namespace Quillon::Testing;
+using testing::HasSubstr;
+
+TEST(LibraryStories, LibrariesAreMadeSearchedAndNamed) {
+    const CliStory story;
+    EXPECT_EQ(story.Run({"library", "init"}).Status, 0);
+    const auto count = [&story](const char* library) {
+        const std::string lines = story.Run({library, "list"}).Out;
+        return std::ranges::count(lines, '\n');
+    };
+    EXPECT_EQ(count("chords"), 1555);
+    EXPECT_EQ(count("scales"), 38);
+    EXPECT_EQ(count("tunings"), 22);
+    EXPECT_THAT(story.Run({"chords", "list", "--tab", "3,2,0,0,0,3"}).Out, HasSubstr("\nG-Gmaj (2)\n"));
+    EXPECT_EQ(story.Run({"scales", "list", "--keywords", "BLUES"}).Out, "Basic Pentatonic\nBlues Scale\n");
+    EXPECT_EQ(story.Run({"chords", "name", "x,0,2,2,1,0"}).Out.substr(0, 3), "Am\n");
+    EXPECT_TRUE(story.Run({"scales", "find", "E", "F#", "G#", "A", "B", "C#", "D#"}).Out.starts_with("E Major\t0"));
+
+    // A chord and a tuning of the person's own, and what restoring does to them.
+    Spill(story / "base/Data/My Chords/Mine", "hello");
+    Spill(story / "base/Data/My Tunings/Mine", "6");
+    EXPECT_EQ(count("chords"), 1556);
+    EXPECT_EQ(story.Run({"library", "init", "--restore"}).Status, 0);
+    EXPECT_EQ(count("chords"), 1555);
+    EXPECT_EQ(count("tunings"), 23);
+
+    for (const std::vector<std::string>& wrong : {std::vector<std::string>{"chords"},
+                                                  {"chords", "name", "0,2,x"},
+                                                  {"chords", "name", "x,3,2,0,1,q"},
+                                                  {"chords", "list", "--tab", "1,2,3,4,5,6,7,8"},
+                                                  {"scales", "find", "H"},
+                                                  {"tunings", "list", "--strings", "9"}}) {
+        const Finished run = story.Run(wrong);
+        EXPECT_EQ(run.Status, 2) << wrong.back();
+        EXPECT_EQ(run.Out, "");
+    }
+}
