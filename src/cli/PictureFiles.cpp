@@ -55,6 +55,8 @@ void CheckPage(const ConvertOptions& options, int pages) {
 bool WritePictures(const std::filesystem::path& path, const ConvertOptions& options) {
     const auto kind = Exchange::PictureKindOf(path);
     if (!kind) throw CommandFailure(path.string() + ": not a picture's ending");
+    const std::string complaint = *kind == PictureKind::Svg ? "" : Exchange::PictureComplaint(options.Dpi);
+    if (!complaint.empty()) throw CommandFailure(path.string() + ": " + complaint);
     const int track = Core::Open.CurTrack;
     CheckPage(options, Drawing::CountPages(track));
     Exchange::ExportPictures(path, {.Track = track, .Page = options.Page.value_or(0)}, EncoderOf(*kind, options.Dpi));

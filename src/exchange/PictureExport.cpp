@@ -1,6 +1,9 @@
 #include "exchange/PictureExport.h"
 
+#include <cmath>
+
 #include "core/mod_Common.h"
+#include "core/mod_Language.h"
 #include "core/mod_TabFileStructure.h"
 #include "drawing/mod_HighLevelDrawing.h"
 #include "drawing/mod_PrintedPages.h"
@@ -17,6 +20,16 @@ std::optional<PictureKind> PictureKindOf(const std::filesystem::path& path) {
     if (ending == ".jpg" || ending == ".jpeg") return PictureKind::Jpeg;
     if (ending == ".bmp") return PictureKind::Bmp;
     return {};
+}
+
+ImageSize PagePixels(int dpi) { return SizeOfImage(Drawing::Page.PageWidth, Drawing::Page.PageHeight, dpi); }
+
+std::string PictureComplaint(int dpi) {
+    const ImageSize size = PagePixels(dpi);
+    if (!size.TooLarge()) return "";
+    const auto number = [](double value) { return std::to_string(std::llround(value)); };
+    return Core::LanguageText("str_PictureTooLarge",
+                              {number(size.Width), number(size.Height), number(size.Megabytes())});
 }
 
 std::vector<std::filesystem::path> PicturePaths(const std::filesystem::path& target, const PictureOptions& options) {

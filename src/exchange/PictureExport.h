@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/ImageSize.h"
 #include "platform/Picture.h"
 
 namespace Quillon::Exchange {
@@ -23,6 +24,11 @@ struct PictureOptions {
 
 /// Gives the bytes of a picture file: makes a picture of this size in document pixels, has it painted, and encodes it.
 using PictureEncoder = std::function<std::string(int width, int height, const std::function<void(Picture&)>& paint)>;
+
+/// Pixels of a page at a resolution.
+ImageSize PagePixels(int dpi);
+/// Why a page can't be made at this resolution, in the chosen language; "" when it can.
+std::string PictureComplaint(int dpi);
 
 /// The files that ExportPictures writes. Several pages are numbered before the ending, "song-1.png", "song-2.png".
 /// Raises "Subscript out of range" for a track or page that is not there.

@@ -101,11 +101,13 @@ void PrintJob::Draw(Picture& picture, int page) {
     track.Draw(picture, place.Page, &texts);
 }
 
-void PrintJob::Print(PageTarget& target, int first, int last) {
+bool PrintJob::Print(PageTarget& target, int first, int last, const std::function<bool(int page)>& goOn) {
     for (int page = first; page <= last; ++page) {
+        if (goOn && !goOn(page)) return false;
         if (page == first || BeginsTrack(page)) target.BeginChapter(Open.TabFile.Tracks[TrackOf(page)].Name);
         Draw(target.BeginPage(PageSheet()), page);
     }
+    return true;
 }
 
 void ExportEngravedPdf(const std::filesystem::path& path, const PrintOptions& options, int page, PageFile& file) {

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <vector>
 
 #include "drawing/mod_PrintedPages.h"
@@ -49,8 +50,9 @@ public:
     /// True for the first page of a track.
     bool BeginsTrack(int page) const { return places.at(static_cast<std::size_t>(page)).Page == 0; }
     void Draw(Picture& picture, int page);
-    /// Hands the pages `first` to `last` to a target, tracks as chapters.
-    void Print(PageTarget& target, int first, int last);
+    /// Hands the pages `first` to `last` to a target, tracks as chapters. `goOn` is asked before each page; false when
+    /// it stopped the work.
+    bool Print(PageTarget& target, int first, int last, const std::function<bool(int page)>& goOn = {});
 
 private:
     struct Place {

@@ -24,6 +24,7 @@
 #include "forms/ntne_frmNote.h"
 #include "forms/ntne_frmPageSetup.h"
 #include "forms/ntne_frmPassword.h"
+#include "forms/ntne_frmPrintOptions.h"
 #include "forms/ntne_frmRemoveBar.h"
 #include "forms/ntne_frmSpeedTrainer.h"
 #include "forms/ntne_frmText.h"
@@ -41,6 +42,7 @@
 #include "shell/LyricsModel.h"
 #include "shell/NoteModels.h"
 #include "shell/PasswordModel.h"
+#include "shell/PrintModel.h"
 #include "shell/TuningModel.h"
 
 namespace Quillon::Forms {
@@ -82,6 +84,7 @@ const std::unordered_map<std::type_index, bool (*)(DialogModel&, QWidget*)>& Win
         Row<frmOptions, Shell::OptionsModel>(),
         Row<ntne_frmSpeedTrainer, Shell::SpeedTrainerModel>(),
         Row<ntne_frmPageSetup, Shell::PageSetupModel>(),
+        Row<ntne_frmPrintOptions, Shell::PrintModel>(),
         Row<ntne_frmLyrics, Shell::LyricsModel>(),
         Row<ntne_frmTuning, Shell::TuningModel>(),
         Row<ntne_frmInstrument, Shell::InstrumentModel>(),

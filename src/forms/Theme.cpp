@@ -4,6 +4,11 @@
 #include <QStyle>
 #include <QStyleFactory>
 
+#include "drawing/mod_PageLayout.h"
+#include "platform/qt/PainterPicture.h"
+#include "shell/DarkPaper.h"
+#include "shell/mod_Shell.h"
+
 namespace Quillon::Forms {
 
 namespace {
@@ -57,6 +62,16 @@ void ApplyTheme(Theme theme) {
     // Other styles paint with colours of their own.
     if (QApplication::style()->name() != "fusion") QApplication::setStyle("fusion");
     QApplication::setPalette(theme == Theme::Dark ? DarkPalette() : LightPalette());
+}
+
+bool IsPaperDark() {
+    return Shell::Program.DarkPaper && QApplication::palette().color(QPalette::Window).lightness() < 128;
+}
+
+void UsePaper(PainterPicture& picture) {
+    // The ground is no paper: it has the windows' colour already.
+    const auto dark = [](Color color) { return color == Drawing::View.Ground ? color : Shell::OnDarkPaper(color); };
+    picture.MapColors(IsPaperDark() ? +dark : nullptr);
 }
 
 }  // namespace Quillon::Forms

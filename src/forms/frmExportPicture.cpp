@@ -3,15 +3,17 @@
 #include <QComboBox>
 #include <QFormLayout>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QRadioButton>
 #include <QSpinBox>
 
+#include "exchange/PictureExport.h"
 #include "forms/Text.h"
 
 namespace Quillon::Forms {
 
 frmExportPicture::frmExportPicture(Choice& choice, int pages, int currentPage, bool vector, QWidget* parent)
-    : ModelDialog(parent, "str_ExportPictureTitle", "ExportPictureWindowDetails") {
+    : ModelDialog(parent, "str_ExportPictureTitle", "ExportPictureWindowDetails"), chosen(choice) {
     setObjectName("frmExportPicture");
     QFormLayout* const form = AddPage();
     auto* const all = new QRadioButton(Text("str_AllPages"), this);
@@ -42,9 +44,25 @@ frmExportPicture::frmExportPicture(Choice& choice, int pages, int currentPage, b
         }
         dpi->setCurrentIndex(dpi->findData(choice.Dpi));
         form->addRow(Text("str_Resolution"), dpi);
+        auto* const size = new QLabel(this);
+        size->setObjectName("lblPixels");
+        size->setForegroundRole(QPalette::PlaceholderText);
+        form->addRow(QString(), size);
+        const auto show = [dpi, size] {
+            const ImageSize pixels = Exchange::PagePixels(dpi->currentData().toInt());
+            size->setText(Text("str_PicturePixels").arg(pixels.Width, 0, 'f', 0).arg(pixels.Height, 0, 'f', 0));
+        };
+        connect(dpi, &QComboBox::currentIndexChanged, size, show);
+        show();
         OnStore([dpi, &choice] { choice.Dpi = dpi->currentData().toInt(); });
     }
-    Finish([] { return std::string_view(); });
+    Finish([vector, &choice]() -> std::string_view {
+        return vector || Exchange::PictureComplaint(choice.Dpi).empty() ? "" : "str_PictureTooLarge";
+    });
+}
+
+QString frmExportPicture::ComplaintText(std::string_view) const {
+    return ToQString(Exchange::PictureComplaint(chosen.Dpi));
 }
 
 }  // namespace Quillon::Forms

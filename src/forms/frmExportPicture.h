@@ -15,6 +15,12 @@ public:
     };
     /// `vector` pictures have no resolution to choose.
     frmExportPicture(Choice& choice, int pages, int currentPage, bool vector, QWidget* parent);
+
+protected:
+    QString ComplaintText(std::string_view textKey) const override;
+
+private:
+    Choice& chosen;
 };
 
 }  // namespace Quillon::Forms

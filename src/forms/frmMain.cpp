@@ -156,7 +156,10 @@ void frmMain::UpdateCommands() {
     }
 }
 
-void frmMain::ThemeChanged() { ApplyTheme(static_cast<Theme>(Shell::Program.Theme)); }
+void frmMain::ThemeChanged() {
+    ApplyTheme(static_cast<Theme>(Shell::Program.Theme));
+    document->Repaint();
+}
 
 void frmMain::UpdateZoom() {
     document->SetZoom(Shell::Program.ZoomPercent / 100.0);
@@ -248,11 +251,12 @@ std::optional<std::filesystem::path> frmMain::AskSaveFile(const std::filesystem:
     return ToPath(dialog.selectedFiles().first());
 }
 
-std::optional<std::filesystem::path> frmMain::AskWaveFile(const std::filesystem::path& suggested) {
-    QFileDialog dialog(this, Text("str_WaveTitle"), PathText(suggested.parent_path()),
-                       Text("str_FilterWave") + " (*.wav)");
+std::optional<std::filesystem::path> frmMain::AskExportFile(const char* titleKey, const char* kindKey,
+                                                            const std::filesystem::path& suggested) {
+    const QString ending = PathText(suggested.extension());
+    QFileDialog dialog(this, Text(titleKey), PathText(suggested.parent_path()), Text(kindKey) + " (*" + ending + ")");
     dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix("wav");
+    dialog.setDefaultSuffix(ending.mid(1));
     dialog.selectFile(PathText(suggested.filename()));
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
     return ToPath(dialog.selectedFiles().first());

@@ -70,7 +70,8 @@ public:
     void PlayingStopped() override;
     void ScrollToBar(int bar) override;
     void MovePlayMarker() override;
-    std::optional<std::filesystem::path> AskWaveFile(const std::filesystem::path& suggested) override;
+    std::optional<std::filesystem::path> AskExportFile(const char* titleKey, const char* kindKey,
+                                                       const std::filesystem::path& suggested) override;
     void BeginWork(const std::string& text) override;
     bool GoOnWithWork(int percent) override;
     void EndWork() override;
@@ -81,6 +82,8 @@ public:
     bool Edit(Shell::DialogModel& model) override;
     std::optional<std::string> AskPassword() override;
     void ExportPicture() override;
+    Shell::ChosenPrinter AskPrinter(Shell::PrintModel& model) override;
+    void ShowPrintPreview() override;
     void ShowAbout() override;
     void ShowKeyboardHelp() override;
     void ShowCommandPalette() override;

@@ -2,6 +2,8 @@
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QLineEdit>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <algorithm>
 
 #include "core/mod_TabFileManipulation.h"
@@ -9,15 +11,18 @@
 #include "drawing/mod_PrintedPages.h"
 #include "exchange/PictureExport.h"
 #include "forms/PictureEncoder.h"
+#include "forms/PrintFields.h"
 #include "forms/Text.h"
 #include "forms/frmAbout.h"
 #include "forms/frmCommandPalette.h"
 #include "forms/frmExportPicture.h"
 #include "forms/frmMain.h"
+#include "forms/frmPrintPreview.h"
 #include "forms/ntne_frmShortcuts.h"
 #include "platform/FileSystem.h"
 #include "platform/MessageBox.h"
 #include "platform/Services.h"
+#include "platform/qt/PaintedPages.h"
 #include "shell/Commands.h"
 
 namespace Quillon::Forms {
@@ -78,6 +83,34 @@ void frmMain::ExportPicture() {
     }
     DrawDocument();
 }
+
+Shell::ChosenPrinter frmMain::AskPrinter(Shell::PrintModel& model) {
+    auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    const Sheet sheet = Exchange::PrintJob::PageSheet();
+    const QSizeF upright(std::min(sheet.PaperWidth, sheet.PaperHeight), std::max(sheet.PaperWidth, sheet.PaperHeight));
+    printer->setPageSize(QPageSize(upright, QPageSize::Millimeter));
+    printer->setPageOrientation(sheet.PaperWidth > sheet.PaperHeight ? QPageLayout::Landscape : QPageLayout::Portrait);
+    printer->setFullPage(true);
+    printer->setCreator("Quillon 4");
+    const std::filesystem::path file = Open.FileName;
+    printer->setDocName(Open.TabFile.Title.empty() ? PathText(file.stem()) : ToQString(Open.TabFile.Title));
+    QPrintDialog dialog(printer.get(), this);
+    dialog.setObjectName("dlgPrint");
+    dialog.setWindowTitle(Text("str_PrintTitle"));
+    dialog.setOption(QAbstractPrintDialog::PrintPageRange);
+    PrintFields fields(model);
+    dialog.setOptionTabs({&fields});
+    const bool accepted = dialog.exec() == QDialog::Accepted;
+    fields.setParent(nullptr);  // the dialog took it into its own
+    if (!accepted) return {};
+    fields.Store();
+    Shell::ChosenPrinter chosen{nullptr, printer->fromPage(), printer->toPage()};
+    printer->setFullPage(true);  // the dialog may have put its own margins
+    chosen.Pages = std::make_unique<PaintedPages>(std::move(printer));
+    return chosen;
+}
+
+void frmMain::ShowPrintPreview() { frmPrintPreview(*this).exec(); }
 
 void frmMain::ShowAbout() { frmAbout(this).exec(); }
 

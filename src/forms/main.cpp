@@ -11,6 +11,7 @@
 #include "forms/frmSplash.h"
 #include "forms/picDocumentAccess.h"
 #include "platform/Services.h"
+#include "platform/pdf/PdfPages.h"
 #include "platform/portable/IniStore.h"
 #include "platform/portable/MachineLocale.h"
 #include "platform/portable/PosixFiles.h"
@@ -96,6 +97,7 @@ int Main(int argc, char** argv) {
                                             [](const char* name) -> const char* { return std::getenv(name); });
     IniStore store(files, Services.BaseFolder / "settings.ini");
     Services.Settings = &store;
+    Services.NewPdf = [] { return std::unique_ptr<PageFile>(std::make_unique<PdfPages>()); };
     const SoundServices sound;
 
     InstallScoreAccess();

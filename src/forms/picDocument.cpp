@@ -15,6 +15,7 @@
 #include "editing/mod_NoteEntry.h"
 #include "editing/mod_Selection.h"
 #include "forms/Text.h"
+#include "forms/Theme.h"
 #include "forms/picPlayMarker.h"
 #include "platform/RunTimeError.h"
 #include "platform/qt/PainterPicture.h"
@@ -64,6 +65,11 @@ void picDocument::Redraw(bool followCursor) {
     QMetaObject::invokeMethod(this, &picDocument::Settle, Qt::QueuedConnection);
 }
 
+void picDocument::Repaint() {
+    changes.Forget();
+    Redraw(false);
+}
+
 void picDocument::Settle() {
     if (dirty) PaintBacking();
 }
@@ -101,6 +107,7 @@ void picDocument::PaintBacking() {
 QRect picDocument::PaintChanges(double pixels) {
     QPainter painter(&backing);
     PainterPicture picture(painter, pixels);
+    UsePaper(picture);
     changes.Begin(picture);
     Drawing::DrawDocument(changes);
     const Area whole{0, 0, backing.width() / pixels, backing.height() / pixels};
@@ -122,8 +129,8 @@ void picDocument::PaintFailure(const RunTimeError& error) {
     QPainter painter(&backing);
     painter.scale(ratio, ratio);
     const QRect all(QPoint(0, 0), viewport()->size());
-    painter.fillRect(all, Qt::white);
-    painter.setPen(Qt::black);
+    painter.fillRect(all, IsPaperDark() ? QColor(Qt::black) : QColor(Qt::white));
+    painter.setPen(IsPaperDark() ? Qt::white : Qt::black);
     painter.setFont(font());
     constexpr int Border = 40;
     painter.drawText(all.adjusted(Border, Border, -Border, -Border), Qt::AlignCenter | Qt::TextWordWrap,
@@ -177,7 +184,8 @@ void picDocument::PaintSelection(QPainter& painter) const {
     if (shownBands.empty()) return;
     painter.scale(zoom, zoom);
     for (const Shell::SelectionBand& band : shownBands) {
-        painter.fillRect(band.X, band.Y, band.Width, band.Height, QColor(0x2A, 0x6F, 0xDB, 46));
+        painter.fillRect(band.X, band.Y, band.Width, band.Height,
+                         IsPaperDark() ? QColor(0x6A, 0xA6, 0xFF, 80) : QColor(0x2A, 0x6F, 0xDB, 46));
     }
 }
 

@@ -4,6 +4,7 @@
 #include <QPainter>
 
 #include "forms/Text.h"
+#include "forms/Theme.h"
 #include "platform/RunTimeError.h"
 #include "platform/qt/PainterPicture.h"
 
@@ -33,6 +34,8 @@ void picPreview::paintEvent(QPaintEvent*) {
     {
         QPainter painter(&sheet);
         PainterPicture picture(painter, scale * ratio);
+        UsePaper(picture);
+        picture.Box(0, 0, width() / scale + 1, height() / scale + 1, White);
         try {
             excerpt.Draw(picture, width() / scale, height() / scale);
         } catch (const RunTimeError&) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <memory>
 
 namespace Quillon {
 
@@ -11,6 +12,7 @@ struct MessageBox;
 struct MidiOutputs;
 struct SettingsStore;
 struct Synthesizer;
+struct PageFile;
 struct TimerHost;
 
 struct ServicesInUse {
@@ -22,6 +24,7 @@ struct ServicesInUse {
     MidiOutputs* Midi = nullptr;
     TimerHost* Timers = nullptr;
     Synthesizer* Synth = nullptr;  ///< nothing where no built-in one is wanted
+    std::unique_ptr<PageFile> (*NewPdf)() = nullptr;
 };
 
 extern ServicesInUse Services;

@@ -83,6 +83,12 @@ void mnuViewMixTable_Click() {
     Program.View->UpdateCommands();
 }
 
+void mnuViewDarkPaper_Click() {
+    Program.DarkPaper = !Program.DarkPaper;
+    Program.View->ThemeChanged();
+    Program.View->UpdateCommands();
+}
+
 std::string LayoutFailureText(const RunTimeError& error) {
     return error.Number == OverflowNumber ? Core::LanguageText("str_LayoutOverflow") : error.Description();
 }
@@ -114,6 +120,7 @@ void LoadStoredState() {
     Program.FretboardNames = number("View", "FretboardNames", 0, 0, 1) == 1;
     Program.PianoVisible = number("View", "Piano", 0, 0, 1) == 1;
     Program.Theme = number("View", "Theme", 0, 0, MostTheme);
+    Program.DarkPaper = number("View", "DarkPaper", 0, 0, 1) == 1;
     LoadSoundSettings();
     ApplySettings();
 }
@@ -137,6 +144,7 @@ void SaveStoredState() {
     save("View", "Fretboard", Program.FretboardVisible ? 1 : 0);
     save("View", "FretboardNames", Program.FretboardNames ? 1 : 0);
     save("View", "Piano", Program.PianoVisible ? 1 : 0);
+    save("View", "DarkPaper", Program.DarkPaper ? 1 : 0);
     SaveSoundSettings();
 }
 

@@ -34,7 +34,7 @@ Exchange::WaveOutcome Export(const fs::path& target) {
 void mnuFileExportWave_Click() {
     fs::path suggested = Open.FileName.empty() ? fs::path(LanguageText("str_Untitled")) : fs::path(Open.FileName);
     suggested.replace_extension(".wav");
-    const auto target = Program.View->AskWaveFile(suggested);
+    const auto target = Program.View->AskExportFile("str_WaveTitle", "str_FilterWave", suggested);
     if (!target) return;
     const auto tell = [&](const char* key) {
         const std::string text = LanguageText(key, {target->string(), std::to_string(Exchange::LongestWaveHours)});

@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-#include "shell/DialogModel.h"
+#include "shell/PrintModel.h"
 
 namespace Quillon {
 class RunTimeError;
@@ -62,8 +62,10 @@ struct ShellView {
     virtual void ScrollToBar(int bar) = 0;
     /// The play marker stands elsewhere or nowhere, see PlayMarkerNow.
     virtual void MovePlayMarker() = 0;
-    /// Asks where a sound file goes, and whether to overwrite; nothing when cancelled.
-    virtual std::optional<std::filesystem::path> AskWaveFile(const std::filesystem::path& suggested) = 0;
+    /// Asks where an exported file goes, whose ending is that of `suggested`, and whether to overwrite; nothing when
+    /// cancelled. The keys are those of the question's title and of the kind of file.
+    virtual std::optional<std::filesystem::path> AskExportFile(const char* titleKey, const char* kindKey,
+                                                               const std::filesystem::path& suggested) = 0;
     /// Long work begins: the status bar shows it with a way to cancel; user input is held back.
     virtual void BeginWork(const std::string& text) = 0;
     /// Shows how far it is and runs what waits; false when it was cancelled.
@@ -87,6 +89,10 @@ struct Dialogs {
     virtual std::optional<std::string> AskPassword() = 0;
     /// Asks for a picture file and writes the document's pages into it.
     virtual void ExportPicture() = 0;
+    /// Lets a printer be chosen, and what is printed; without pages when cancelled.
+    virtual ChosenPrinter AskPrinter(PrintModel& model) = 0;
+    /// Shows the pages as they will be printed, until the person has seen enough.
+    virtual void ShowPrintPreview() = 0;
     virtual void ShowAbout() = 0;
     virtual void ShowKeyboardHelp() = 0;
     /// Lets a command be chosen by what its caption says, and runs it.
@@ -104,6 +110,7 @@ struct ProgramState {
     bool ToolbarsMoved = false;  ///< from where they stand by default: they no longer follow the window's width
     int ZoomPercent = 100;       ///< of the painting alone; the layout's pixels stay
     std::int16_t Theme = 0;      ///< 0 as the system, 1 light, 2 dark
+    bool DarkPaper = false;      ///< where the windows are dark the screen's paper is dark too
 };
 extern ProgramState Program;
 
@@ -209,6 +216,8 @@ void mnuTrackPrevious_Click();
 
 /// The list of tracks beside the paper; whether it shows is kept in the store.
 void mnuViewMixTable_Click();
+/// Dark paper under dark windows, on the screen alone: never in print, in its preview, or in files.
+void mnuViewDarkPaper_Click();
 
 /// Toolbars go by the name that Command::Toolbar holds. Whether they show and are docked is kept in the settings.
 bool IsToolbarVisible(std::string_view toolbar);

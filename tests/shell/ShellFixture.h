@@ -63,6 +63,7 @@ struct FakeWindow : ShellView, Dialogs {
     int Percent = 0;
     int CancelAt = 1000;
     std::optional<std::string> Password;
+    std::function<ChosenPrinter(PrintModel&)> Printer;
     std::map<std::type_index, std::function<bool(DialogModel&)>> Edits;
 
     /// What a person does in the dialog of the model from now on.
@@ -104,7 +105,8 @@ struct FakeWindow : ShellView, Dialogs {
         Suggested = suggested;
         return SaveAnswer;
     }
-    std::optional<std::filesystem::path> AskWaveFile(const std::filesystem::path& suggested) override {
+    std::optional<std::filesystem::path> AskExportFile(const char*, const char*,
+                                                       const std::filesystem::path& suggested) override {
         Suggested = suggested;
         return SaveAnswer;
     }
@@ -119,6 +121,8 @@ struct FakeWindow : ShellView, Dialogs {
         return Password;
     }
     void ExportPicture() override { Calls.emplace_back("picture"); }
+    ChosenPrinter AskPrinter(PrintModel& model) override { return Printer ? Printer(model) : ChosenPrinter(); }
+    void ShowPrintPreview() override { Calls.emplace_back("preview"); }
     void ShowAbout() override { Calls.emplace_back("about"); }
     void ShowKeyboardHelp() override { Calls.emplace_back("keyboard"); }
     void ShowCommandPalette() override { Calls.emplace_back("palette"); }

@@ -27,6 +27,30 @@ TEST(PictureStories, EachKindIsWrittenByItsEnding) {
     EXPECT_EQ(width("fine.png"), 1590);
 }
 
+TEST(PictureStories, FilesTellTheirResolutionAndAbsurdOnesAreRefused) {
+    const CliStory story;
+    story.Bring("2-song.qlm");
+    const auto number = [](const std::string& bytes, std::size_t at, std::initializer_list<std::size_t> places) {
+        unsigned value = 0;
+        for (const std::size_t place : places) value = value << 8 | static_cast<unsigned char>(bytes.at(at + place));
+        return value;
+    };
+    for (const char* name : {"a.png", "a.jpg", "a.bmp"}) {
+        ASSERT_EQ(story.Run({"convert", "2-song.qlm", name, "--page", "1", "--dpi", "300"}).Status, 0);
+    }
+    constexpr unsigned DotsOfAMetre = 11811;
+    const std::string png = Slurp(story / "a.png");
+    EXPECT_EQ(number(png, png.find("pHYs") + 4, {0, 1, 2, 3}), DotsOfAMetre);
+    EXPECT_EQ(number(Slurp(story / "a.bmp"), 38, {3, 2, 1, 0}), DotsOfAMetre);
+    const std::string jpeg = Slurp(story / "a.jpg");
+    EXPECT_EQ(number(jpeg, jpeg.find("JFIF") + 7, {0}), 1U) << "dots to the inch";
+    EXPECT_EQ(number(jpeg, jpeg.find("JFIF") + 8, {0, 1}), 300U);
+    const Finished run = story.Run({"convert", "2-song.qlm", "huge.png", "--page", "1", "--dpi", "2400"});
+    EXPECT_EQ(run.Status, 1);
+    EXPECT_THAT(run.Err, HasSubstr("19875 by 28100 pixels"));
+    EXPECT_FALSE(std::filesystem::exists(story / "huge.png"));
+}
+
 TEST(PictureStories, APageThatIsNotThereIsOneClearLineAndNoFile) {
     const CliStory story;
     story.Bring("2-song.qlm");

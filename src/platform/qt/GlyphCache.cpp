@@ -1,6 +1,7 @@
 #include "platform/qt/GlyphCache.h"
 
 #include <QFontMetricsF>
+#include <QPaintEngine>
 #include <algorithm>
 #include <cmath>
 #include <cstring>
@@ -87,7 +88,9 @@ void GlyphCache::Draw(QPainter& painter, int font, double scale, const QColor& c
     const KnownFont& known = fonts.at(static_cast<std::size_t>(font));
     const double em = known.Pixels * scale;
     const int baseline = static_cast<int>(std::lround(y));
-    if (em > HighestStamp) {
+    // A printer takes the text itself.
+    const bool onPixels = painter.paintEngine() && painter.paintEngine()->type() == QPaintEngine::Raster;
+    if (em > HighestStamp || !onPixels) {
         painter.save();
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setFont(known.Shown);

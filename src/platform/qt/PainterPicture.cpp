@@ -35,7 +35,7 @@ PainterPicture::PainterPicture(QPainter& target, double devicePixels)
     fontId = glyphs.FontId(Font{});
 }
 
-void PainterPicture::SetColor(Color value) { color = ToQColor(value); }
+void PainterPicture::SetColor(Color value) { color = Shown(value); }
 
 void PainterPicture::SetFont(const Font& font) { fontId = glyphs.FontId(font); }
 
@@ -105,7 +105,7 @@ void PainterPicture::Box(double x, double y, double width, double height, Color 
     const int top = static_cast<int>(std::lround(y * scale));
     const int right = static_cast<int>(std::lround((x + width) * scale));
     const int bottom = static_cast<int>(std::lround((y + height) * scale));
-    painter.fillRect(QRect(left, top, right - left, bottom - top), ToQColor(fill));
+    painter.fillRect(QRect(left, top, right - left, bottom - top), Shown(fill));
 }
 
 void PainterPicture::Circle(double x, double y, double radius, double width) {

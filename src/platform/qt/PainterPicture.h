@@ -24,6 +24,9 @@ public:
     /// Paints with a painter of device pixels that has no transformation; `scale` device pixels make a document pixel.
     explicit PainterPicture(QPainter& painter, double scale = 1);
 
+    /// Paints every colour as what `map` makes of it.
+    void MapColors(Color (*map)(Color)) { mapped = map; }
+
     void SetColor(Color color) override;
     void SetFont(const Font& font) override;
     void Line(double x1, double y1, double x2, double y2, double width) override;
@@ -48,10 +51,12 @@ private:
     double Middle(double at) const { return (at + 0.5) * scale; }
     void UsePen(double width, Qt::PenCapStyle cap);
     void UseBrush();
+    QColor Shown(Color wanted) const { return ToQColor(mapped ? mapped(wanted) : wanted); }
 
     QPainter& painter;
     double scale;
     QColor color = Qt::black;
+    Color (*mapped)(Color) = nullptr;
     int fontId = 0;
     GlyphCache& glyphs;
 };

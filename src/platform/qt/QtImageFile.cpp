@@ -8,15 +8,13 @@
 #include <cmath>
 #include <cstdio>
 
+#include "platform/ImageSize.h"
 #include "platform/RunTimeError.h"
 #include "platform/qt/PainterPicture.h"
 
 namespace Quillon {
 
 namespace {
-
-// 400 million pixels are an A3 page at 1,000 dots to the inch, 1.6 GB of memory; more is a slip.
-constexpr double MostPixels = 400e6;
 
 /// Fonts need an application object. The editor has one; the twin makes one only when a picture of pixels is asked for.
 void EnsureApplication() {
@@ -51,11 +49,10 @@ std::string EncodeImage(int width, int height, int dpi, ImageFormat format,
     if (width <= 0 || height <= 0 || dpi <= 0) throw RunTimeError(5, "Invalid procedure call");
     EnsureApplication();
     const double scale = dpi / 96.0;
-    const double pixelWidth = std::round(width * scale);
-    const double pixelHeight = std::round(height * scale);
-    if (pixelWidth < 1 || pixelHeight < 1) throw RunTimeError(5, "Invalid procedure call");
-    if (pixelWidth * pixelHeight > MostPixels) RaiseOutOfMemory();
-    QImage image(static_cast<int>(pixelWidth), static_cast<int>(pixelHeight), QImage::Format_RGB32);
+    const ImageSize size = SizeOfImage(width, height, dpi);
+    if (size.Width < 1 || size.Height < 1) throw RunTimeError(5, "Invalid procedure call");
+    if (size.TooLarge()) RaiseOutOfMemory();
+    QImage image(static_cast<int>(size.Width), static_cast<int>(size.Height), QImage::Format_RGB32);
     if (image.isNull()) RaiseOutOfMemory();
     image.fill(Qt::white);
     {
