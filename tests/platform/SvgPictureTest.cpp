@@ -43,6 +43,10 @@ TEST(SvgPicture, EveryOperationInItsOrder) {
     picture.Line(0, 0, 5, 7.125, 1.2);
     picture.Polyline({{5, 7}, {6, 8}, {7, 7}}, 1.2);
     picture.Polygon({{0, 0}, {0, 4}, {4, 4}});
+    const Shape wedge{"wedge", {{{0, 0}, {4, -2}, {4, 2}}, {{5, -2}, {5, 2}, {6, 0}}}}, other{"wedge", wedge.Parts};
+    picture.Stamp(wedge, 70, 20);
+    picture.Stamp(other, 80, 20.25);
+    picture.Stamp(wedge, 90, 20);
     picture.Circle(50, 40, 5, 1.5);
     picture.Disc(60, 40, 1.8);
     picture.Disc(60, 47, 1.8);

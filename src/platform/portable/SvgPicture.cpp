@@ -28,7 +28,51 @@ std::string Hex(Color color) {
     return text;
 }
 
-std::string Place(double x, double y) { return Number(x + 0.5) + " " + Number(y + 0.5); }
+/// A path from point to point, each told by its way from the one before: rounded as a place, so that no error gathers.
+class PathText {
+public:
+    explicit PathText(double shift) : offset(shift) {}
+    void To(const Point& point) {
+        const double toX = Rounded(point.X + offset), toY = Rounded(point.Y + offset);
+        if (text.empty()) {
+            text = "M" + Number(toX) + " " + Number(toY);
+        } else {
+            if (first) text += 'l';
+            Add(toX - x, !first);
+            Add(toY - y, true);
+            first = false;
+        }
+        x = toX;
+        y = toY;
+    }
+    std::string text;
+
+private:
+    static double Rounded(double value) { return std::round(value * 100) / 100; }
+    void Add(double value, bool apart) {
+        std::string number = Number(value);
+        if (number.starts_with("0.")) number.erase(0, 1);
+        if (number.starts_with("-0.")) number.erase(1, 1);
+        if (apart && number.front() != '-') text += ' ';
+        text += number;
+    }
+
+    double offset;
+    double x = 0, y = 0;
+    bool first = true;
+};
+
+/// A closed outline. All of a drawing turn the same way, so that two that overlap never cut each other out.
+std::string OutlineText(std::span<const Point> points, double offset) {
+    double area = 0;
+    for (std::size_t i = 0; i < points.size(); ++i) {
+        const Point& next = points[(i + 1) % points.size()];
+        area += points[i].X * next.Y - next.X * points[i].Y;
+    }
+    PathText path(offset);
+    for (std::size_t i = 0; i < points.size(); ++i) path.To(points[area < 0 ? points.size() - 1 - i : i]);
+    return path.text + "z";
+}
 
 bool IsWhole(double value) { return value == std::floor(value); }
 
@@ -108,9 +152,20 @@ SvgPicture::SvgPicture(double pictureWidth, double pictureHeight) : width(pictur
 std::string SvgPicture::Text() const {
     const std::string size =
         Number(width) + "\" height=\"" + Number(height) + "\" viewBox=\"0 0 " + Number(width) + " " + Number(height);
-    return "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" + size + "\">\n<path fill=\"#ffffff\" d=\"M0 0h" +
-           Number(width) + "v" + Number(height) + "H0z\"/>\n" + body + (open.empty() ? "" : std::string(close)) +
-           "</svg>\n";
+    std::string text = "<svg xmlns=\"http://www.w3.org/2000/svg\"";
+    if (!shapes.empty()) text += " xmlns:xlink=\"http://www.w3.org/1999/xlink\"";  // what all viewers know
+    text += " width=\"" + size + "\">\n";
+    if (!shapes.empty()) {
+        text += "<defs>\n";
+        for (const auto& [shape, name] : shapes) {
+            text += "<path id=\"" + name + "\" d=\"";
+            for (const auto& part : shape->Parts) text += OutlineText(part, 0);
+            text += "\"/>\n";
+        }
+        text += "</defs>\n";
+    }
+    text += "<path fill=\"#ffffff\" d=\"M0 0h" + Number(width) + "v" + Number(height) + "H0z\"/>\n";
+    return text + body + (open.empty() ? "" : std::string(close)) + "</svg>\n";
 }
 
 void SvgPicture::Enter(const std::string& opening, std::string_view closing) {
@@ -142,27 +197,34 @@ void SvgPicture::Polyline(std::span<const Point> points, double lineWidth) {
     Enter("<path fill=\"none\" stroke-linecap=\"round\" stroke-linejoin=\"round\" stroke=\"" + Hex(color) +
               "\" stroke-width=\"" + Number(lineWidth) + "\" d=\"",
           "\"/>\n");
-    char command = 'M';
-    for (const Point& point : points) {
-        body += command + Place(point.X, point.Y);
-        command = 'L';
-    }
+    PathText path(0.5);
+    for (const Point& point : points) path.To(point);
+    // A path of one point is a dot of the pen.
+    body += points.size() == 1 ? path.text + "h0" : path.text;
 }
 
 void SvgPicture::Polygon(std::span<const Point> points) {
     if (points.size() < 3) return;
-    double area = 0;
-    for (std::size_t i = 0; i < points.size(); ++i) {
-        const Point& next = points[(i + 1) % points.size()];
-        area += points[i].X * next.Y - next.X * points[i].Y;
-    }
     Enter("<path fill=\"" + Hex(color) + "\" d=\"", "\"/>\n");
-    // All shapes of an element turn the same way, so that two that overlap never cut each other out.
-    for (std::size_t i = 0; i < points.size(); ++i) {
-        const Point& point = points[area < 0 ? points.size() - 1 - i : i];
-        body += (i == 0 ? 'M' : 'L') + Place(point.X, point.Y);
-    }
-    body += 'z';
+    body += OutlineText(points, 0.5);
+}
+
+const std::string& SvgPicture::NameOf(const Shape& shape) {
+    const auto known = std::ranges::find(shapes, &shape, &std::pair<const Shape*, std::string>::first);
+    if (known != shapes.end()) return known->second;
+    const std::string plain = EscapeXml(shape.Name);
+    std::string name = plain;
+    const auto taken = [&] {
+        return std::ranges::any_of(shapes, [&](const auto& other) { return other.second == name; });
+    };
+    for (int number = 2; taken(); ++number) name = plain + "-" + std::to_string(number);
+    return shapes.emplace_back(&shape, name).second;
+}
+
+void SvgPicture::Stamp(const Shape& shape, double x, double y) {
+    Enter("<g fill=\"" + Hex(color) + "\">\n", "</g>\n");
+    body +=
+        "<use xlink:href=\"#" + NameOf(shape) + "\" x=\"" + Number(x + 0.5) + "\" y=\"" + Number(y + 0.5) + "\"/>\n";
 }
 
 void SvgPicture::Box(double x, double y, double boxWidth, double boxHeight, Color fill) {

@@ -3,6 +3,8 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "platform/Picture.h"
 
@@ -25,6 +27,8 @@ public:
     void Polyline(std::span<const Point> points, double width) override;
     using Picture::Polygon;
     void Polygon(std::span<const Point> points) override;
+    /// A shape's outline is written once, and used from there.
+    void Stamp(const Shape& shape, double x, double y) override;
     void Box(double x, double y, double width, double height, Color fill) override;
     void Circle(double x, double y, double radius, double width) override;
     void Disc(double x, double y, double radius) override;
@@ -35,9 +39,13 @@ private:
     /// Goes on in the open element, whose opening is `opening`, or closes it and opens this one.
     void Enter(const std::string& opening, std::string_view closing);
 
+    /// The name under which the shape's outline stands at the head of the file.
+    const std::string& NameOf(const Shape& shape);
+
     double width, height;
     Color color = Black;
     Font font;
+    std::vector<std::pair<const Shape*, std::string>> shapes;  ///< those in use, with their names
     std::string body;
     std::string open;  ///< how the element that stands open began; "" when none does
     std::string_view close;
