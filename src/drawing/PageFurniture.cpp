@@ -17,10 +17,6 @@ using Core::Track;
 
 namespace {
 
-constexpr Color EdgeColor = PackColor(0x70, 0x74, 0x7A);
-constexpr Color ShadowColor = PackColor(0x82, 0x86, 0x8C);
-constexpr Color RulerColor = PackColor(0xD8, 0xDC, 0xE2);
-
 constexpr double PixelsPerCentimetre = 37.86;
 constexpr double PixelsPerInch = 96.16;
 

@@ -8,6 +8,11 @@
 
 namespace Quillon::Drawing {
 
+// These lie on the ground around the paper.
+constexpr Color EdgeColor = PackColor(0x70, 0x74, 0x7A);
+constexpr Color ShadowColor = PackColor(0x82, 0x86, 0x8C);
+constexpr Color RulerColor = PackColor(0xD8, 0xDC, 0xE2);
+
 /// The sheet in the view: paper, edge, shadow and a ruler along its top and left edges.
 void DrawPageFrame(Picture& picture, const PageSetup& page, int left, int top);
 /// Header and footer; `page` counts from 0. Without running texts the footer holds the copyright and the page number.

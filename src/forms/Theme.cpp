@@ -4,6 +4,7 @@
 #include <QStyle>
 #include <QStyleFactory>
 
+#include "drawing/PageFurniture.h"
 #include "drawing/mod_PageLayout.h"
 #include "platform/qt/PainterPicture.h"
 #include "shell/DarkPaper.h"
@@ -69,8 +70,14 @@ bool IsPaperDark() {
 }
 
 void UsePaper(PainterPicture& picture) {
-    // The ground is no paper: it has the windows' colour already.
-    const auto dark = [](Color color) { return color == Drawing::View.Ground ? color : Shell::OnDarkPaper(color); };
+    // The ground is no paper: it has the windows' colour already, and what lies on it is seen there.
+    const auto dark = [](Color color) {
+        constexpr Color DeepShadow = PackColor(0x28, 0x2A, 0x2E);
+        if (color == Drawing::ShadowColor) return DeepShadow;
+        const bool onGround =
+            color == Drawing::View.Ground || color == Drawing::EdgeColor || color == Drawing::RulerColor;
+        return onGround ? color : Shell::OnDarkPaper(color);
+    };
     picture.MapColors(IsPaperDark() ? +dark : nullptr);
 }
 

@@ -3,11 +3,13 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <QSignalBlocker>
 #include <QSpinBox>
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "forms/ElidedLabel.h"
 #include "forms/SvgIcon.h"
 #include "forms/Text.h"
 #include "forms/WindowPlace.h"
@@ -54,22 +56,20 @@ frmPrintPreview::frmPrintPreview(frmMain& main) : QDialog(&main), owner(main) {
     options->setAutoDefault(false);
     connect(options, &QPushButton::clicked, this, &frmPrintPreview::cmdOptions_Click);
     bar->addWidget(options);
-    auto* const setup = new QPushButton(SvgIcon("page-setup"), Text("str_PreviewPageSetup"), this);
-    setup->setObjectName("cmdPageSetup");
-    setup->setAutoDefault(false);
-    connect(setup, &QPushButton::clicked, this, &frmPrintPreview::cmdPageSetup_Click);
-    bar->addWidget(setup);
+    QToolButton* const setup = AddButton(bar, "cmdPageSetup", "page-setup", "str_PreviewPageSetup");
+    connect(setup, &QToolButton::clicked, this, &frmPrintPreview::cmdPageSetup_Click);
     bar->addStretch(1);
 
     pages = new picPages(preview, this);
     cmdPrevious = AddButton(bar, "cmdPreviousPage", "go-previous-bar", "str_PreviewPrevious");
     connect(cmdPrevious, &QToolButton::clicked, this,
             [this] { pages->GoTo(pages->CurrentPage() - preview.Columns()); });
-    lblPage = new QLabel(this);
+    lblPage = new ElidedLabel(this);
+    lblPage->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     lblPage->setObjectName("lblPage");
     lblPage->setAlignment(Qt::AlignCenter);
     lblPage->setTextFormat(Qt::PlainText);
-    bar->addWidget(lblPage);
+    bar->addWidget(lblPage, 4);
     cmdNext = AddButton(bar, "cmdNextPage", "go-next-bar", "str_PreviewNext");
     connect(cmdNext, &QToolButton::clicked, this, [this] { pages->GoTo(pages->CurrentPage() + preview.Columns()); });
     bar->addStretch(1);
@@ -108,7 +108,8 @@ frmPrintPreview::frmPrintPreview(frmMain& main) : QDialog(&main), owner(main) {
     body->addLayout(bar);
     body->addWidget(pages, 1);
     connect(pages, &picPages::Moved, this, &frmPrintPreview::ShowState);
-    RestorePlace(*this, Section, {1100, 800});
+    constexpr double Share = 0.95;  // of a small screen
+    RestorePlace(*this, Section, QSize(1100, 800).boundedTo(screen()->availableSize() * Share));
     pages->setFocus();
     ShowState();
 }
