@@ -2,12 +2,15 @@
 #include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
+#include <cmath>
 
 #include "bench/Measure.h"
 #include "bench/Setting.h"
 #include "bench/SongS.h"
 #include "core/mod_TabFileManipulation.h"
 #include "drawing/mod_HighLevelDrawing.h"
+#include "drawing/mod_PrintedPages.h"
+#include "platform/headless/NoPicture.h"
 #include "platform/qt/PainterPicture.h"
 
 using namespace Quillon;
@@ -16,13 +19,13 @@ using namespace Quillon::Bench;
 namespace {
 
 /// Two staves and the tab, 16ths throughout: three notes a strum, accidentals among them.
-Core::TabFile Sixteenths() {
+Core::TabFile Sixteenths(int bars) {
     Core::TabFile file;
     Core::Track& track = file.Tracks[0];
     track.ShowTreble = track.ShowBass = track.ShowTab = true;
-    track.Bars.Resize(200);
-    file.BarInfos.Resize(200);
-    for (int bar = 0; bar < 200; ++bar) {
+    track.Bars.Resize(bars);
+    file.BarInfos.Resize(bars);
+    for (int bar = 0; bar < bars; ++bar) {
         Core::SetBarStrums(track.Bars.Edit(bar), 15);
         int at = bar;
         for (Core::Strum& strum : track.Bars.Edit(bar).EditStrums()) {
@@ -60,9 +63,32 @@ int main(int argc, char** argv) {
     Row("DrawDocument, fast pass, a page in view", fast * 1e3, 4, "ms");
 
     Core::Open = {};
-    Core::Open.TabFile = Sixteenths();
+    Core::Open.TabFile = Sixteenths(200);
     Drawing::View.VScroll = 0;
     const double staves = MedianSeconds(51, draw, [] { Drawing::Page.LayoutDirty = 1; });
     Row("DrawDocument, treble, bass and tab in 16ths, full pass", staves * 1e3, 12, "ms");
+
+    // Laying out, and painting every page where nobody looks: twice the bars must cost twice the time.
+    const auto measure = [](int bars, const auto& work) {
+        Core::Open = {};
+        Core::Open.TabFile = Sixteenths(bars);
+        return MedianSeconds(bars > 1000 ? 3 : 15, work, [] { Drawing::Page.LayoutDirty = 1; });
+    };
+    const auto layOut = [] {
+        NoPicture nowhere;
+        Drawing::DrawDocument(nowhere);
+    };
+    const auto paint = [] {
+        NoPicture nowhere;
+        Drawing::PrintedTrack pages(0);
+        for (int page = 0; page < pages.Pages(); ++page) pages.Draw(nowhere, page);
+    };
+    const double least = 100, most = 10000;
+    const auto exponent = [&](double few, double many) { return std::log(many / few) / std::log(most / least); };
+    const double layoutGrowth = exponent(measure(100, layOut), measure(10000, layOut));
+    Row("Growth of a full pass from 100 to 10,000 bars", layoutGrowth, 1.1, "exponent");
+    const double few = measure(100, paint), many = measure(10000, paint);
+    Row("Every page of 10,000 bars laid out and drawn", many * 1e3, "ms");
+    Row("Growth of that from 100 bars", exponent(few, many), 1.1, "exponent");
     return Status();
 }

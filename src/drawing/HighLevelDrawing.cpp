@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 #include "core/mod_Common.h"
 #include "core/mod_Language.h"
@@ -38,7 +39,7 @@ struct LastLayout {
     PageCount Count;
     bool TooSmallShown = false;  ///< one message for one page size, not one a repaint
     std::string PageText;
-    double LyricsPoints = 0;  ///< 0 until measured
+    std::optional<RowLook> Look;  ///< none until measured
 };
 LastLayout Last;
 
@@ -87,7 +88,7 @@ void LayOutView() {
     SetScrollRanges();
     Last.Key = KeyNow();
     LayOutTrack(Page, Last.Key.Origin, file, Open.CurTrack, Last.Count.TooSmall ? -1 : Last.Count.LastPage);
-    Last.LyricsPoints = 0;
+    Last.Look.reset();
     if (!View.CompletePass) Page.LayoutDirty = 0;
 }
 
@@ -116,13 +117,13 @@ int FirstBarInView(const Track& track, int above) {
 
 void DrawBarsInView(Picture& picture) {
     const Track& track = Open.TabFile.Tracks[Open.CurTrack];
-    if (Last.LyricsPoints == 0) Last.LyricsPoints = LyricsPoints(picture, Open.TabFile, Open.CurTrack);
+    if (!Last.Look) Last.Look = LookOfRows(picture, Open.TabFile, Open.CurTrack);
     const int above = -(RowHeight(track) + 40);
     for (int bar = FirstBarInView(track, above); bar <= track.Bars.UpperBound(); ++bar) {
         const Core::BarPlace& place = track.Bars[bar].Place;
         // Signs and chord charts of a row just below the view still reach into it.
         if (place.Page < 0 || place.BarY - 90 >= View.ScaleHeight) break;
-        DrawBar(picture, place.BarX, place.BarY, Open.TabFile, Open.CurTrack, bar, place.BarWidth, Last.LyricsPoints);
+        DrawBar(picture, place.BarX, place.BarY, Open.TabFile, Open.CurTrack, bar, place.BarWidth, *Last.Look);
     }
 }
 
@@ -190,16 +191,18 @@ void TellPageTooSmall() {
                             BoxIcon::Critical);
 }
 
-double LyricsPoints(Picture& picture, const TabFile& file, int track) {
-    return LyricsSize(picture, file, track, LyricsTrackOf(file, track));
+RowLook LookOfRows(Picture& picture, const TabFile& file, int track) {
+    RowLook look = LookOfLyrics(picture, file, track, LyricsTrackOf(file, track));
+    if (Page.ClefOnEveryRow) look.RowHeadRoom = std::max(0, Page.PageLeftMargin - 4);
+    return look;
 }
 
-void DrawBar(Picture& picture, int x, int y, const TabFile& file, int track, int bar, int width, double lyricsSize) {
-    const BarContext context{file, track, bar, x, y, width};
+void DrawBar(Picture& picture, int x, int y, const TabFile& file, int track, int bar, int width, const RowLook& look) {
+    const BarContext context{file, track, bar, x, y, width, look};
     DrawBarFrame(picture, context);
     DrawBarStrums(picture, context);
     DrawBarMarks(picture, context);
-    DrawLyrics(picture, context, LyricsTrackOf(file, track), lyricsSize);
+    DrawLyrics(picture, context, LyricsTrackOf(file, track));
 }
 
 void DrawDocument(Picture& picture) {

@@ -11,22 +11,14 @@ namespace Quillon::Drawing {
 
 namespace {
 
-constexpr double SignHalf = 2.8;  ///< of its width
-constexpr double SignStep = 5.9;  ///< from one column of accidentals to the next
+constexpr double SignHalf = 2.8;   ///< of its width
+constexpr double SignStep = 5.9;   ///< from one column of accidentals to the next
+constexpr double SmallSign = 0.7;  ///< of an accidental at a small head
 constexpr double HeadGap = 1.2;
-constexpr double GraceWidth = 8.5;
-constexpr double HeadReach = 4.6, RestReach = 5.5;
+constexpr double RestReach = 5.5;
 
 Accidental SignOf(int alteration) {
     return alteration > 0 ? Accidental::Sharp : alteration < 0 ? Accidental::Flat : Accidental::Natural;
-}
-
-struct Height {
-    double Top, Bottom;
-};
-Height HeightOf(const StaffNote& note) {
-    const double above = note.Sign == Accidental::Flat ? 11.5 : 8;
-    return {note.Y - above, note.Y + (note.Sign == Accidental::Flat ? 5 : 8)};
 }
 
 /// Pitches that a tie of the bar before holds on each string, -1 without one.
@@ -73,90 +65,83 @@ void PlaceSigns(StaffColumn& column) {
         if (note.Sign != Accidental::None) signs.push_back(&note);
     }
     std::sort(signs.begin(), signs.end(), [](auto* a, auto* b) { return a->Y < b->Y; });
-    std::vector<std::vector<Height>> columns;
-    const double first = column.X - HeadReach - HeadGap - SignHalf;
+    std::vector<std::vector<Area>> columns;
+    const double scale = column.Size == HeadSize::Full ? 1 : SmallSign;
+    const double first = column.Left - (HeadGap + SignHalf) * scale;
     for (std::size_t low = 0, high = signs.size(), turn = 0; low < high; ++turn) {
         StaffNote& note = *(turn % 2 == 0 ? signs[low++] : signs[--high]);
-        const Height height = HeightOf(note);
-        const auto isFree = [&](const std::vector<Height>& taken) {
-            return std::none_of(taken.begin(), taken.end(), [&](const Height& other) {
-                return height.Top < other.Bottom && other.Top < height.Bottom;
-            });
+        const Area own = SignArea(column, note);
+        const auto isFree = [&](const std::vector<Area>& taken) {
+            return std::none_of(taken.begin(), taken.end(),
+                                [&](const Area& other) { return own.Top < other.Bottom && other.Top < own.Bottom; });
         };
         std::size_t at = 0;
         while (at < columns.size() && !isFree(columns[at])) ++at;
         if (at == columns.size()) columns.emplace_back();
-        columns[at].push_back(height);
-        note.SignX = first - SignStep * static_cast<double>(at);
-        column.Left = std::min(column.Left, note.SignX - SignHalf);
+        columns[at].push_back(own);
+        note.SignX = first - SignStep * scale * static_cast<double>(at);
     }
+    for (const StaffNote* note : signs) column.Left = std::min(column.Left, note->SignX - SignHalf * scale);
 }
 
-bool HasGraceHere(const StaffBar& bar, int strum) {
-    return std::any_of(bar.Column(strum).Notes.begin(), bar.Column(strum).Notes.end(), [&](const StaffNote& note) {
+/// Grace notes, and what the hands do before the notes sound.
+void PlaceWhatComesBefore(StaffBar& bar, int strum) {
+    constexpr double graceHalf = 3.5, graceSign = 5.5, strokeAway = 5, strokeHalf = 3, slide = 10;
+    StaffColumn& column = bar.Column(strum);
+    bool grace = false, graceAltered = false, slidesInto = false;
+    for (const StaffNote& note : column.Notes) {
         const Core::Note& own = bar.Strum(strum).Notes[note.String];
-        return own.HasGrace && !own.GraceFret.empty();
-    });
-}
-
-void Move(StaffColumn& column, double by) {
-    column.X += by;
-    column.Left += by;
-    column.GraceX += by;
-    for (StaffNote& note : column.Notes) {
-        note.X += by;
-        note.SignX += by;
+        if (own.Technique == Core::SlideIntoUp || own.Technique == Core::SlideIntoDown) slidesInto = true;
+        if (!own.HasGrace || own.GraceFret.empty()) continue;
+        grace = true;
+        graceAltered = graceAltered || GraceSign(bar, SpellNote(bar, note.String, own.GraceFret)) != Accidental::None;
     }
-}
-
-/// Where what stands before a column may begin.
-double LeftLimit(const StaffBar& bar, int strum) {
-    constexpr double line = 2, dots = 10.5, timeRight = 41;
-    const BarContext& context = bar.Context;
-    if (strum == 0) {
-        if (context.ItsBar().Place.ShowTimeSig) return context.X + timeRight + SignatureOverhang(context);
-        return context.X + (context.Info().RepeatOpen ? dots : line);
+    if (slidesInto && bar.ShowsHands()) column.Left -= slide;
+    if (grace) {
+        column.GraceX = column.Left - graceHalf - 1;
+        column.Left -= 2 * graceHalf + 1.5 + (graceAltered ? graceSign : 0);
     }
-    const StaffColumn& before = bar.Column(strum - 1);
-    const double dotted = bar.Strum(strum - 1).Dotted ? 5.5 : 0;
-    return before.X + HeadReach + (before.Displaced ? 6 : 0) + dotted + 0.5;
+    if (bar.Strum(strum).Stroke != 0 && bar.ShowsHands() && !column.Notes.empty()) {
+        column.StrokeX = column.Left - strokeAway;
+        column.Left = column.StrokeX - strokeHalf;
+    }
 }
 
 }  // namespace
+
+Area SignArea(const StaffColumn& column, const StaffNote& note) {
+    const double scale = column.Size == HeadSize::Full ? 1 : SmallSign;
+    const bool flat = note.Sign == Accidental::Flat;
+    return {note.SignX - SignHalf * scale, note.Y - (flat ? 11.5 : 8) * scale, note.SignX + SignHalf * scale,
+            note.Y + (flat ? 5 : 8) * scale};
+}
+
+Accidental GraceSign(const StaffBar& bar, const Spelling& spelling) {
+    if (bar.IsDrum() || spelling.Alteration == KeyAlteration(bar.Bar.Key, spelling.Step, bar.Place.Clef)) {
+        return Accidental::None;
+    }
+    return SignOf(spelling.Alteration);
+}
+
+double HeadReach(const StaffBar& bar, int strum, const StaffNote& note) {
+    constexpr double usual = 4.6, whole = 5.5, parentheses = 8.8;
+    if (bar.Strum(strum).Notes[note.String].Ghost) return parentheses;
+    return (bar.Strum(strum).Length <= 0 ? whole : usual) * bar.Column(strum).Scale();
+}
 
 void PlaceAccidentals(StaffBar& bar) {
     if (!bar.IsDrum()) ChooseSigns(bar);
     for (int s = 0; s < bar.Count(); ++s) {
         StaffColumn& column = bar.Column(s);
-        column.Left = column.X - (column.Rest ? RestReach : HeadReach);
+        column.Left = column.X - RestReach;
+        if (!column.Notes.empty()) {
+            column.Left = column.X;
+            for (const StaffNote& note : column.Notes) {
+                column.Left = std::min(column.Left, note.X - HeadReach(bar, s, note));
+            }
+        }
         PlaceSigns(column);
-        if (HasGraceHere(bar, s)) {
-            column.GraceX = column.Left - 3.5;
-            column.Left -= GraceWidth;
-        }
-    }
-}
-
-void MakeRoomBefore(std::vector<StaffBar>& staves) {
-    constexpr double most = 0.5;  // of the way to the next column
-    // The staves of one track move together; that of another track has columns of its own.
-    for (const bool ofOther : {false, true}) {
-        std::vector<StaffBar*> related;
-        for (StaffBar& bar : staves) {
-            if (bar.Place.OfOther == ofOther) related.push_back(&bar);
-        }
-        for (int s = 0; !related.empty() && s < related.front()->Count(); ++s) {
-            double by = 0;
-            for (const StaffBar* bar : related) {
-                const StaffColumn& column = bar->Column(s);
-                if (!column.Sounds() && !column.Rest) continue;
-                const double wanted = LeftLimit(*bar, s) - column.Left;
-                by = std::max(by, std::min(wanted, most * (bar->NextX(s) - column.X)));
-            }
-            for (StaffBar* bar : related) {
-                if (by > 0) Move(bar->Column(s), by);
-            }
-        }
+        PlaceWhatComesBefore(bar, s);
     }
 }
 

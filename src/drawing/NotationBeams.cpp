@@ -191,7 +191,13 @@ void DrawTuplet(Picture& picture, const StaffBar& bar, const TupletMark& mark) {
     }
     if (!shown || mark.Figure == 0) return;
     const std::string figure = std::to_string(mark.Figure);
-    double left = bar.Column(mark.First).X - overhang, right = bar.Column(mark.Last).X + overhang;
+    // Brackets side by side keep apart.
+    const auto reach = [&](int inner, int outer) {
+        if (outer < 0 || outer >= bar.Count()) return overhang;
+        return std::min(overhang, std::abs(bar.Column(outer).X - bar.Column(inner).X) / 2 - 1.5);
+    };
+    double left = bar.Column(mark.First).X - reach(mark.First, mark.First - 1);
+    double right = bar.Column(mark.Last).X + reach(mark.Last, mark.Last + 1);
     const double outward = up ? -1 : 1;
     if (const BeamRun* run = RunOf(bar, mark)) {
         left = bar.Column(mark.First).StemX;
@@ -222,7 +228,10 @@ void DrawTuplet(Picture& picture, const StaffBar& bar, const TupletMark& mark) {
 }  // namespace
 
 void DrawTuplets(Picture& picture, const StaffBar& bar) {
-    for (const TupletMark& mark : Tuplets(bar.Bar)) DrawTuplet(picture, bar, mark);
+    for (TupletMark mark : Tuplets(bar.Bar)) {
+        mark.Last = std::min(mark.Last, bar.Count() - 1);
+        if (mark.First <= mark.Last) DrawTuplet(picture, bar, mark);
+    }
 }
 
 }  // namespace Quillon::Drawing

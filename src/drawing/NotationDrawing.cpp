@@ -53,7 +53,8 @@ void DrawStrumNotation(Picture& picture, const StaffBar& bar, int strum) {
         picture.SetColor(bar.Ink());
         for (const StaffNote& note : column.Notes) {
             DrawNoteHead(picture, bar, strum, note);
-            if (note.Sign != Accidental::None) picture.Stamp(AccidentalShape(note.Sign), note.SignX, note.Y);
+            const bool small = column.Size != HeadSize::Full;
+            if (note.Sign != Accidental::None) picture.Stamp(AccidentalShape(note.Sign, small), note.SignX, note.Y);
         }
         DrawStem(picture, bar, strum);
         DrawGraceNotes(picture, bar, strum);
@@ -79,6 +80,11 @@ void DrawNotation(Picture& picture, const std::vector<StaffBar>& staves) {
         for (int strum = 0; strum < staff.Count(); ++strum) {
             staff.IsDrum() ? DrawPercussionStrum(picture, staff, strum) : DrawStrumNotation(picture, staff, strum);
         }
+        picture.SetColor(OverfullInk);
+        for (int strum = staff.Count(); strum < staff.All(); ++strum) {
+            for (const StaffNote& note : staff.Column(strum).Notes) DrawNoteHead(picture, staff, strum, note);
+        }
+        picture.SetColor(staff.Ink());
         DrawBeams(picture, staff);
         DrawTuplets(picture, staff);
     }

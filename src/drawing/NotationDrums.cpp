@@ -60,7 +60,7 @@ void PlaceDrumHeads(StaffBar& bar) {
                 return other.X == column.X && std::abs(other.Step - placed.Step) <= 1;
             });
             if (beside) {
-                placed.X += 6;
+                placed.X += 6 * column.Scale();
                 column.Displaced = true;
             }
             column.Notes.push_back(placed);

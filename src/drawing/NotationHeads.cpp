@@ -24,6 +24,23 @@ int ScaleStep(int pitch, bool useFlats) {
 
 bool IsBlackKey(int pitch) { return ScaleStep(pitch, true) != ScaleStep(pitch, false); }
 
+/// Heads of columns that nearly touch get smaller, those of a beam group alike.
+void ChooseSizes(StaffBar& bar) {
+    constexpr double full = 8.2, small = 6;
+    for (const BeamGroup& group : bar.Groups) {
+        double nearest = full;
+        for (int s = group.First; s <= group.Last; ++s) {
+            if (!Core::HasNotes(bar.Strum(s))) continue;
+            for (const int other : {s - 1, s + 1}) {
+                const bool there = other >= 0 && other < bar.Count() && Core::HasNotes(bar.Strum(other));
+                if (there) nearest = std::min(nearest, std::abs(bar.Column(other).X - bar.Column(s).X));
+            }
+        }
+        const HeadSize size = nearest >= full ? HeadSize::Full : nearest >= small ? HeadSize::Small : HeadSize::Tiny;
+        for (int s = group.First; s <= group.Last; ++s) bar.Column(s).Size = size;
+    }
+}
+
 HeadKind KindOf(const StaffNote& note, std::int32_t length) {
     if (note.Diamond) return length <= 1 ? HeadKind::DiamondOpen : HeadKind::Diamond;
     return length <= 0 ? HeadKind::Whole : length == 1 ? HeadKind::Half : HeadKind::Filled;
@@ -62,6 +79,7 @@ StaffBar::StaffBar(const BarContext& bar, const StaffPlace& place)
       Groups(BeamGroups(Track, Bar, bar.Info())) {
     const int count = Bar.Strums().Count();
     Columns.resize(static_cast<std::size_t>(count));
+    Shown = count;
     double elapsed = 0;
     const double total = Core::BarLengthIn64ths(bar.File, bar.Bar);
     const double start = BarStartOffset(bar.ItsBar()), usable = bar.Width - start - 5;
@@ -73,6 +91,7 @@ StaffBar::StaffBar(const BarContext& bar, const StaffPlace& place)
         elapsed += Core::StrumLength(Strum(s));
         column.Hooks = std::max(0, std::clamp(Strum(s).Length, 0, 6) - 2);
     }
+    ChooseSizes(*this);
     IsDrum() ? PlaceDrumHeads(*this) : PlaceHeads(*this);
     bool sounds = false;
     for (int s = 0; s < count; ++s) {
@@ -85,6 +104,13 @@ StaffBar::StaffBar(const BarContext& bar, const StaffPlace& place)
     // A bar that rests as a whole shows it in its middle.
     const bool restsWhole = count == 1 && Column(0).Rest && Strum(0).Length == 0 && !Strum(0).Dotted;
     Silent = !sounds || restsWhole;
+    if (count > 0 && Column(count - 1).X > Right() - OverfullReach && TabBar(bar).Beside(1)) LeaveOutWhatReachesOut();
+}
+
+void StaffBar::LeaveOutWhatReachesOut() {
+    while (Shown > 1 && Column(Shown - 1).X > Right() - OverfullReach) --Shown;
+    std::erase_if(Groups, [&](const BeamGroup& group) { return group.First >= Shown; });
+    if (!Groups.empty()) Groups.back().Last = std::min(Groups.back().Last, Shown - 1);
 }
 
 Spelling SpellNote(const StaffBar& bar, int string, const std::string& fret) {
@@ -107,7 +133,7 @@ void PlaceHeads(StaffBar& bar) {
             placed.Step = spelling.Step;
             placed.Alteration = spelling.Alteration;
             // A whole note is wider than the others and steps further aside.
-            placed.X = column.X + head.DX + (head.DX != 0 && strum.Length <= 0 ? WholeExtra : 0);
+            placed.X = column.X + (head.DX + (head.DX != 0 && strum.Length <= 0 ? WholeExtra : 0)) * column.Scale();
             placed.Y = bar.YOf(spelling.Step);
             placed.Cross = note.Fret == "x" || note.Fret == "X";
             placed.Diamond = note.Harmonic != Core::NoHarmonic;
@@ -124,23 +150,24 @@ void PlaceHeads(StaffBar& bar) {
 }
 
 void DrawNoteHead(Picture& picture, const StaffBar& bar, int strum, const StaffNote& note) {
-    static const Font crossFont{.Name = "Arial", .Size = 10.5, .Bold = true};
-    constexpr double crossDrop = 3.6;
+    constexpr double crossSize = 10.5, crossDrop = 3.6;
     const std::int32_t length = bar.Strum(strum).Length;
+    const StaffColumn& column = bar.Column(strum);
     if (note.Cross) {
-        Print(picture, crossFont, note.X, note.Y + crossDrop, "x");
+        const Font font{.Name = "Arial", .Size = crossSize * column.Scale(), .Bold = true};
+        Print(picture, font, note.X, note.Y + crossDrop * column.Scale(), "x");
         if (length <= 1) picture.Circle(note.X, note.Y, 5.5, 1);
     } else {
-        picture.Stamp(HeadShape(KindOf(note, length)), note.X, note.Y);
+        picture.Stamp(HeadShape(KindOf(note, length), column.Size), note.X, note.Y);
     }
     const Core::Note& own = bar.Strum(strum).Notes[note.String];
     if (own.Ghost) picture.Stamp(ParenthesesShape(), note.X, note.Y);
 }
 
-void DrawLedgerLine(Picture& picture, double x, double y, LedgerLine variant) {
+void DrawLedgerLine(Picture& picture, double x, double y, LedgerLine variant, double scale) {
     const bool wide = variant == LedgerLine::Wide || variant == LedgerLine::WideAtSharp;
     const bool sharp = variant == LedgerLine::PlainAtSharp || variant == LedgerLine::WideAtSharp;
-    const double half = wide ? 8 : 7;
+    const double half = std::round((wide ? 8 : 7) * scale);
     picture.Line(x - (sharp ? half - 2 : half), y, x, y);
     picture.Line(x, y, x + half, y);
 }
@@ -166,7 +193,8 @@ void DrawLedgerLines(Picture& picture, const StaffBar& bar, int strum) {
             const bool sharp = sharpThere && std::abs(step - farthest) <= 1;
             DrawLedgerLine(picture, x, bar.YOf(step),
                            wide ? (sharp ? LedgerLine::WideAtSharp : LedgerLine::Wide)
-                                : (sharp ? LedgerLine::PlainAtSharp : LedgerLine::Plain));
+                                : (sharp ? LedgerLine::PlainAtSharp : LedgerLine::Plain),
+                           column.Scale());
         }
     };
     for (const bool above : {true, false}) {
@@ -186,7 +214,7 @@ void DrawDots(Picture& picture, const StaffBar& bar, int strum) {
         return;
     }
     const bool flagged = column.StemUp && column.Hooks > 0 && !column.Beamed;
-    const double x = column.X + (column.Displaced ? 6 : 0) + (flagged ? awayFromFlag : away);
+    const double x = column.X + ((column.Displaced ? 6 : 0) + (flagged ? awayFromFlag : away)) * column.Scale();
     std::vector<const StaffNote*> notes;
     for (const StaffNote& note : column.Notes) notes.push_back(&note);
     std::sort(notes.begin(), notes.end(), [](auto* a, auto* b) { return a->Step > b->Step; });

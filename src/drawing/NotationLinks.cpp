@@ -85,7 +85,7 @@ void DrawLegato(Picture& picture, const StaffBar& bar, int strum) {
     const double rise = std::min(7.0, 3 + (to - from) / 16);
     const double y = outermost->Y + outward * (BowAway + 0.5);
     DrawBow(picture, from, std::max(to, from + 5), y, -outward * rise, fall);
-    if (bar.Track.ShowTab || target.Pitch == outermost->Pitch) return;
+    if (!bar.ShowsHands() || target.Pitch == outermost->Pitch) return;
     const char* letter = target.Pitch > outermost->Pitch ? "H" : "P";
     const double middle = y + fall / 2 + outward * (rise + (outward < 0 ? 2.5 : 8.5));
     Print(picture, SmallFont, std::round((from + to) / 2), std::round(middle), letter);
@@ -165,12 +165,8 @@ void DrawGraceNotes(Picture& picture, const StaffBar& bar, int strum) {
         for (int step = -2; step >= spelling.Step; step -= 2) {
             picture.Line(column.GraceX - 4, bar.YOf(step), column.GraceX + 4, bar.YOf(step));
         }
-        if (!bar.IsDrum() && spelling.Alteration != KeyAlteration(bar.Bar.Key, spelling.Step, bar.Place.Clef)) {
-            const Accidental sign = spelling.Alteration > 0   ? Accidental::Sharp
-                                    : spelling.Alteration < 0 ? Accidental::Flat
-                                                              : Accidental::Natural;
-            picture.Stamp(AccidentalShape(sign, true), column.GraceX - 6, y);
-        }
+        const Accidental sign = GraceSign(bar, spelling);
+        if (sign != Accidental::None) picture.Stamp(AccidentalShape(sign, true), column.GraceX - 6, y);
         top = any ? std::min(top, y) : y;
         bottom = any ? std::max(bottom, y) : y;
         any = true;
@@ -180,8 +176,8 @@ void DrawGraceNotes(Picture& picture, const StaffBar& bar, int strum) {
     const double end = top - stemLong;
     picture.Line(x, bottom - 1, x, end);
     // A flag, and the stroke through it that makes it short.
-    picture.Polyline({{x, end}, {x + 3.2, end + 3.6}, {x + 3.4, end + 7}}, 1.2);
-    picture.Line(x - 3, end + 8, x + 4.5, end + 2.5, 1);
+    picture.Stamp(GraceFlagShape(), x, end);
+    picture.Line(x - 3, end + 9, x + 5.5, end + 3.5, 1);
     DrawBow(picture, column.GraceX, column.X - 1.5, bottom + 4, -2.5, std::clamp(column.Lowest() - bottom, -6.0, 6.0));
 }
 

@@ -44,9 +44,11 @@ struct StaffNote {
 };
 
 struct StaffColumn {
-    double X = 0;       ///< of its undisplaced heads
-    double Left = 0;    ///< of what stands before the heads: accidentals, grace notes
-    double GraceX = 0;  ///< of the heads of its grace notes
+    double X = 0;        ///< of its undisplaced heads
+    double Left = 0;     ///< of what stands before the heads: accidentals, grace notes
+    double GraceX = 0;   ///< of the heads of its grace notes
+    double StrokeX = 0;  ///< of the stroke over its strings, where the staff shows it
+    HeadSize Size = HeadSize::Full;
     std::vector<StaffNote> Notes;
     bool Rest = false;
     double RestDrop = 0;  ///< of a rest that makes room for a beam
@@ -61,6 +63,7 @@ struct StaffColumn {
     bool Displaced = false;  ///< some head stands right of the others
 
     bool Sounds() const { return !Notes.empty() || Slash; }
+    double Scale() const { return ScaleOf(Size); }
     double Highest() const;  ///< y of the topmost head
     double Lowest() const;
 };
@@ -85,14 +88,17 @@ struct StaffBar {
     const Core::Track& Track;
     const Core::Bar& Bar;
     bool UseFlats;
+    int Shown = 0;        ///< columns that stand in the bar; those of a bar too full for its time reach out of it
     bool Silent = false;  ///< nothing of the bar stands on this staff, or one rest as long as the bar
     std::vector<BeamGroup> Groups;
     std::vector<StaffColumn> Columns;
     std::vector<BeamStroke> Beams;  ///< the first of each run is the one that all its stems reach
     std::vector<BeamRun> Runs;
 
-    int Count() const { return static_cast<int>(Columns.size()); }
+    int Count() const { return Shown; }
+    int All() const { return static_cast<int>(Columns.size()); }
     StaffColumn& Column(int strum) { return Columns[static_cast<std::size_t>(strum)]; }
+    void LeaveOutWhatReachesOut();
     const StaffColumn& Column(int strum) const { return Columns[static_cast<std::size_t>(strum)]; }
     const Core::Strum& Strum(int strum) const { return Bar.Strums()[strum]; }
     int Bottom() const { return Place.Top + StaffLineSpan; }
@@ -100,6 +106,8 @@ struct StaffBar {
     double Right() const { return Context.X + Context.Width; }
     double NextX(int strum) const { return strum + 1 < Count() ? Column(strum + 1).X : Right(); }
     Color Ink() const { return Context.File.NoteFontColor; }
+    /// Where no tab tells what the hands do, the staff does.
+    bool ShowsHands() const { return !Track.ShowTab; }
     bool IsDrum() const { return Place.Clef == Clef::Percussion; }
 };
 
@@ -123,23 +131,36 @@ bool Takes(const StaffPlace& place, int pitch);
 void PlaceHeads(StaffBar& bar);
 void PlaceDrumHeads(StaffBar& bar);
 void PlaceAccidentals(StaffBar& bar);
-/// Moves columns whose accidentals would print over the bar line, a repeat's dots or the note before a little to the
-/// right, alike on all staves.
+/// Moves columns that would print over the bar line, a repeat's dots, the bar's number or the note before a little to
+/// the right, alike on all staves.
 void MakeRoomBefore(std::vector<StaffBar>& staves);
+/// From a head's middle to its side.
+double HeadReach(const StaffBar& bar, int strum, const StaffNote& note);
+/// The accidental of a grace note, None where its place has it already.
+Accidental GraceSign(const StaffBar& bar, const Spelling& spelling);
+/// What an accidental covers.
+Area SignArea(const StaffColumn& column, const StaffNote& note);
 void PlaceStems(StaffBar& bar);
 void PlaceBeams(StaffBar& bar);
 
 // What paints it.
+/// Of the figures of the time signature on a staff.
+double TimeFiguresWidth(const BarContext& bar);
 /// How far a crowded key signature pushes the time signature, and the first column of the staves, to the right.
 double SignatureOverhang(const BarContext& bar);
 void DrawSignatures(Picture& picture, const BarContext& bar, const StaffPlace& place);
+/// What the clefs of a row's first bar take left of it, 0 where none stand there: the bar shows its own, or the row
+/// does without.
+double RowHeadWidth(const BarContext& bar);
+/// A staff's clef and key left of its row.
+void DrawRowHead(Picture& picture, const BarContext& bar, const StaffPlace& place);
 void DrawStrumNotation(Picture& picture, const StaffBar& bar, int strum);
 void DrawPercussionStrum(Picture& picture, const StaffBar& bar, int strum);
 void DrawNoteHead(Picture& picture, const StaffBar& bar, int strum, const StaffNote& note);
 enum class LedgerLine { Plain, PlainAtSharp, Wide, WideAtSharp };
-/// A short line through x, y in two halves: 14 pixels from 3 left of the head, further for a whole note's. The left
-/// half of one at a sharp begins later.
-void DrawLedgerLine(Picture& picture, double x, double y, LedgerLine variant);
+/// A short line through x, y in two halves: 14 pixels from 3 left of the head, further for a whole note's and shorter
+/// for a small head's. The left half of one at a sharp begins later.
+void DrawLedgerLine(Picture& picture, double x, double y, LedgerLine variant, double scale = 1);
 void DrawLedgerLines(Picture& picture, const StaffBar& bar, int strum);
 void DrawRest(Picture& picture, const StaffBar& bar, int strum);
 /// The rest of a whole bar, in its middle.

@@ -48,14 +48,14 @@ Parts NaturalParts() {
 Parts FlagParts(bool several) {
     if (several) {
         return {PathOf({-0.4, 0})
-                    .Arc({0.6, 3.4}, {6.9, 4.6}, {6.4, 10.2})
-                    .Arc({6.3, 12}, {5.8, 13.4}, {5.1, 14.6})
-                    .Arc({5.7, 9.6}, {3.6, 5.8}, {-0.4, 4.2})};
+                    .Arc({0.5, 3.2}, {7.0, 4.8}, {6.6, 10.4})
+                    .Arc({6.5, 12.2}, {5.9, 13.6}, {5.2, 14.8})
+                    .Arc({5.8, 10}, {3.6, 6}, {-0.4, 3.7})};
     }
     return {PathOf({-0.4, 0})
-                .Arc({0.5, 4.4}, {7.6, 6.6}, {7.0, 13.0})
-                .Arc({6.8, 15.6}, {5.8, 17.4}, {4.9, 19.2})
-                .Arc({6.4, 13.4}, {4.9, 9.0}, {-0.4, 6.9})};
+                .Arc({0.3, 4.6}, {7.4, 7.2}, {7.2, 13.4})
+                .Arc({7.1, 15.8}, {6.2, 18.0}, {5.2, 20.0})
+                .Arc({6.5, 14.2}, {4.6, 8.8}, {-0.4, 5.4})};
 }
 
 Parts QuarterRest() {
@@ -142,16 +142,49 @@ Parts PercussionParts() { return {Upright(4.5, 7, 21, 2.6), Upright(9.5, 7, 21, 
 
 }  // namespace
 
-const Shape& HeadShape(HeadKind kind) {
-    static const std::array<Shape, 6> shapes = {{
-        {"whole-head", {WithHole(Ellipse(0, 0, 5.4, 3.45), Ellipse(0, 0, 2.9, 1.75, -55))}},
-        {"half-head", {WithHole(Ellipse(0, 0, 4.55, 3.2, 24), Ellipse(0, 0, 3.85, 1.45, 31))}},
-        {"head", {Ellipse(0, 0, 4.55, 3.15, 24)}},
-        {"open-diamond", {WithHole(DiamondOf(4.4, 4.1), DiamondOf(2.7, 2.5))}},
-        {"diamond", {DiamondOf(4.4, 4.1)}},
-        {"slash", {{{-4.6, 7}, {2.0, -7}, {4.6, -7}, {-2.0, 7}}}},
-    }};
-    return shapes[static_cast<std::size_t>(kind)];
+double ScaleOf(HeadSize size) {
+    static constexpr std::array<double, 3> scales = {1, 0.8, 0.62};
+    return scales[static_cast<std::size_t>(size)];
+}
+
+namespace {
+
+Parts HeadParts(HeadKind kind) {
+    switch (kind) {
+        case HeadKind::Whole:
+            return {WithHole(Ellipse(0, 0, 5.4, 3.45), Ellipse(0, 0, 2.9, 1.75, -55))};
+        case HeadKind::Half:
+            return {WithHole(Ellipse(0, 0, 4.6, 3.2, 24), Ellipse(0, 0, 3.75, 1.3, 31))};
+        case HeadKind::Filled:
+            return {Ellipse(0, 0, 4.6, 3.2, 24)};
+        case HeadKind::DiamondOpen:
+            return {WithHole(DiamondOf(4.4, 4.1), DiamondOf(2.7, 2.5))};
+        case HeadKind::Diamond:
+            return {DiamondOf(4.4, 4.1)};
+        case HeadKind::Slash:
+            return {{{-4.6, 7}, {2.0, -7}, {4.6, -7}, {-2.0, 7}}};
+    }
+    return {};
+}
+
+}  // namespace
+
+const Shape& HeadShape(HeadKind kind, HeadSize size) {
+    static constexpr std::array<std::array<std::string_view, 6>, 3> names = {
+        {{"whole-head", "half-head", "head", "open-diamond", "diamond", "slash"},
+         {"small-whole-head", "small-half-head", "small-head", "small-open-diamond", "small-diamond", "small-slash"},
+         {"tiny-whole-head", "tiny-half-head", "tiny-head", "tiny-open-diamond", "tiny-diamond", "tiny-slash"}}};
+    static const auto shapes = [] {
+        std::array<std::array<Shape, 6>, 3> made;
+        for (std::size_t s = 0; s < made.size(); ++s) {
+            const double scale = ScaleOf(static_cast<HeadSize>(s));
+            for (std::size_t k = 0; k < made[s].size(); ++k) {
+                made[s][k] = {names[s][k], Scaled(HeadParts(static_cast<HeadKind>(k)), scale, scale)};
+            }
+        }
+        return made;
+    }();
+    return shapes[static_cast<std::size_t>(size)][static_cast<std::size_t>(kind)];
 }
 
 const Shape& GraceHeadShape() {
@@ -179,6 +212,12 @@ const Shape& FlagShape(bool stemUp, bool several) {
     return shapes[(stemUp ? 0u : 2u) + (several ? 1u : 0u)];
 }
 
+const Shape& GraceFlagShape() {
+    constexpr double reduced = 0.62;
+    static const Shape shape{"grace-flag", Scaled(FlagParts(false), reduced, reduced)};
+    return shape;
+}
+
 const Shape& RestShape(int length) {
     static const std::array<Shape, 7> shapes = {{{"whole-rest", {{{-4.5, 7}, {4.5, 7}, {4.5, 10.5}, {-4.5, 10.5}}}},
                                                  {"half-rest", {{{-4.5, 10.5}, {4.5, 10.5}, {4.5, 14}, {-4.5, 14}}}},
@@ -199,8 +238,8 @@ const Shape& ClefShape(Clef clef) {
 const Shape& ParenthesesShape() {
     static const Shape shape{
         "parentheses",
-        {PathOf({-6.0, -4.6}).Arc({-8.6, -2}, {-8.6, 2}, {-6.0, 4.6}).Arc({-7.6, 2}, {-7.6, -2}, {-6.0, -4.6}),
-         PathOf({6.0, -4.6}).Arc({8.6, -2}, {8.6, 2}, {6.0, 4.6}).Arc({7.6, 2}, {7.6, -2}, {6.0, -4.6})}};
+        {PathOf({-6.0, -4.6}).Arc({-8.6, -2}, {-8.6, 2}, {-6.0, 4.6}).Arc({-7.2, 2}, {-7.2, -2}, {-6.0, -4.6}),
+         PathOf({6.0, -4.6}).Arc({8.6, -2}, {8.6, 2}, {6.0, 4.6}).Arc({7.2, 2}, {7.2, -2}, {6.0, -4.6})}};
     return shape;
 }
 

@@ -1,5 +1,6 @@
 // What the staff itself tells of the hands where no tab does: strokes, staccato, slides into and out of notes, tremolo.
 #include <algorithm>
+#include <cmath>
 #include <string>
 
 #include "drawing/NotationParts.h"
@@ -9,9 +10,9 @@ namespace Quillon::Drawing {
 namespace {
 
 void DrawStaffStroke(Picture& picture, const StaffBar& bar, int strum, bool up) {
-    constexpr double away = 5, overhang = 6;
+    constexpr double overhang = 6;
     const StaffColumn& column = bar.Column(strum);
-    const double x = std::max(column.Left - away, bar.Context.X + 3.0);
+    const double x = std::round(std::max(column.StrokeX, bar.Context.X + 3.0));
     const double top = column.Highest() - overhang, bottom = column.Lowest() + overhang;
     picture.Line(x, up ? top + 4 : top, x, up ? bottom : bottom - 4);
     DrawArrowhead(picture, x, up ? top - 1 : bottom + 1, up ? -1 : 1);
@@ -64,7 +65,7 @@ void DrawStaffBend(Picture& picture, const StaffBar& bar, int strum, const Staff
 void DrawStaffSigns(Picture& picture, const StaffBar& bar, int strum) {
     const StaffColumn& column = bar.Column(strum);
     const Core::Strum& own = bar.Strum(strum);
-    if (bar.Track.ShowTab || column.Notes.empty()) return;
+    if (!bar.ShowsHands() || column.Notes.empty()) return;
     if (own.Stroke != 0) DrawStaffStroke(picture, bar, strum, own.Stroke == 1);
     bool staccato = false;
     std::int32_t tremolo = 0;

@@ -23,17 +23,27 @@ Clef OwnClef(const Core::Track& track) {
     return track.ShowBass && !track.ShowTreble ? Clef::Bass : Clef::Treble;
 }
 
+/// How wide a key's signs stand. Those that find no room at their full size are small ones.
+struct SignWidths {
+    double Width, Comfortable, Least;  ///< of a sign; from one to the next
+    bool Small;
+};
+constexpr SignWidths FullSigns{5.4, 4.5, 3.9, false}, SmallSigns{3.9, 3.2, 2.2, true};
+
+double WidthOf(const SignWidths& signs, int count, double step) { return signs.Width + step * (count - 1); }
+
 /// Signs from `left` to `right`, as near each other as they must.
 void DrawKeySigns(Picture& picture, int count, Accidental sign, Clef clef, int top, double left, double right) {
-    constexpr double width = 5.4, widest = 5.6;
+    constexpr double widest = 5.6;
     const int signs = std::abs(count);
-    const double step = signs > 1 ? std::min(widest, (right - left - width) / (signs - 1)) : 0;
+    const SignWidths& widths = WidthOf(FullSigns, signs, FullSigns.Least) <= right - left ? FullSigns : SmallSigns;
+    const double step = signs > 1 ? std::min(widest, (right - left - widths.Width) / (signs - 1)) : 0;
     // What is left over stands between the clef and the first sign.
-    const double first = left + width / 2 + std::min(2.0, (right - left - width - step * (signs - 1)) / 2);
+    const double first = left + widths.Width / 2 + std::min(2.0, (right - left - WidthOf(widths, signs, step)) / 2);
     const auto& steps = count > 0 ? SharpSteps : FlatSteps;
     for (int i = 0; i < signs; ++i) {
         const int place = steps[static_cast<std::size_t>(i)] - (clef == Clef::Bass ? BassDrop : 0);
-        picture.Stamp(AccidentalShape(sign), first + step * i, top + StaffLineSpan - HalfStep * place);
+        picture.Stamp(AccidentalShape(sign, widths.Small), first + step * i, top + StaffLineSpan - HalfStep * place);
     }
 }
 
@@ -84,10 +94,9 @@ int KeyAlteration(std::int32_t key, int step, Clef clef) {
 namespace {
 
 constexpr double TimeRight = 40, Gap = 1;
-constexpr double SignWidth = 5.4;
 
 /// From the bar's left edge, behind the lines of a repeat.
-double ClefLeft(const BarContext& bar) { return bar.Info().RepeatOpen ? 6 : 1.5; }
+double ClefLeft(const BarContext& bar) { return bar.Info().RepeatOpen ? 6.5 : 2.5; }
 
 double ClefWidth(Clef clef) {
     static constexpr std::array<double, 3> widths = {13.2, 15.6, 12};
@@ -108,25 +117,38 @@ KeySignature SignatureOf(const StaffPlace& place, int bar) {
 
 /// From the clef to the figures of the time signature where they usually stand.
 double RoomForKey(const BarContext& bar, const StaffPlace& place) {
-    constexpr double digit = 8.2, single = 9.5;
-    const std::size_t digits =
-        std::max(std::to_string(bar.Info().TimeSigTop).size(), std::to_string(bar.Info().TimeSigBottom).size());
-    const double figures = digits == 1 ? single : digit * static_cast<double>(digits);
-    return TimeRight - figures - ClefLeft(bar) - ClefWidth(place.Clef) - 2 * Gap;
+    return TimeRight - TimeFiguresWidth(bar) - ClefLeft(bar) - ClefWidth(place.Clef) - 2 * Gap;
 }
 
 }  // namespace
 
+double TimeFiguresWidth(const BarContext& bar) {
+    constexpr double single = 9.5, digit = 7.6;
+    const std::size_t digits =
+        std::max(std::to_string(bar.Info().TimeSigTop).size(), std::to_string(bar.Info().TimeSigBottom).size());
+    return digits == 1 ? single : digit * static_cast<double>(digits);
+}
+
 double SignatureOverhang(const BarContext& bar) {
-    constexpr double comfortable = 4.4, most = 8;
-    if (!bar.ItsBar().Place.ShowTimeSig) return 0;
+    // Signs at their full size leave the first column under the bar's number clear; so do those before a repeat's dots.
+    constexpr double usual = 5, farthest = 14, beforeDots = 10;
+    const double most = bar.Info().RepeatOpen ? beforeDots : farthest;
+    const Core::BarPlace& placed = bar.ItsBar().Place;
+    if (!placed.ShowTimeSig) return 0;
     double missing = 0;
     for (const StaffPlace& place : StaffPlacesOf(bar)) {
         const int signs = std::abs(SignatureOf(place, bar.Bar).Count);
         if (signs == 0) continue;
-        missing = std::max(missing, SignWidth + comfortable * (signs - 1) - RoomForKey(bar, place));
+        const double room = RoomForKey(bar, place);
+        const bool full = WidthOf(FullSigns, signs, FullSigns.Least) <= room + usual;
+        const SignWidths& widths = full ? FullSigns : SmallSigns;
+        missing = std::max(missing, std::min(WidthOf(widths, signs, widths.Comfortable) - room, full ? usual : most));
     }
-    return std::min(missing, most);
+    if (missing <= 0) return 0;
+    // No further than the first column can step aside.
+    const auto& columns = placed.StrumX;
+    const double next = columns.Count() > 1 ? columns[1] - columns[0] : bar.Width - BarStartOffset(bar.ItsBar());
+    return std::min(missing, std::max(0.0, next / 2));
 }
 
 void DrawSignatures(Picture& picture, const BarContext& bar, const StaffPlace& place) {
@@ -136,8 +158,35 @@ void DrawSignatures(Picture& picture, const BarContext& bar, const StaffPlace& p
     const KeySignature key = SignatureOf(place, bar.Bar);
     if (key.Count == 0) return;
     const double left = bar.X + ClefLeft(bar) + ClefWidth(place.Clef) + Gap;
-    const double room = std::max(SignWidth, RoomForKey(bar, place) + SignatureOverhang(bar));
+    const double room = std::max(SmallSigns.Width, RoomForKey(bar, place) + SignatureOverhang(bar));
     DrawKeySigns(picture, key.Count, key.Sign, place.Clef, place.Top, left, left + room);
+}
+
+double RowHeadWidth(const BarContext& bar) {
+    constexpr double letters = 18, edge = 2, clearOfNumber = 6, signStep = 5.2;
+    const bool changes = bar.ItsBar().Place.ShowTimeSig;
+    if (bar.Look.RowHeadRoom <= 0 || changes || TabBar(bar).Beside(-1)) return 0;
+    double clefs = bar.ItsTrack().ShowTab ? letters : 0, keys = 0;
+    for (const StaffPlace& place : StaffPlacesOf(bar)) {
+        clefs = std::max(clefs, edge + ClefWidth(place.Clef) + clearOfNumber);
+        const int signs = std::abs(SignatureOf(place, bar.Bar).Count);
+        if (place.Track.Bars.UpperBound() < bar.Bar || KeySigns(place.Track.Bars[bar.Bar].Key) == 0) continue;
+        keys = std::max(keys, WidthOf(FullSigns, signs, signStep) + Gap);
+    }
+    if (clefs + keys <= bar.Look.RowHeadRoom) return clefs + keys;
+    return clefs <= bar.Look.RowHeadRoom ? clefs : 0;
+}
+
+void DrawRowHead(Picture& picture, const BarContext& bar, const StaffPlace& place) {
+    constexpr double edge = 2, clearOfNumber = 6;
+    const double width = RowHeadWidth(bar), left = bar.X - width + edge;
+    picture.SetColor(bar.File.NoteFontColor);
+    picture.Stamp(ClefShape(place.Clef), left, place.Top);
+    DrawOctaveFigure(picture, place.Track, place.Clef, left, place.Top);
+    const double behind = left + ClefWidth(place.Clef) + Gap, right = bar.X - clearOfNumber;
+    const KeySignature key = SignatureOf(place, bar.Bar);
+    if (key.Count == 0 || key.Sign == Accidental::Natural || right - behind < SmallSigns.Width) return;
+    DrawKeySigns(picture, key.Count, key.Sign, place.Clef, place.Top, behind, right);
 }
 
 }  // namespace Quillon::Drawing

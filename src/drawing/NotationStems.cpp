@@ -40,7 +40,8 @@ void PlaceStems(StaffBar& bar) {
                 continue;
             }
             // Between heads that stand beside each other.
-            const double side = column.Displaced ? 3 : column.StemUp ? HeadHalf : -HeadHalf;
+            const double half = std::round(HeadHalf * column.Scale());
+            const double side = column.Displaced ? std::round(3 * column.Scale()) : column.StemUp ? half : -half;
             column.StemX = std::round(column.X) + side;
             const double near = column.StemUp ? column.Highest() : column.Lowest();
             column.StemStart = column.StemUp ? column.Lowest() - 1 : column.Highest() + 1;

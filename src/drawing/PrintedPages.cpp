@@ -25,7 +25,7 @@ void PrintedTrack::Draw(Picture& picture, int page, const RunningTexts* texts) {
     picture.Box(0, 0, Page.PageWidth, Page.PageHeight, White);
     DrawPageFurniture(picture, Page, file, track, 0, 0, page, Pages(), texts);
     if (count.TooSmall) return TellPageTooSmall();
-    if (lyricsPoints == 0) lyricsPoints = LyricsPoints(picture, file, track);
+    if (!look) look = LookOfRows(picture, file, track);
     const auto& bars = file.Tracks[track].Bars;
     int bar = 0;
     for (int end = bars.Count(); bar < end;) {  // the pages' bars follow each other
@@ -36,7 +36,7 @@ void PrintedTrack::Draw(Picture& picture, int page, const RunningTexts* texts) {
     const int top = (Page.PageHeight + PageGap) * page;
     for (; bar < bars.Count() && bars[bar].Place.Page == page; ++bar) {
         const Core::BarPlace& place = bars[bar].Place;
-        DrawBar(picture, place.BarX, place.BarY - top, file, track, bar, place.BarWidth, lyricsPoints);
+        DrawBar(picture, place.BarX, place.BarY - top, file, track, bar, place.BarWidth, *look);
     }
 }
 

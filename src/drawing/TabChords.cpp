@@ -59,10 +59,9 @@ Chart ChartOf(const Core::Strum& strum) {
     return chart;
 }
 
-void DrawChart(Picture& picture, const TabBar& bar, const Chart& chart, double middle, bool barre) {
+void DrawChart(Picture& picture, const TabBar& bar, const Chart& chart, double middle, int top, bool barre) {
     const int strings = chart.Strings;
     const int width = (strings - 1) * Step;
-    const int top = bar.Context.Y - ChartTop;
     const int left = static_cast<int>(middle) - width / 2;
     const int right = left + width;
     const auto stringX = [&](int string) { return right - string * Step; };  // string 0 at the right
@@ -100,6 +99,16 @@ void DrawChart(Picture& picture, const TabBar& bar, const Chart& chart, double m
     }
 }
 
+/// How far a chart, from its rings down to its last fret, must rise to stand clear of high notes and signs; 0 when
+/// nothing helps.
+int LiftOf(const TabBar& bar, double left, double right, int top) {
+    constexpr int step = 3, most = 36;
+    for (int lift = 0; lift <= most; lift += step) {
+        if (bar.Around.IsFree({left, top - lift - 7.0, right, top - lift + FretRows * Step + 1.0})) return lift;
+    }
+    return 0;
+}
+
 }  // namespace
 
 void DrawChords(Picture& picture, TabBar& bar) {
@@ -113,16 +122,18 @@ void DrawChords(Picture& picture, TabBar& bar) {
         if (bar.Context.File.AlwaysCharts) chart = ChartOf(strum);
         const double half = (chart.Strings - 1) * Step / 2.0 + 3;
         const bool charted = chart.Strings > 0 && x - half >= free;
+        int top = bar.Context.Y - ChartTop + bar.Context.Look.ChartDrop;
         if (charted) {
-            DrawChart(picture, bar, chart, x, strum.ChordFlag);
+            top -= LiftOf(bar, x - half, x + half + (chart.FirstFret > 1 ? 5 : 0), top);
+            DrawChart(picture, bar, chart, x, top, strum.ChordFlag);
             free = x + half;
-            bar.Around.Take({x - half, bar.Context.Y - ChartTop - 7.0, x + half + 5, bar.Context.Y - 41.0});
+            bar.Around.Take({x - half, top - 7.0, x + half + 5, top + FretRows * Step + 1.0});
         }
         if (strum.ChordName.empty()) continue;
         picture.SetColor(bar.Ink());
         picture.SetFont(nameFont);
         const double halfName = picture.TextWidth(strum.ChordName) / 2;
-        double middle = bar.Context.Y - NameMiddle;
+        double middle = top - (NameMiddle - ChartTop);
         if (bar.Context.File.AlwaysCharts) {
             bar.Around.Take({x - halfName, middle - 4, x + halfName, middle + 4});
         } else {

@@ -67,13 +67,13 @@ std::string Figure(const Core::Track& track, int string, const Core::Note& note,
     return text + MarksBehind(note);
 }
 
-void DrawFigures(Picture& picture, const TabBar& bar, int strum) {
+void DrawFigures(Picture& picture, const TabBar& bar, int strum, Color ink) {
     constexpr double halfDigit = 0.36;  // of the em
     constexpr int above = 4, margin = 1;
     const Core::Strum& column = bar.Strum(strum);
     const double drop = std::round(halfDigit * NoteFont(bar.Context.File).Pixels());
     const double x = bar.Column(strum);
-    picture.SetColor(bar.Ink());
+    picture.SetColor(ink);
     for (int string = 0; string < bar.Strings; ++string) {
         const Core::Note& note = column.Notes[string];
         if (note.Fret.empty()) continue;
@@ -90,7 +90,7 @@ void DrawFigures(Picture& picture, const TabBar& bar, int strum) {
 void DrawStrum(Picture& picture, const BarContext& context, int strum) {
     if (context.ItsTrack().ShowTab) {
         TabBar bar(context);
-        DrawFigures(picture, bar, strum);
+        DrawFigures(picture, bar, strum, bar.Ink());
         DrawNoteSigns(picture, bar, strum);
         DrawLinks(picture, bar, strum);
         DrawBends(picture, bar, strum);
@@ -105,7 +105,9 @@ namespace {
 
 void DrawStrings(Picture& picture, TabBar& bar) {
     // Figures of all columns first: their white boxes must not cut what reaches from one column to the next.
-    for (int strum = 0; strum < bar.StrumCount(); ++strum) DrawFigures(picture, bar, strum);
+    for (int strum = 0; strum < bar.Bar.Strums().Count(); ++strum) {
+        DrawFigures(picture, bar, strum, strum < bar.StrumCount() ? bar.Ink() : OverfullInk);
+    }
     picture.SetColor(bar.Ink());
 }
 

@@ -17,6 +17,7 @@ namespace {
 constexpr int ThinLine = 4;
 constexpr int DotsInset = 7;
 constexpr int DotsInsetWithFigures = 67;
+constexpr int LettersInset = 12;  ///< of the middle of "T", "A", "B"
 
 /// Tops and bottoms of what a row shows.
 struct Staves {
@@ -51,13 +52,13 @@ void DrawTimeSignature(Picture& picture, const BarContext& bar, double middle, d
     Print(picture, font, bar.X + right, middle + half + drop, bottom, Anchor::Right);
 }
 
-void DrawTabLetters(Picture& picture, const BarContext& bar, int top, int strings) {
-    constexpr int x = 12, step = 11, ascent = 10;
+void DrawTabLetters(Picture& picture, const BarContext& bar, double x, int top, int strings) {
+    constexpr int step = 11, ascent = 10;
     const Font font{.Name = "Arial", .Size = 8, .Bold = true};
     picture.SetColor(bar.File.NoteFontColor);
     int y = top + strings * StringStep / 2 - 22;
     for (const char* letter : {"T", "A", "B"}) {
-        Print(picture, font, bar.X + x, y + ascent, letter);
+        Print(picture, font, x, y + ascent, letter);
         y += step;
     }
 }
@@ -124,7 +125,9 @@ void DrawBarLines(Picture& picture, const BarContext& bar, const Staves& staves)
     const bool closes = bar.Info().RepeatClose > 0;
     const bool ends = bar.Bar == bar.ItsTrack().Bars.UpperBound();
     picture.SetColor(bar.File.LineColor);
-    upright(bar.X, opens ? 3 : 1);
+    const int head = static_cast<int>(std::ceil(RowHeadWidth(bar)));
+    if (head > 0) upright(bar.X - head, 1);
+    if (opens || head == 0) upright(bar.X, opens ? 3 : 1);
     if (opens) upright(bar.X + ThinLine, 1);
     if (closes || ends) {
         upright(right, 3);
@@ -195,8 +198,14 @@ void DrawBarFrame(Picture& picture, const BarContext& bar) {
     }
     PrintSmall(picture, number, Anchor::Left);
     picture.SetColor(bar.File.LineColor);
-    for (const StaffPlace& staff : staves.Places) DrawStaffLines(picture, bar.X, right, staff.Top, 5, StaffStep);
-    if (staves.Tab) DrawStaffLines(picture, bar.X, right, staves.TabTop, strings, StringStep);
+    const int head = static_cast<int>(std::ceil(RowHeadWidth(bar)));
+    const int left = bar.X - head;
+    for (const StaffPlace& staff : staves.Places) DrawStaffLines(picture, left, right, staff.Top, 5, StaffStep);
+    if (staves.Tab) DrawStaffLines(picture, left, right, staves.TabTop, strings, StringStep);
+    if (head > 0) {
+        for (const StaffPlace& staff : staves.Places) DrawRowHead(picture, bar, staff);
+        if (staves.Tab) DrawTabLetters(picture, bar, left + 8, staves.TabTop, strings);
+    }
     if (figures) {
         constexpr double onStaff = 7, onTab = 9;
         for (const StaffPlace& staff : staves.Places) {
@@ -204,7 +213,7 @@ void DrawBarFrame(Picture& picture, const BarContext& bar) {
             DrawTimeSignature(picture, bar, staff.Top + StaffLineSpan / 2, onStaff, true);
         }
         if (staves.Tab) {
-            DrawTabLetters(picture, bar, staves.TabTop, strings);
+            DrawTabLetters(picture, bar, bar.X + LettersInset, staves.TabTop, strings);
             if (staves.Places.empty() || staves.Places.front().OfOther) {
                 DrawTimeSignature(picture, bar, (staves.TabTop + staves.TabBottom) / 2.0, onTab);
             }

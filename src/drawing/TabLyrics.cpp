@@ -68,7 +68,40 @@ Font LyricsFont(const Core::TabFile& file, double size) {
 
 }  // namespace
 
-double LyricsSize(Picture& picture, const Core::TabFile& file, int track, int lyricsTrack) {
+namespace {
+
+/// Lines of lyrics in use, 0 without any.
+int LinesInUse(const Core::TabFile& file, int lyricsTrack) {
+    int lines = 0;
+    for (const Core::Bar& bar : file.Tracks[lyricsTrack].Bars) {
+        for (const Core::Strum& strum : bar.Strums()) {
+            for (int line = lines; line < Core::LyricLines; ++line) {
+                if (!strum.Syllables.Read()[line].empty()) lines = line + 1;
+            }
+        }
+    }
+    return lines;
+}
+
+bool HasCharts(const Core::TabFile& file, int track) {
+    if (!file.AlwaysCharts) return false;
+    for (const Core::Bar& bar : file.Tracks[track].Bars) {
+        for (const Core::Strum& strum : bar.Strums()) {
+            if (strum.HasChord) return true;
+        }
+    }
+    return false;
+}
+
+double LinesHeight(double points, int lines) { return lines * std::ceil(points * 4 / 3 * LineHeight); }
+
+}  // namespace
+
+RowLook LookOfLyrics(Picture& picture, const Core::TabFile& file, int track, int lyricsTrack) {
+    constexpr int numberZone = 14, chartZone = 87, mostDrop = 28;
+    constexpr double leastForRoom = 9;
+    const int lines = LinesInUse(file, lyricsTrack);
+    if (lines == 0) return {};
     const double full = std::clamp(file.FontSize - 1.0, SmallestSize, LargestFontSize);
     picture.SetFont(LyricsFont(file, full));
     double fit = 1;
@@ -77,15 +110,24 @@ double LyricsSize(Picture& picture, const Core::TabFile& file, int track, int ly
         if (frame.Bars[bar].Place.Page < 0) continue;
         fit = std::min(fit, Fit(picture, SyllablesOf(file, frame.Bars[bar], lyricsTrack, bar)));
     }
-    return std::max(SmallestSize, std::floor(full * fit));
+    RowLook look{.LyricsSize = std::max(SmallestSize, std::floor(full * fit))};
+    const bool charts = HasCharts(file, track);
+    const int gap = file.RowSpacing - StaffHeadroom - (charts ? chartZone : numberZone);
+    const double missing = LinesHeight(look.LyricsSize, lines) - gap;
+    if (missing <= 0) return look;
+    look.ChartDrop = charts ? std::min(mostDrop, static_cast<int>(std::ceil(missing))) : 0;
+    while (look.LyricsSize > leastForRoom && LinesHeight(look.LyricsSize, lines) > gap + look.ChartDrop) {
+        look.LyricsSize -= 1;
+    }
+    return look;
 }
 
-void DrawLyrics(Picture& picture, const BarContext& bar, int lyricsTrack, double size) {
+void DrawLyrics(Picture& picture, const BarContext& bar, int lyricsTrack) {
     const Core::TabFile& file = bar.File;
     const Core::Bar& own = bar.ItsBar();
     const std::vector<Syllable> syllables = SyllablesOf(file, own, lyricsTrack, bar.Bar);
     if (syllables.empty()) return;
-    const Font font = LyricsFont(file, size);
+    const Font font = LyricsFont(file, std::max(SmallestSize, bar.Look.LyricsSize));
     picture.SetFont(font);
     picture.SetColor(file.FontColor);
     const double height = std::ceil(font.Pixels() * LineHeight);

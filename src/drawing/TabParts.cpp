@@ -65,7 +65,11 @@ TabBar::TabBar(const BarContext& bar)
       Top(bar.Y + TabOffset(Track) + FirstLineDrop),
       Bottom(Top + StringStep * (Strings - 1)),
       OnStaff(!Track.ShowTab && (Track.ShowTreble || Track.ShowBass)),
+      Shown(Bar.Strums().Count()),
       OnRowTop(Top == bar.Y) {
+    if (Bar.Place.StrumX.Count() >= Shown && Beside(1)) {
+        while (Shown > 1 && Column(Shown - 1) > Right() - OverfullReach) --Shown;
+    }
     if (!OnStaff) return;
     const std::vector<StaffPlace> staves = StaffPlacesOf(bar);
     const std::size_t lowest = Track.ShowTreble && Track.ShowBass ? 1 : 0;
@@ -94,6 +98,10 @@ Partner NextOnString(const TabBar& bar, int strum, int string) {
     for (int next = strum + 1; next < bar.StrumCount(); ++next) {
         const Core::Note& note = bar.Strum(next).Notes[string];
         if (!note.Fret.empty()) return {&note, bar.Column(next), true, next == strum + 1};
+    }
+    for (int next = bar.StrumCount(); next < bar.Bar.Strums().Count(); ++next) {
+        const Core::Note& note = bar.Strum(next).Notes[string];
+        if (!note.Fret.empty()) return {&note, bar.Right() + 2, false, false};
     }
     const int following = bar.Context.Bar + 1;
     if (following > bar.Track.Bars.UpperBound()) return {};

@@ -50,10 +50,12 @@ struct TabBar {
     int Top;        ///< y of the first string's line
     int Bottom;     ///< y of the last string's line
     bool OnStaff;   ///< the tab is hidden: what belongs to no string stands around the staves instead
+    int Shown;      ///< see StrumCount
     bool OnRowTop;  ///< no staff stands above the tab, so that it shares its room with the bar number
     Room Around;
 
-    int StrumCount() const { return Bar.Strums().Count(); }
+    /// Strums that stand in the bar. Those of a bar too full for its time reach into the next bar of the row.
+    int StrumCount() const { return Shown; }
     const Core::Strum& Strum(int strum) const { return Bar.Strums()[strum]; }
     double Column(int strum) const;
     /// x of the next column, and of the bar's right edge behind the last one.
@@ -73,6 +75,11 @@ struct Partner {
     bool Adjacent = false;  ///< no other strum stands between
 };
 Partner NextOnString(const TabBar& bar, int strum, int string);
+
+/// Ink of what reaches into the next bar: both stay legible.
+constexpr Color OverfullInk = PackColor(0xC0, 0x8C, 0x8C);
+/// Behind this x a column stands in the next bar, and none of a bar that keeps its time does.
+constexpr double OverfullReach = 4;
 
 Font NoteFont(const Core::TabFile& file);
 /// The text at a string of a strum, "" for none; `core` is its part that is centred.
@@ -101,7 +108,7 @@ void DrawWave(Picture& picture, double left, double right, double middle, double
 void DrawArrowhead(Picture& picture, double x, double y, int direction, double size = 5);
 
 // The painters of a bar, in the order in which they are called.
-void DrawFigures(Picture& picture, const TabBar& bar, int strum);
+void DrawFigures(Picture& picture, const TabBar& bar, int strum, Color ink);
 void DrawLinks(Picture& picture, TabBar& bar, int strum);      ///< hammer-ons, pull-offs, ties, slides
 void DrawLinksFromLastRow(Picture& picture, TabBar& bar);      ///< their ends when they began on the row before
 void DrawNoteSigns(Picture& picture, TabBar& bar, int strum);  ///< grace notes, trills, strokes, slashes

@@ -5,6 +5,7 @@
 
 #include "core/mod_TabFileStructure.h"
 #include "drawing/mod_PageLayout.h"
+#include "drawing/mod_TabDrawing.h"
 #include "platform/Picture.h"
 
 namespace Quillon::Drawing {
@@ -25,10 +26,10 @@ int LastPage();
 /// Says, once for a page size, that no row fits on the page.
 void TellPageTooSmall();
 
-/// Points of a track's lyrics, its own or those that it borrows (see LyricsSize).
-double LyricsPoints(Picture& picture, const Core::TabFile& file, int track);
-/// Paints one bar at x, y: frame, strums, marks and lyrics, these at `lyricsSize` points (see LyricsSize).
+/// How the rows of a track look as Page has it, with its lyrics or those that it borrows. The track is laid out.
+RowLook LookOfRows(Picture& picture, const Core::TabFile& file, int track);
+/// Paints one bar at x, y: frame, strums, marks and lyrics.
 void DrawBar(Picture& picture, int x, int y, const Core::TabFile& file, int track, int bar, int width,
-             double lyricsSize);
+             const RowLook& look);
 
 }  // namespace Quillon::Drawing

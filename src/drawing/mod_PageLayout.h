@@ -29,6 +29,7 @@ struct PageSetup {
     std::int16_t PageScaleIndex = 0;  ///< 0 centimetres, 1 inches
     std::int16_t MinTabX = 28;        ///< lowest spacing at which another bar may join a row
     std::int16_t MaxTabX = 80;        ///< ceiling of a bar's stored step
+    bool ClefOnEveryRow = false;      ///< rows that change nothing show their clef and key too, left of the first bar
     bool AutoPageStretch = false;     ///< pages take the size of the window
     std::uint8_t LayoutDirty = 1;     ///< a full layout pass is due
 };

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "drawing/mod_PageLayout.h"
+#include "drawing/mod_TabDrawing.h"
 #include "platform/Picture.h"
 
 namespace Quillon::Drawing {
@@ -36,7 +37,7 @@ private:
     int track;
     PageCount count;
     std::optional<std::uint64_t> pass;  ///< after which the bars stood as these pages have them
-    double lyricsPoints = 0;            ///< 0 until measured
+    std::optional<RowLook> look;        ///< none until measured
 };
 
 /// Pages of a track when it is painted by DrawPage, at least 1.

@@ -17,6 +17,13 @@ constexpr Color HighlightColor = PackColor(49, 106, 197);
 /// Points of the largest text that is drawn; a file may ask for any number.
 constexpr double LargestFontSize = 200;
 
+/// How all rows of a laid-out track look, beside what the document says.
+struct RowLook {
+    double LyricsSize = 0;  ///< points; 0 without lyrics
+    int ChartDrop = 0;      ///< how much lower than usual chord charts stand, to make room for the lyrics above them
+    int RowHeadRoom = 0;    ///< pixels left of a row that clefs may take; 0 for no clef on a row that changes nothing
+};
+
 /// Everything a bar's painter reads.
 struct BarContext {
     const Core::TabFile& File;
@@ -25,6 +32,7 @@ struct BarContext {
     int X;
     int Y;
     int Width;
+    RowLook Look{};
 
     const Core::Track& ItsTrack() const { return File.Tracks[Track]; }
     const Core::Bar& ItsBar() const { return ItsTrack().Bars[Bar]; }
@@ -40,12 +48,12 @@ void DrawBarStrums(Picture& picture, const BarContext& bar);
 void DrawStrum(Picture& picture, const BarContext& bar, int strum);
 /// D.S., coda, to coda and segno, in this order: the first 36 above the row, further ones higher by 16.
 void DrawBarMarks(Picture& picture, const BarContext& bar);
-/// Points at which a laid-out track shows the lyrics of `lyricsTrack` on every row: one less than the document's text
-/// font, and smaller in whole points, down to 6, when syllables would run into each other anywhere.
-double LyricsSize(Picture& picture, const Core::TabFile& file, int track, int lyricsTrack);
-/// The lyric lines of the strums of `lyricsTrack`'s bar under this bar's row, in columns worked out apart; `size` in
-/// points.
-void DrawLyrics(Picture& picture, const BarContext& bar, int lyricsTrack, double size);
+/// How a laid-out track shows the lyrics of `lyricsTrack` on every row: at one point less than the document's text
+/// font, smaller in whole points where syllables would run into each other anywhere, and where the lines do not fit
+/// between two rows. Chord charts come down first, as far as they can.
+RowLook LookOfLyrics(Picture& picture, const Core::TabFile& file, int track, int lyricsTrack);
+/// The lyric lines of the strums of `lyricsTrack`'s bar under this bar's row, in columns worked out apart.
+void DrawLyrics(Picture& picture, const BarContext& bar, int lyricsTrack);
 /// Two dots at y and y + 7.
 void DrawRepeatDots(Picture& picture, double x, double y);
 /// `lines` level lines from x1 to x2, `step` pixels apart.

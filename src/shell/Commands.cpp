@@ -7,6 +7,7 @@
 #include "core/mod_Language.h"
 #include "core/mod_Settings.h"
 #include "core/mod_TabFileStructure.h"
+#include "drawing/mod_PageLayout.h"
 #include "editing/mod_Undo.h"
 #include "platform/Services.h"
 #include "shell/BarCommands.h"
@@ -174,6 +175,11 @@ constexpr Command Table[] = {
      .Icon = "mix-table",
      .Run = mnuViewMixTable_Click,
      .Checked = [] { return Program.MixTableVisible; }},
+    {.Name = "mnuViewRowClefs",
+     .Menu = ViewMenu,
+     .Text = "str_ViewRowClefs",
+     .Run = mnuViewRowClefs_Click,
+     .Checked = [] { return Drawing::Page.ClefOnEveryRow; }},
 
     {.Name = "mnuTrackProperties",
      .Menu = TrackMenu,

@@ -89,6 +89,13 @@ void mnuViewDarkPaper_Click() {
     Program.View->UpdateCommands();
 }
 
+void mnuViewRowClefs_Click() {
+    Drawing::Page.ClefOnEveryRow = !Drawing::Page.ClefOnEveryRow;
+    Drawing::Page.LayoutDirty = 1;
+    Program.View->UpdateCommands();
+    Program.View->DrawDocument();
+}
+
 std::string LayoutFailureText(const RunTimeError& error) {
     return error.Number == OverflowNumber ? Core::LanguageText("str_LayoutOverflow") : error.Description();
 }
@@ -111,6 +118,7 @@ void LoadStoredState() {
     page.IsLandscape = number("PageSetup", "Landscape", 0, 0, 1) == 1;
     page.PageLeftMargin = number("PageSetup", "LeftMargin", page.PageLeftMargin, 0, MostMargin);
     page.PageTopMargin = number("PageSetup", "TopMargin", page.PageTopMargin, 0, MostMargin);
+    page.ClefOnEveryRow = number("View", "ClefOnEveryRow", 0, 0, 1) == 1;
     Drawing::ApplyPaperSize(page);
     Drawing::Page = page;
     Program.ZoomPercent = StoredNumber("View", "Zoom", 100, LeastZoom, MostZoom);
@@ -140,6 +148,7 @@ void SaveStoredState() {
     save("View", "Zoom", Program.ZoomPercent);
     save("View", "Theme", Program.Theme);
     save("View", "ToolbarsMoved", Program.ToolbarsMoved ? 1 : 0);
+    save("View", "ClefOnEveryRow", page.ClefOnEveryRow ? 1 : 0);
     save("View", "MixTable", Program.MixTableVisible ? 1 : 0);
     save("View", "Fretboard", Program.FretboardVisible ? 1 : 0);
     save("View", "FretboardNames", Program.FretboardNames ? 1 : 0);

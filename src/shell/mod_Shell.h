@@ -218,6 +218,8 @@ void mnuTrackPrevious_Click();
 void mnuViewMixTable_Click();
 /// Dark paper under dark windows, on the screen alone: never in print, in its preview, or in files.
 void mnuViewDarkPaper_Click();
+/// Clefs and keys on every row, or only where they change; kept in the store.
+void mnuViewRowClefs_Click();
 
 /// Toolbars go by the name that Command::Toolbar holds. Whether they show and are docked is kept in the settings.
 bool IsToolbarVisible(std::string_view toolbar);

@@ -3,7 +3,7 @@
 
 #include "core/mod_Common.h"
 #include "core/mod_TabFileManipulation.h"
-#include "drawing/mod_NotationDrawing.h"
+#include "drawing/NotationParts.h"
 #include "drawing/mod_PageLayout.h"
 #include "tests/support/Golden.h"
 
@@ -110,6 +110,12 @@ TEST(LayoutVectors, StemsGroupsAndHeads) {
         json offsets = json::array();
         for (const Head& head : StrumHeads(Core::Track{}, strum, false)) offsets.push_back({head.String, head.DX});
         EXPECT_EQ(offsets, row[1]) << row;
+    }
+}
+
+TEST(LayoutVectors, Keys) {
+    for (const json& row : Vectors("KeyList_proposal")) {
+        EXPECT_EQ(KeySigns(row[0]), row[3].get<int>() - row[4].get<int>()) << row;
     }
 }
 

@@ -111,6 +111,95 @@ TEST_F(NotationPages, EveryCombinationOfStaves) {
     }
 }
 
+/// How much of each kind a page holds, from where to where its bars reach, and a sum of its log: a line that tells
+/// which combination changed, where the logs above tell what.
+struct Digest : PictureLog {
+    double Top = 1e9, Bottom = 0, Right = 0;
+    int Lines = 0, Shapes = 0, Texts = 0;
+
+    void Line(double x1, double y1, double x2, double y2, double width) override {
+        Reach(std::max(x1, x2), std::min(y1, y2), std::max(y1, y2));
+        ++Lines;
+        PictureLog::Line(x1, y1, x2, y2, width);
+    }
+    void Stamp(const Shape& shape, double x, double y) override {
+        Reach(x, y, y);
+        ++Shapes;
+        PictureLog::Stamp(shape, x, y);
+    }
+    using PictureLog::Print;
+    void Print(double x, double baseline, std::string_view text, Anchor anchor) override {
+        ++Texts;
+        PictureLog::Print(x, baseline, text, anchor);
+    }
+    void Reach(double x, double top, double bottom) {
+        Right = std::max(Right, x);
+        if (top > 200) Top = std::min(Top, top);  // below the header
+        Bottom = std::max(Bottom, bottom);
+    }
+    std::string Told() const {
+        std::uint32_t sum = 2166136261u;
+        for (const char c : Text()) sum = (sum ^ static_cast<unsigned char>(c)) * 16777619u;
+        char line[120];
+        std::snprintf(line, sizeof line, "%4d lines %4d shapes %3d texts, %g to %g down, %g across, %08x", Lines,
+                      Shapes, Texts, Top, Bottom, Right, static_cast<unsigned>(sum));
+        return line;
+    }
+};
+
+TEST_F(NotationPages, AllCombinationsOfStavesStringsAndLyrics) {
+    Open.TabFile.Tracks[0].Bars.Edit(0).EditStrums()[0].Syllables.Edit()[0] = "one";
+    Open.TabFile.Tracks[1].Bars.Edit(0).EditStrums()[0].Syllables.Edit()[1] = "two";
+    const Core::TabFile original = Open.TabFile;
+    static constexpr const char* staves[] = {"",    "treble",     "bass",     "treble bass",
+                                             "tab", "treble tab", "bass tab", "treble bass tab"};
+    static constexpr const char* lyrics[] = {"own lyrics", "other's lyrics", "other's staff"};
+    std::string table;
+    for (const int drums : {0, 1}) {
+        for (int shown = 1; shown < 8; ++shown) {
+            for (int strings = drums == 1 ? 6 : 4; strings <= (drums == 1 ? 6 : 7); ++strings) {
+                for (int words = 0; words < 3; ++words) {
+                    Open.TabFile = original;
+                    Core::Track& track = Open.TabFile.Tracks[drums];
+                    track.ShowTreble = (shown & 1) != 0;
+                    track.ShowBass = (shown & 2) != 0;
+                    track.ShowTab = (shown & 4) != 0;
+                    track.Strings = static_cast<std::int16_t>(strings);
+                    track.LyricsOfOtherTrack = words > 0 ? 1 : 0;
+                    track.LyricsTrack = static_cast<std::int16_t>(1 - drums);
+                    track.ShowStaff = words == 2;
+                    Digest digest;
+                    DrawPage(digest, drums, 0);
+                    table += std::string(drums == 1 ? "drums, " : "") + staves[shown] + ", " + std::to_string(strings) +
+                             " strings, " + lyrics[words] + ": " + digest.Told() + "\n";
+                }
+            }
+        }
+    }
+    Testing::CheckGolden("drawing/combinations.txt", table);
+}
+
+TEST_F(NotationPages, ClefsStandOnEveryRowWhereOneWantsThem) {
+    const auto clefs = [] {
+        PictureLog log;
+        DrawPage(log, 0, 0);
+        int count = 0;
+        for (std::size_t at = 0; (at = log.Text().find("shape treble-clef", at)) != std::string::npos; ++at) ++count;
+        return count;
+    };
+    const int changes = clefs();
+    Page.ClefOnEveryRow = true;
+    const Core::Track& track = Open.TabFile.Tracks[0];
+    int rows = 0;
+    for (const Core::Bar& bar : track.Bars) {
+        rows += bar.Place.Page == 0 && bar.Place.BarX == Page.PageLeftMargin && !bar.Place.ShowTimeSig;
+    }
+    EXPECT_GT(rows, 0);
+    EXPECT_EQ(clefs(), changes + rows);
+    Page.PageLeftMargin = 10;  // no room beside the paper's edge
+    EXPECT_EQ(clefs(), changes);
+}
+
 TEST_F(NotationPages, TheStaffOfTheTrackWhoseLyricsAreShownHasItsNotes) {
     Core::Track& track = Open.TabFile.Tracks[1];
     track.ShowStaff = true;
@@ -223,6 +312,57 @@ TEST(Notation, SignsStandClearOfHeadsBarLinesAndEachOther) {
         taken.push_back(area);
     }
     EXPECT_EQ(taken.size(), 5u);
+}
+
+TEST(Notation, ColumnsStepAside) {
+    Core::Note plain, ghost, grace, slid;
+    for (Core::Note* note : {&plain, &ghost, &grace, &slid}) note->Fret = "0";
+    ghost.Ghost = true;
+    grace.HasGrace = true;
+    grace.GraceFret = "2";
+    slid.Technique = Core::SlideIntoUp;
+    const struct {
+        const char* Why;
+        Core::Note First;
+        bool Tab, Figures, Opens;
+        double Key, X;  // of the first column
+    } rows[] = {{"nothing in the way", plain, true, false, false, 1, 109},
+                {"parentheses clear of the bar line", ghost, true, false, false, 1, 110.8},
+                {"a grace note with its accidental", grace, true, false, false, 1, 121.2},
+                {"a stroke into the note where no tab has it", slid, false, false, false, 1, 116.6},
+                {"not where the tab has it", slid, true, false, false, 1, 109},
+                {"the dots of a repeat", plain, true, false, true, 1, 115.1},
+                {"behind the dots, which stand behind the figures", plain, false, true, true, 1, 174.1},
+                {"before them over a tab", plain, true, true, true, 1, 149},
+                {"behind seven sharps", plain, true, true, false, 8, 156.1}};
+    for (const auto& row : rows) {
+        Score score({{2, {}}, {2, {{1, "0"}}}, {2, {}}}, static_cast<std::int32_t>(row.Key));
+        Core::Track& track = score.File.Tracks[0];
+        track.ShowTab = row.Tab;
+        Core::Bar& bar = track.Bars.Edit(0);
+        bar.EditStrums()[0].Notes.Edit(0) = row.First;
+        score.File.BarInfos.Edit(0).RepeatOpen = row.Opens;
+        bar.Place.ShowTimeSig = row.Figures;
+        if (row.Figures) {
+            int x = 149;
+            for (auto& column : bar.Place.StrumX) column = static_cast<std::int16_t>(x), x += 60;
+            bar.Place.BarWidth = 300;
+        }
+        const BarContext context = score.Context();
+        EXPECT_NEAR(StaffBarsOf(context).front().Column(0).X, row.X, 0.06) << row.Why;
+    }
+}
+
+TEST(Notation, HeadsOfCrowdedColumnsAreSmall) {
+    Score score({{4, {{1, "0"}}}, {4, {{1, "1"}}}, {4, {{1, "3"}}}, {4, {{1, "0"}}}, {2, {{1, "0"}}}});
+    auto& columns = score.File.Tracks[0].Bars.Edit(0).Place.StrumX;
+    for (const auto& [apart, size] : {std::pair(9, HeadSize::Full), {7, HeadSize::Small}, {4, HeadSize::Tiny}}) {
+        for (int s = 0; s < 4; ++s) columns[s] = static_cast<std::int16_t>(109 + apart * s);
+        const BarContext context = score.Context();
+        const std::vector<StaffBar> staves = StaffBarsOf(context);
+        for (int s = 0; s < 4; ++s) EXPECT_EQ(staves.front().Column(s).Size, size) << apart;
+        EXPECT_EQ(staves.front().Column(4).Size, HeadSize::Full) << "a group of its own";
+    }
 }
 
 TEST(Notation, EveryDrumLaneHasAPlaceThatAClickMeans) {

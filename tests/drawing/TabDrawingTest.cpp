@@ -274,15 +274,73 @@ TEST(TabDrawing, LyricsShrinkAlikeOnEveryRowUntilTheyStandClear) {
     syllable(0, 0, "like", 1);
     PictureLog log;
     for (const int bar : {0, 1}) score.File.Tracks[0].Bars[bar].Place.Page = 0;
-    const double size = LyricsSize(log, score.File, 0, 0);
-    EXPECT_LT(size, score.File.FontSize - 1.0);
+    score.File.RowSpacing = 300;
+    const RowLook look = LookOfLyrics(log, score.File, 0, 0);
+    EXPECT_LT(look.LyricsSize, score.File.FontSize - 1.0);
     for (const int bar : {0, 1}) {
         const Core::BarPlace& place = score.File.Tracks[0].Bars[bar].Place;
-        DrawLyrics(log, {score.File, 0, bar, place.BarX, place.BarY, place.BarWidth}, 0, size);
+        DrawLyrics(log, {score.File, 0, bar, place.BarX, place.BarY, place.BarWidth, look}, 0);
     }
     Testing::CheckGolden("drawing/lyrics.txt", log.Text());
     for (const int strum : {0, 1, 2, 3}) syllable(strum, 0, "a");
-    EXPECT_EQ(LyricsSize(log, score.File, 0, 0), score.File.FontSize - 1.0);
+    EXPECT_EQ(LookOfLyrics(log, score.File, 0, 0).LyricsSize, score.File.FontSize - 1.0);
+}
+
+TEST(TabDrawing, LyricsAndChartsShareTheRoomBetweenTwoRows) {
+    const struct {
+        int RowSpacing, Lines;
+        bool Charts;
+        double Size;
+        int Drop;
+    } rows[] = {{300, 1, true, 18, 0}, {100, 1, false, 18, 0}, {140, 1, true, 18, 3}, {130, 1, true, 18, 13},
+                {100, 1, true, 9, 28}, {100, 4, false, 10, 0}, {11, 2, true, 9, 28},  {100, 0, true, 0, 0}};
+    for (const auto& row : rows) {
+        Score score({2}, true);
+        score.File.RowSpacing = static_cast<std::int16_t>(row.RowSpacing);
+        score.At(0, 0).HasChord = row.Charts;
+        for (int line = 0; line < row.Lines; ++line) score.At(0, 0).Syllables.Edit()[line] = "a";
+        score.File.Tracks[0].Bars[0].Place.Page = 0;
+        PictureLog log;
+        const RowLook look = LookOfLyrics(log, score.File, 0, 0);
+        EXPECT_EQ(look.LyricsSize, row.Size) << row.RowSpacing << " " << row.Lines;
+        EXPECT_EQ(look.ChartDrop, row.Drop) << row.RowSpacing << " " << row.Lines;
+    }
+}
+
+TEST(TabDrawing, WhatABarHoldsTooMuchStandsPaleInTheNext) {
+    Score score({4, 2});
+    for (int strum = 0; strum < 4; ++strum) score.Note(strum, 2, "5").Accentuate = true;
+    score.Note(0, 2, "7", 1);
+    const auto count = [&](std::string_view what) {
+        const std::string log = score.Drawn();
+        int found = 0;
+        for (std::size_t at = 0; (at = log.find(what, at)) != log.npos; ++at) ++found;
+        return found;
+    };
+    EXPECT_EQ(count("color #c08c8c"), 0);
+    const Core::BarPlace& place = score.File.Tracks[0].Bars[0].Place;
+    for (int strum = 0; strum < 4; ++strum) place.StrumX[strum] = static_cast<std::int16_t>(X + 9 + 60 * strum);
+    EXPECT_EQ(count("color #c08c8c"), 1);
+    EXPECT_EQ(count("\"5\""), 4) << "nothing is lost";
+    EXPECT_EQ(count("\">\""), 3) << "its marks are";
+}
+
+TEST(TabDrawing, ChartsRiseOverHighNotes) {
+    Score score({2});
+    score.File.Tracks[0].ShowTreble = true;
+    score.File.Tracks[0].ShowTab = false;
+    score.At(0).HasChord = true;
+    score.At(0).ChordFrets.Edit()[0] = "0";
+    const auto ring = [&](const char* fret) {
+        score.Note(0, 0, fret);
+        const std::string log = score.Drawn();
+        const std::size_t at = log.find("circle 94 ");
+        return at == log.npos ? 0 : std::stoi(log.substr(at + 10));
+    };
+    const int usual = ring("0");
+    EXPECT_EQ(usual, Y - 71);
+    EXPECT_EQ(ring("12"), usual);
+    EXPECT_LT(ring("22"), usual);
 }
 
 TEST(TabDrawing, ARunKeepsItsHeightOverBarLines) {

@@ -1,0 +1,120 @@
+// Columns that step aside: for what stands before them, and for what other parts of the page have printed already.
+#include <algorithm>
+#include <string>
+
+#include "drawing/NotationParts.h"
+
+namespace Quillon::Drawing {
+
+namespace {
+
+constexpr double DotsRight = 69.5;  ///< of the dots of a repeat behind the figures, from the bar's left edge
+
+void Move(StaffColumn& column, double by) {
+    column.X += by;
+    column.Left += by;
+    column.GraceX += by;
+    column.StrokeX += by;
+    for (StaffNote& note : column.Notes) {
+        note.X += by;
+        note.SignX += by;
+    }
+}
+
+/// Where what stands before a column may begin.
+double LeftLimit(const StaffBar& bar, int strum) {
+    constexpr double line = 2, dots = 10.5, timeRight = 41, usual = 4.6;
+    const BarContext& context = bar.Context;
+    if (strum == 0) {
+        if (context.ItsBar().Place.ShowTimeSig) return context.X + timeRight + SignatureOverhang(context);
+        return context.X + (context.Info().RepeatOpen ? dots : line);
+    }
+    const StaffColumn& before = bar.Column(strum - 1);
+    double right = before.X + usual * before.Scale();
+    for (const StaffNote& note : before.Notes) right = std::max(right, note.X + HeadReach(bar, strum - 1, note));
+    return right + (bar.Strum(strum - 1).Dotted ? 5.5 * before.Scale() : 0) + 0.5;
+}
+
+/// What stands above or on the staff already: the number of the bar, the dots of a repeat behind its figures.
+std::vector<Area> PrintedBefore(const StaffBar& bar) {
+    constexpr double digit = 4.45, numberTop = 1, numberBottom = 7.2, dotsLeft = 64.5, dotsTop = 7.5, dotsBottom = 20;
+    const BarContext& context = bar.Context;
+    std::vector<Area> printed;
+    if (bar.Place.Top == context.Y) {
+        const Label number = BarNumberLabel(context.ItsBar(), context.Bar, context.X, context.Y);
+        const double right = number.X + digit * static_cast<double>(number.Text.size());
+        printed.push_back({number.X - 1.0, number.Y + numberTop, right + 1, number.Y + numberBottom});
+    }
+    if (context.Info().RepeatOpen && context.ItsBar().Place.ShowTimeSig) {
+        printed.push_back(
+            {context.X + dotsLeft, bar.Place.Top + dotsTop, context.X + DotsRight, bar.Place.Top + dotsBottom});
+    }
+    return printed;
+}
+
+/// The parts of a column.
+std::vector<Area> AreasOf(const StaffBar& bar, int strum) {
+    constexpr double half = 3.4, ledger = 7.5, dot = 10, graceStem = 16;
+    const StaffColumn& column = bar.Column(strum);
+    std::vector<Area> areas;
+    if (column.Rest) areas.push_back({column.Left, bar.Place.Top + 3.0, column.X + 5, bar.Place.Top + 25.0});
+    for (const StaffNote& note : column.Notes) {
+        const double reach = HeadReach(bar, strum, note);
+        const double right = bar.Strum(strum).Dotted ? dot : reach;
+        areas.push_back({note.X - reach, note.Y - half, note.X + right, note.Y + half});
+        if (note.Step >= 10) {
+            areas.push_back({note.X - ledger, note.Y - half, note.X + ledger, bar.Place.Top - 6.0});
+        }
+        if (note.Sign != Accidental::None) areas.push_back(SignArea(column, note));
+        const Core::Note& own = bar.Strum(strum).Notes[note.String];
+        if (own.HasGrace) areas.push_back({column.Left, note.Y - graceStem, column.X, note.Y});
+    }
+    return areas;
+}
+
+/// How far a column must step so that it prints over nothing; `by` when that is further than `most`.
+double ClearOfPrinted(const StaffBar& bar, int strum, double by, double most) {
+    double clear = by;
+    const std::vector<Area> areas = AreasOf(bar, strum);
+    for (const Area& printed : PrintedBefore(bar)) {
+        for (const Area& area : areas) {
+            const bool meets = area.Left + clear < printed.Right && printed.Left < area.Right + clear &&
+                               area.Top < printed.Bottom && printed.Top < area.Bottom;
+            if (meets) clear = std::max(clear, printed.Right - area.Left);
+        }
+    }
+    // The dots of a repeat stand before the music; only a tab, whose first figures stand left of them, holds it there.
+    const BarContext& context = bar.Context;
+    if (strum == 0 && bar.ShowsHands() && context.Info().RepeatOpen && context.ItsBar().Place.ShowTimeSig) {
+        clear = std::max(clear, context.X + DotsRight - bar.Column(0).Left);
+    }
+    return clear <= most ? clear : by;
+}
+
+}  // namespace
+
+void MakeRoomBefore(std::vector<StaffBar>& staves) {
+    constexpr double most = 0.5;  // of the way to the next column
+    // The staves of one track move together; that of another track has columns of its own.
+    for (const bool ofOther : {false, true}) {
+        std::vector<StaffBar*> related;
+        for (StaffBar& bar : staves) {
+            if (bar.Place.OfOther == ofOther) related.push_back(&bar);
+        }
+        for (int s = 0; !related.empty() && s < related.front()->Count(); ++s) {
+            double by = 0;
+            for (const StaffBar* bar : related) {
+                const StaffColumn& column = bar->Column(s);
+                if (!column.Sounds() && !column.Rest) continue;
+                const double furthest = std::max(0.0, most * (bar->NextX(s) - column.X));
+                by = std::max(by, std::min(LeftLimit(*bar, s) - column.Left, furthest));
+                if (s <= 1) by = ClearOfPrinted(*bar, s, by, furthest);
+            }
+            for (StaffBar* bar : related) {
+                if (by > 0) Move(bar->Column(s), by);
+            }
+        }
+    }
+}
+
+}  // namespace Quillon::Drawing
