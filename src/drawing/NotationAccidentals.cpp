@@ -133,7 +133,7 @@ void PlaceAccidentals(StaffBar& bar) {
     if (!bar.IsDrum()) ChooseSigns(bar);
     for (int s = 0; s < bar.Count(); ++s) {
         StaffColumn& column = bar.Column(s);
-        column.Left = column.X - RestReach;
+        column.Left = column.X - RestReach * column.Scale();
         if (!column.Notes.empty()) {
             column.Left = column.X;
             for (const StaffNote& note : column.Notes) {

@@ -213,7 +213,9 @@ void DrawTuplet(Picture& picture, const StaffBar& bar, const TupletMark& mark) {
     y = std::round(y + outward * away);
     const double middle = (left + right) / 2;
     Print(picture, font, middle, y + drop, figure);
-    if (mark.First == mark.Last) return;
+    // A figure alone keeps its hooks where there is room, so that "5" and "9" side by side are no 59.
+    constexpr double leastReach = 4.5;
+    if (mark.First == mark.Last && right - left < 2 * leastReach) return;
     picture.SetFont(font);
     const double gap = picture.TextWidth(figure) / 2 + 3;
     const double begin = std::round(left), end = std::round(right);

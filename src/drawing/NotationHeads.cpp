@@ -24,20 +24,30 @@ int ScaleStep(int pitch, bool useFlats) {
 
 bool IsBlackKey(int pitch) { return ScaleStep(pitch, true) != ScaleStep(pitch, false); }
 
-/// Heads of columns that nearly touch get smaller, those of a beam group alike.
+HeadSize SizeFor(double room, double full, double small) {
+    return room >= full ? HeadSize::Full : room >= small ? HeadSize::Small : HeadSize::Tiny;
+}
+
+/// Heads of columns that nearly touch get smaller, those of a beam group alike; a rest does on its own.
 void ChooseSizes(StaffBar& bar) {
-    constexpr double full = 8.2, small = 6;
-    for (const BeamGroup& group : bar.Groups) {
-        double nearest = full;
-        for (int s = group.First; s <= group.Last; ++s) {
-            if (!Core::HasNotes(bar.Strum(s))) continue;
-            for (const int other : {s - 1, s + 1}) {
-                const bool there = other >= 0 && other < bar.Count() && Core::HasNotes(bar.Strum(other));
-                if (there) nearest = std::min(nearest, std::abs(bar.Column(other).X - bar.Column(s).X));
-            }
+    constexpr double fullHead = 8.2, smallHead = 6, fullRest = 10.5, smallRest = 8;
+    const auto room = [&](int s, bool besideNotes) {
+        double nearest = fullRest;
+        for (const int other : {s - 1, s + 1}) {
+            const bool there = other >= 0 && other < bar.Count() && (!besideNotes || Core::HasNotes(bar.Strum(other)));
+            if (there) nearest = std::min(nearest, std::abs(bar.Column(other).X - bar.Column(s).X));
         }
-        const HeadSize size = nearest >= full ? HeadSize::Full : nearest >= small ? HeadSize::Small : HeadSize::Tiny;
-        for (int s = group.First; s <= group.Last; ++s) bar.Column(s).Size = size;
+        return nearest;
+    };
+    for (const BeamGroup& group : bar.Groups) {
+        double nearest = fullHead;
+        for (int s = group.First; s <= group.Last; ++s) {
+            if (Core::HasNotes(bar.Strum(s))) nearest = std::min(nearest, room(s, true));
+        }
+        for (int s = group.First; s <= group.Last; ++s) {
+            bar.Column(s).Size = Core::HasNotes(bar.Strum(s)) ? SizeFor(nearest, fullHead, smallHead)
+                                                              : SizeFor(room(s, false), fullRest, smallRest);
+        }
     }
 }
 

@@ -7,7 +7,7 @@ namespace Quillon::Drawing {
 
 void DrawRest(Picture& picture, const StaffBar& bar, int strum) {
     const StaffColumn& column = bar.Column(strum);
-    picture.Stamp(RestShape(bar.Strum(strum).Length), column.X, bar.Place.Top + column.RestDrop);
+    picture.Stamp(RestShape(bar.Strum(strum).Length, column.Size), column.X, bar.Place.Top + column.RestDrop);
 }
 
 void DrawBarRest(Picture& picture, const StaffBar& bar) {

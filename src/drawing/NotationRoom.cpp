@@ -23,7 +23,7 @@ void Move(StaffColumn& column, double by) {
 
 /// Where what stands before a column may begin.
 double LeftLimit(const StaffBar& bar, int strum) {
-    constexpr double line = 2, dots = 10.5, timeRight = 41, usual = 4.6;
+    constexpr double line = 3, dots = 10.5, timeRight = 41, usual = 4.6;
     const BarContext& context = bar.Context;
     if (strum == 0) {
         if (context.ItsBar().Place.ShowTimeSig) return context.X + timeRight + SignatureOverhang(context);

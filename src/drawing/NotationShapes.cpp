@@ -218,15 +218,57 @@ const Shape& GraceFlagShape() {
     return shape;
 }
 
-const Shape& RestShape(int length) {
-    static const std::array<Shape, 7> shapes = {{{"whole-rest", {{{-4.5, 7}, {4.5, 7}, {4.5, 10.5}, {-4.5, 10.5}}}},
-                                                 {"half-rest", {{{-4.5, 10.5}, {4.5, 10.5}, {4.5, 14}, {-4.5, 14}}}},
-                                                 {"quarter-rest", QuarterRest()},
-                                                 {"8th-rest", HookedRest(1, 8, 21)},
-                                                 {"16th-rest", HookedRest(2, 8, 28)},
-                                                 {"32nd-rest", HookedRest(3, 1, 28)},
-                                                 {"64th-rest", HookedRest(4, 1, 35)}}};
-    return shapes[static_cast<std::size_t>(std::clamp(length, 0, 6))];
+namespace {
+
+Parts RestParts(int length) {
+    switch (length) {
+        case 0:
+            return {{{-4.5, 7}, {4.5, 7}, {4.5, 10.5}, {-4.5, 10.5}}};
+        case 1:
+            return {{{-4.5, 10.5}, {4.5, 10.5}, {4.5, 14}, {-4.5, 14}}};
+        case 2:
+            return QuarterRest();
+        case 3:
+            return HookedRest(1, 8, 21);
+        case 4:
+            return HookedRest(2, 8, 28);
+        case 5:
+            return HookedRest(3, 1, 28);
+        default:
+            return HookedRest(4, 1, 35);
+    }
+}
+
+/// Smaller about the staff's middle line.
+Parts RestParts(int length, HeadSize size) {
+    constexpr double middle = 14;
+    const double scale = ScaleOf(size);
+    Parts parts = RestParts(length);
+    for (Outline& part : parts) {
+        for (Point& point : part) point = {point.X * scale, middle + (point.Y - middle) * scale};
+    }
+    return parts;
+}
+
+}  // namespace
+
+const Shape& RestShape(int length, HeadSize size) {
+    static constexpr std::array<std::array<std::string_view, 7>, 3> names = {
+        {{"whole-rest", "half-rest", "quarter-rest", "8th-rest", "16th-rest", "32nd-rest", "64th-rest"},
+         {"small-whole-rest", "small-half-rest", "small-quarter-rest", "small-8th-rest", "small-16th-rest",
+          "small-32nd-rest", "small-64th-rest"},
+         {"tiny-whole-rest", "tiny-half-rest", "tiny-quarter-rest", "tiny-8th-rest", "tiny-16th-rest", "tiny-32nd-rest",
+          "tiny-64th-rest"}}};
+    static const auto shapes = [] {
+        std::array<std::array<Shape, 7>, 3> made;
+        for (std::size_t s = 0; s < made.size(); ++s) {
+            for (std::size_t l = 0; l < made[s].size(); ++l) {
+                made[s][l] = {names[s][l], RestParts(static_cast<int>(l), static_cast<HeadSize>(s))};
+            }
+        }
+        return made;
+    }();
+    return shapes[static_cast<std::size_t>(size)][static_cast<std::size_t>(std::clamp(length, 0, 6))];
 }
 
 const Shape& ClefShape(Clef clef) {

@@ -27,7 +27,7 @@ const Shape& FlagShape(bool stemUp, bool several);
 /// The flag of a grace note, upward. Anchor: the stem's end.
 const Shape& GraceFlagShape();
 /// Rest of a length code 0 to 6. Anchor: the middle of the column on the staff's top line.
-const Shape& RestShape(int length);
+const Shape& RestShape(int length, HeadSize size = HeadSize::Full);
 /// Anchor: the left end on the staff's top line.
 const Shape& ClefShape(Clef clef);
 /// Half of a pair of parentheses around a head. Anchor: the middle of the head.

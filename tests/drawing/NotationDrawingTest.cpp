@@ -187,6 +187,8 @@ TEST_F(NotationPages, ClefsStandOnEveryRowWhereOneWantsThem) {
         for (std::size_t at = 0; (at = log.Text().find("shape treble-clef", at)) != std::string::npos; ++at) ++count;
         return count;
     };
+    for (const int track : {0, 1}) Open.TabFile.Tracks[track].Bars.Resize(60);
+    Open.TabFile.BarInfos.Resize(60);
     const int changes = clefs();
     Page.ClefOnEveryRow = true;
     const Core::Track& track = Open.TabFile.Tracks[0];
@@ -327,14 +329,14 @@ TEST(Notation, ColumnsStepAside) {
         bool Tab, Figures, Opens;
         double Key, X;  // of the first column
     } rows[] = {{"nothing in the way", plain, true, false, false, 1, 109},
-                {"parentheses clear of the bar line", ghost, true, false, false, 1, 110.8},
-                {"a grace note with its accidental", grace, true, false, false, 1, 121.2},
-                {"a stroke into the note where no tab has it", slid, false, false, false, 1, 116.6},
+                {"parentheses clear of the bar line", ghost, true, false, false, 1, 111.8},
+                {"a grace note with its accidental", grace, true, false, false, 1, 121.6},
+                {"a stroke into the note where no tab has it", slid, false, false, false, 1, 117.6},
                 {"not where the tab has it", slid, true, false, false, 1, 109},
                 {"the dots of a repeat", plain, true, false, true, 1, 115.1},
                 {"behind the dots, which stand behind the figures", plain, false, true, true, 1, 174.1},
                 {"before them over a tab", plain, true, true, true, 1, 149},
-                {"behind seven sharps", plain, true, true, false, 8, 156.1}};
+                {"behind seven sharps", plain, true, true, false, 8, 162.7}};
     for (const auto& row : rows) {
         Score score({{2, {}}, {2, {{1, "0"}}}, {2, {}}}, static_cast<std::int32_t>(row.Key));
         Core::Track& track = score.File.Tracks[0];

@@ -293,10 +293,12 @@ TEST(TabDrawing, LyricsAndChartsShareTheRoomBetweenTwoRows) {
         double Size;
         int Drop;
     } rows[] = {{300, 1, true, 18, 0}, {100, 1, false, 18, 0}, {140, 1, true, 18, 3}, {130, 1, true, 18, 13},
-                {100, 1, true, 9, 28}, {100, 4, false, 10, 0}, {11, 2, true, 9, 28},  {100, 0, true, 0, 0}};
+                {100, 1, true, 9, 28}, {100, 4, false, 9, 0},  {11, 2, true, 9, 28},  {100, 0, true, 0, 0}};
     for (const auto& row : rows) {
         Score score({2}, true);
         score.File.RowSpacing = static_cast<std::int16_t>(row.RowSpacing);
+        score.File.FontSize = 19;
+        score.File.AlwaysCharts = true;
         score.At(0, 0).HasChord = row.Charts;
         for (int line = 0; line < row.Lines; ++line) score.At(0, 0).Syllables.Edit()[line] = "a";
         score.File.Tracks[0].Bars[0].Place.Page = 0;
@@ -318,7 +320,7 @@ TEST(TabDrawing, WhatABarHoldsTooMuchStandsPaleInTheNext) {
         return found;
     };
     EXPECT_EQ(count("color #c08c8c"), 0);
-    const Core::BarPlace& place = score.File.Tracks[0].Bars[0].Place;
+    Core::BarPlace& place = score.File.Tracks[0].Bars.Edit(0).Place;
     for (int strum = 0; strum < 4; ++strum) place.StrumX[strum] = static_cast<std::int16_t>(X + 9 + 60 * strum);
     EXPECT_EQ(count("color #c08c8c"), 1);
     EXPECT_EQ(count("\"5\""), 4) << "nothing is lost";
@@ -329,13 +331,14 @@ TEST(TabDrawing, ChartsRiseOverHighNotes) {
     Score score({2});
     score.File.Tracks[0].ShowTreble = true;
     score.File.Tracks[0].ShowTab = false;
+    score.File.AlwaysCharts = true;
     score.At(0).HasChord = true;
     score.At(0).ChordFrets.Edit()[0] = "0";
     const auto ring = [&](const char* fret) {
         score.Note(0, 0, fret);
         const std::string log = score.Drawn();
-        const std::size_t at = log.find("circle 94 ");
-        return at == log.npos ? 0 : std::stoi(log.substr(at + 10));
+        const std::size_t at = log.find("circle 122 ");
+        return at == log.npos ? 0 : std::stoi(log.substr(at + 11));
     };
     const int usual = ring("0");
     EXPECT_EQ(usual, Y - 71);
