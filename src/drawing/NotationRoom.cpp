@@ -1,5 +1,6 @@
 // Columns that step aside: for what stands before them, and for what other parts of the page have printed already.
 #include <algorithm>
+#include <cmath>
 #include <string>
 
 #include "drawing/NotationParts.h"
@@ -111,7 +112,7 @@ void MakeRoomBefore(std::vector<StaffBar>& staves) {
                 if (s <= 1) by = ClearOfPrinted(*bar, s, by, furthest);
             }
             for (StaffBar* bar : related) {
-                if (by > 0) Move(bar->Column(s), by);
+                if (by > 0) Move(bar->Column(s), std::ceil(by));  // by whole pixels, as stems stand
             }
         }
     }

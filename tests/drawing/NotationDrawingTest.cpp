@@ -329,14 +329,14 @@ TEST(Notation, ColumnsStepAside) {
         bool Tab, Figures, Opens;
         double Key, X;  // of the first column
     } rows[] = {{"nothing in the way", plain, true, false, false, 1, 109},
-                {"parentheses clear of the bar line", ghost, true, false, false, 1, 111.8},
-                {"a grace note with its accidental", grace, true, false, false, 1, 121.6},
-                {"a stroke into the note where no tab has it", slid, false, false, false, 1, 117.6},
+                {"parentheses clear of the bar line", ghost, true, false, false, 1, 112},
+                {"a grace note with its accidental", grace, true, false, false, 1, 122},
+                {"a stroke into the note where no tab has it", slid, false, false, false, 1, 118},
                 {"not where the tab has it", slid, true, false, false, 1, 109},
-                {"the dots of a repeat", plain, true, false, true, 1, 115.1},
-                {"behind the dots, which stand behind the figures", plain, false, true, true, 1, 174.1},
+                {"the dots of a repeat", plain, true, false, true, 1, 116},
+                {"behind the dots, which stand behind the figures", plain, false, true, true, 1, 175},
                 {"before them over a tab", plain, true, true, true, 1, 149},
-                {"behind seven sharps", plain, true, true, false, 8, 162.7}};
+                {"behind seven sharps", plain, true, true, false, 8, 163}};
     for (const auto& row : rows) {
         Score score({{2, {}}, {2, {{1, "0"}}}, {2, {}}}, static_cast<std::int32_t>(row.Key));
         Core::Track& track = score.File.Tracks[0];
