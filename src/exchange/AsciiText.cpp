@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <array>
-#include <unordered_set>
+#include <unordered_map>
 #include <vector>
 
 #include "platform/RunTimeError.h"
@@ -14,6 +14,82 @@ namespace {
 constexpr std::string_view LineEnd = "\r\n";
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
+/// Takes the first "<" with the first ">" behind it, removes that very text everywhere, and begins again, until no "<"
+/// has a ">" behind it.
+///
+/// The text lies cut behind each ">". What is to be removed is then always the end of a piece, and pieces are found by
+/// their innermost tags: a page with thousands of tags takes one walk and not a walk for each.
+class TagRemover {
+public:
+    explicit TagRemover(std::string_view text) {
+        for (;;) {
+            const std::size_t end = text.find('>');
+            pieces.emplace_back(text.substr(0, end == std::string_view::npos ? end : end + 1));
+            if (end == std::string_view::npos) break;
+            text.remove_prefix(end + 1);
+        }
+        for (std::size_t piece = 0; piece < pieces.size(); ++piece) {
+            next.push_back(piece + 1);
+            gone.push_back(false);
+            Note(piece);
+        }
+    }
+
+    std::string Run() {
+        const std::size_t last = pieces.size() - 1;  // no ">" ends it
+        for (std::size_t piece = 0; piece < last; piece = next[piece]) {
+            for (std::size_t open; !gone[piece] && (open = pieces[piece].find('<')) != std::string::npos;) {
+                RemoveEverywhere(pieces[piece].substr(open));
+            }
+        }
+        std::string left;
+        for (std::size_t piece = 0; piece <= last; ++piece) left += pieces[piece];
+        return left;
+    }
+
+private:
+    void Note(std::size_t piece) {
+        const std::size_t open = pieces[piece].rfind('<');
+        if (open != std::string::npos && piece + 1 < pieces.size()) byTag[pieces[piece].substr(open)].push_back(piece);
+    }
+
+    void RemoveEverywhere(const std::string& tag) {
+        auto& known = byTag[tag.substr(tag.rfind('<'))];
+        std::vector<std::size_t> found;
+        for (const std::size_t piece : known) {
+            Work(tag.size());
+            if (!gone[piece] && pieces[piece].ends_with(tag)) found.push_back(piece);
+        }
+        std::erase_if(known, [this](std::size_t piece) { return gone[piece]; });
+        std::ranges::sort(found);
+        for (const std::size_t piece : found) {
+            std::string before = std::move(pieces[piece]);
+            before.resize(before.size() - tag.size());
+            pieces[piece].clear();
+            gone[piece] = true;
+            std::size_t& behind = next[piece];
+            while (gone[behind]) behind = next[behind];
+            Work(before.size() + pieces[behind].size());
+            const bool hadTag = pieces[behind].find('<') != std::string::npos;
+            pieces[behind].insert(0, before);
+            if (!hadTag) Note(behind);
+        }
+    }
+
+    /// Marks heaped up to be slow are no text of anyone's.
+    void Work(std::size_t bytes) {
+        constexpr std::size_t most = 2'000'000'000;
+        work += bytes;
+        if (work > most) RaiseOverflow();
+    }
+
+    std::vector<std::string> pieces;
+    std::vector<std::size_t> next;  ///< the piece behind each, of those that are there
+    std::vector<bool> gone;         ///< what was left of these went to the pieces behind them
+    std::unordered_map<std::string, std::vector<std::size_t>> byTag;  ///< pieces by their text from the last "<" on
+    std::size_t work = 0;
+};
 
 }  // namespace
 
@@ -44,26 +120,10 @@ int StripTechniqueMarks(std::string& text) {
 }
 
 void RemoveTags(std::string& text) {
-    constexpr std::size_t longestKept = 4096;  // of the tags that are known again
-    std::string left;
-    std::vector<std::size_t> open;  // where each "<" without a ">" stands in `left`
-    std::unordered_set<std::string> removed;
-    for (const char c : text) {
-        left += c;
-        if (c == '<') open.push_back(left.size() - 1);
-        if (c != '>' || open.empty()) continue;
-        // One that was removed before goes out of the middle of another too.
-        if (open.size() > 1 && removed.contains(left.substr(open.back()))) {
-            left.resize(open.back());
-            open.pop_back();
-            continue;
-        }
-        if (left.size() - open.front() <= longestKept) removed.insert(left.substr(open.front()));
-        left.resize(open.front());
-        open.clear();
-    }
-    constexpr int TypeMismatch = 13;
-    if (!open.empty()) throw RunTimeError(TypeMismatch, "Type mismatch");
+    constexpr int typeMismatch = 13;
+    if (text.find('<') == std::string::npos) return;
+    std::string left = TagRemover(text).Run();
+    if (left.find('<') != std::string::npos) throw RunTimeError(typeMismatch, "Type mismatch");
     text = std::move(left);
 }
 

@@ -133,6 +133,24 @@ std::string PageContent(const std::vector<std::string_view>& lines, std::size_t 
     return content + "ET\n";
 }
 
+/// A text of the information object, which has an encoding of its own: that of the page but for the characters between
+/// the controls and the accented letters.
+std::string InfoText(std::string_view windows1252) {
+    // From 0x80 on; 0 where there is no such character.
+    constexpr unsigned char codes[32] = {0xA0, 0,    0x91, 0x86, 0x8C, 0x83, 0x81, 0x82, 0x1A, 0x8B, 0x97,
+                                         0x88, 0x96, 0,    0x99, 0,    0,    0x8F, 0x90, 0x8D, 0x8E, 0x80,
+                                         0x85, 0x84, 0x1F, 0x92, 0x9D, 0x89, 0x9C, 0,    0x9E, 0x98};
+    std::string text;
+    for (const char each : windows1252) {
+        const auto code = static_cast<unsigned char>(each);
+        const unsigned char shown = code < 0x80 || code >= 0xA0 ? code : codes[code - 0x80];
+        if (shown != 0) text += static_cast<char>(shown);
+    }
+    // These two first would call it another encoding.
+    if (text.starts_with("\xFE\xFF")) text.insert(0, " ");
+    return Escaped(text);
+}
+
 }  // namespace
 
 std::string WriteTextPdf(std::string_view text, const PdfTextOptions& options) {
@@ -144,9 +162,9 @@ std::string WriteTextPdf(std::string_view text, const PdfTextOptions& options) {
 
     PdfFile pdf;
     const int info = pdf.Dictionary(
-        {"/Author (" + Escaped(options.Author) + ")", "/CreationDate (D:" + options.CreationDate + ")",
-         "/Creator (Quillon 4)", "/Producer (Quillon 4.0)", "/Title (" + Escaped(options.Title) + ")",
-         "/Subject (" + Escaped(options.Subject) + ")", "/Keywords (" + Escaped(options.Keywords) + ")"});
+        {"/Author (" + InfoText(options.Author) + ")", "/CreationDate (D:" + options.CreationDate + ")",
+         "/Creator (Quillon 4)", "/Producer (Quillon 4.0)", "/Title (" + InfoText(options.Title) + ")",
+         "/Subject (" + InfoText(options.Subject) + ")", "/Keywords (" + InfoText(options.Keywords) + ")"});
     const int font = pdf.Dictionary({"/Type /Font", "/Subtype /Type1", "/Name /F1", "/Encoding " + Reference(info + 2),
                                      "/BaseFont /" + options.FontName});
     pdf.Dictionary({"/Type /Encoding", "/BaseEncoding /WinAnsiEncoding"});

@@ -25,9 +25,9 @@ public:
     explicit picDocument(QWidget* parent = nullptr);
 
     /// Paints the document anew before the next frame. The view then scrolls to the cursor when it is to follow it.
-    /// The colours of everything changed.
-    void Repaint();
     void Redraw(bool followCursor = true);
+    /// The colours of everything changed: paints all of it.
+    void Repaint();
     /// Paints at once what is due, so that the layout and the scroll bars are settled.
     void Settle();
 

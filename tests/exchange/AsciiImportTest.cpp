@@ -3,7 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+
 #include "core/mod_TabFileManipulation.h"
+#include "exchange/AsciiText.h"
 #include "exchange/JsonDocument.h"
 #include "platform/RunTimeError.h"
 #include "platform/headless/MemoryStore.h"
@@ -97,6 +100,46 @@ TEST(AsciiImportTest, LongTextsComeToAnEnd) {
         ImportTextTab(file, 0, text, {});
         EXPECT_EQ(file.Tracks[0].Bars.Count(), file.BarInfos.Count());
     }
+}
+
+/// The rule itself, a walk through the text for each tag.
+std::string WithoutTags(std::string text) {
+    for (;;) {
+        const std::size_t open = text.find('<');
+        const std::size_t end = open == std::string::npos ? open : text.find('>', open);
+        if (end == std::string::npos) return open == std::string::npos ? text : "refused";
+        ReplaceAll(text, std::string(text.substr(open, end + 1 - open)), "");
+    }
+}
+
+TEST(AsciiImportTest, TagsGoInTheOrderThatTheyAreMetIn) {
+    std::mt19937 random(7);
+    std::vector<std::string> texts = {"play < <b>soft</b>1 <b>x</b> play < <b>soft</b>2",
+                                      "<a <b><b><a <b>",
+                                      "<a <b><<a <b>",
+                                      ">",
+                                      "a>b",
+                                      "<",
+                                      "<>",
+                                      "<<>>"};
+    for (int i = 0; i < 3000; ++i) {
+        std::string text;
+        for (int length = static_cast<int>(random() % 24); length > 0; --length) text += "<<>>ab"[random() % 6];
+        texts.push_back(text);
+    }
+    for (const std::string& text : texts) {
+        std::string removed = text;
+        try {
+            RemoveTags(removed);
+        } catch (const RunTimeError&) {
+            removed = "refused";
+        }
+        EXPECT_EQ(removed, WithoutTags(text)) << text;
+    }
+    std::string page;
+    for (int i = 0; i < 60'000; ++i) page += "<a href='" + std::to_string(i) + "'>5</a>";
+    RemoveTags(page);
+    EXPECT_EQ(page, std::string(60'000, '5'));
 }
 
 }  // namespace
