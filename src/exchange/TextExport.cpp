@@ -140,7 +140,8 @@ void PrintSong(const TabFile& file, Lines& lines) {
 
 void Check(const TextExportOptions& options) {
     constexpr int InvalidProcedureCall = 5;
-    if (options.MaxLineLength < 1) throw RunTimeError(InvalidProcedureCall, "Invalid procedure call or argument");
+    if (options.MaxLineLength < 1)
+        throw RunTimeError(InvalidProcedureCall, "The longest line must have at least one character.");
 }
 
 }  // namespace

@@ -18,7 +18,7 @@ struct TextExportOptions {
 extern const char* const ProductSite;
 
 /// Bytes of the file in Windows-1252, lines ended by CR LF. Raise "Subscript out of range" for a track that is not
-/// there, and "Invalid procedure call or argument" for a line length below 1, which no bar would ever fit.
+/// there, and number 5 for a line length below 1, which no bar would ever fit.
 std::string WriteTextTab(const Core::TabFile& file, const TextExportOptions& options);
 std::string WriteWebPage(const Core::TabFile& file, const TextExportOptions& options);
 
