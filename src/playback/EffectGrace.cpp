@@ -1,24 +1,9 @@
-#include <algorithm>
-
 #include "core/mod_Common.h"
 #include "playback/EffectParts.h"
 #include "playback/MIDI_CMD.h"
+#include "playback/StrumSounds.h"
 
 namespace Quillon::Playback {
-
-namespace {
-
-/// Velocities at full volume of the dynamics MF F FF FFF MP P PP PPP.
-std::int16_t GraceVelocity(const Core::Track& track, std::int32_t dynamic) {
-    constexpr double Values[] = {90, 100, 110, 127, 80, 70, 60, 50};
-    const double value = dynamic >= 0 && dynamic <= 7 ? Values[dynamic] : 0;
-    return Core::CInt(track.Volume / 50.0 * (value / 127) * 127);
-}
-
-/// Lengths of the three kinds in 64ths.
-int GraceLength(std::int32_t duration) { return duration == 0 ? 4 : duration == 1 ? 2 : duration == 2 ? 1 : 0; }
-
-}  // namespace
 
 void StepGrace(const EffectStage& stage, int index) {
     ctlHiPreTimer& timer = stage.Timers.tmrGrace[index];
@@ -38,7 +23,7 @@ void PlayGraceNote(const EffectStage& stage, const EffectNote& note) {
     const Core::Strum* const next = NextStrum(stage.File, note.At);
     if (!next) return;
     const Core::Note& owner = next->Notes[note.String];
-    const bool dead = owner.GraceFret == "x";
+    const bool dead = owner.GraceFret == DeadFret;
     if (!owner.HasGrace || (!dead && !IsNumeric(owner.GraceFret))) return;
     const double open = Core::OpenPitch(track, note.String) + note.Octave;
     const int index =

@@ -19,9 +19,4 @@ std::string ShiftedPitch(const EffectStage& stage, const EffectNote& note) {
     return TextOf(ValueOf(PitchText(stage.TrackOf(note.At), NoteOf(stage, note), note.String)) + note.Octave);
 }
 
-int StrokeSpeed(std::int32_t rate) {
-    constexpr int Speeds[] = {8, 4, 2};
-    return rate >= 0 && rate <= 2 ? Speeds[rate] : 0;
-}
-
 }  // namespace Quillon::Playback

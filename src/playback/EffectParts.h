@@ -35,7 +35,4 @@ inline const Core::Note& NoteOf(const EffectStage& stage, const EffectNote& note
 /// The note's pitch with the octave shift, as text.
 std::string ShiftedPitch(const EffectStage& stage, const EffectNote& note);
 
-/// 64ths from one stroke to the next of the rates 0 to 2; 0 outside.
-int StrokeSpeed(std::int32_t rate);
-
 }  // namespace Quillon::Playback

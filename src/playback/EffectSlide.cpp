@@ -1,8 +1,7 @@
-#include <cmath>
-
 #include "core/mod_Common.h"
 #include "playback/EffectParts.h"
 #include "playback/MIDI_CMD.h"
+#include "playback/StrumSounds.h"
 #include "playback/mod_TabPlayer.h"
 
 namespace Quillon::Playback {
@@ -26,21 +25,14 @@ void PlaySlide(const EffectStage& stage, const EffectNote& note) {
     const Core::Track& track = stage.TrackOf(note.At);
     PlayNote(ShiftedPitch(stage, note), NoteOf(stage, note).Harmonic, track.EffectChannel, note.Velocity, false);
     const Core::Strum* const next = NextStrum(stage.File, note.At);
-    const std::string fromText = PitchText(track, NoteOf(stage, note), note.String);
-    const std::string toText = next ? PitchText(track, next->Notes[note.String], note.String) : "";
-    if (fromText.empty() || toText.empty()) return;
-    // Both flags count here, one after the other, unlike elsewhere.
-    const int shift = (track.OctaveDown ? -12 : 0) + (track.OctaveUp ? 12 : 0);
-    const double from = ValueOf(fromText) + shift;
-    const double to = ValueOf(toText) + shift;
-    const double steps = std::abs(Core::RoundHalfEven(to - from));
+    const auto run = SlideOf(track, NoteOf(stage, note), next, note.String);
+    if (!run) return;
     const int index =
         TakeElement(stage.Timers.tmrSlide, stage.Arrays.Slides, note.At.Track, [&](EffectArrays::Slide& slide) {
-            // Compared as texts: "100" sorts below "98", and such a slide goes down. This is meant.
-            slide = {Core::CLng(steps), TextOf(to) > TextOf(from), track.EffectChannel, from, note.Velocity};
+            slide = {run->Steps, run->Up, track.EffectChannel, run->From, note.Velocity};
         });
-    if (steps == 0) return;
-    StartTimer(stage.Timers.tmrSlide[index], stage.Tick() * stage.Strum64(note.At) / steps);
+    if (run->Steps == 0) return;
+    StartTimer(stage.Timers.tmrSlide[index], stage.Tick() * stage.Strum64(note.At) / run->Steps);
 }
 
 }  // namespace Quillon::Playback

@@ -2,6 +2,7 @@
 #include "core/mod_Common.h"
 #include "playback/EffectParts.h"
 #include "playback/MIDI_CMD.h"
+#include "playback/StrumSounds.h"
 
 namespace Quillon::Playback {
 

@@ -2,15 +2,9 @@
 #include "core/mod_Settings.h"
 #include "playback/EffectParts.h"
 #include "playback/MIDI_CMD.h"
+#include "playback/StrumSounds.h"
 
 namespace Quillon::Playback {
-
-namespace {
-
-/// Two steps above the wheel's rest: this is meant.
-constexpr double VibratoCentre = 66;
-
-}  // namespace
 
 void StepVibrato(const EffectStage& stage, int index) {
     ctlHiPreTimer& timer = stage.Timers.tmrVibrato[index];

@@ -1,33 +1,17 @@
 // One strum in sound: its chord symbol, its notes in the direction of the stroke, and the start of their effects.
-#include <cmath>
-
 #include "core/mod_Common.h"
-#include "core/mod_Instruments.h"
 #include "playback/MIDI_CMD.h"
+#include "playback/StrumSounds.h"
 #include "playback/TabPlayer.h"
 
 namespace Quillon::Playback {
 
 namespace {
 
-constexpr const char* Dead = "x";
-
 void PlaySymbol(const Core::Track& track, const Core::Strum& chord) {
-    if (!chord.HasChord) return;
-    // The strings of the chord; one without a count may use all.
-    const bool counted = chord.ChordValueB >= 1 && chord.ChordValueB <= Core::StringCount;
-    const int strings = counted ? chord.ChordValueB : Core::StringCount;
-    for (int string = 0; string < strings; ++string) {
-        const std::string& fret = chord.ChordFrets.Read()[string];
-        const std::int16_t mark = chord.ChordMarks.Read()[string];
-        const int open = mark != 0 ? mark : Core::DefaultStringPitch(string);
-        Skipping([&] {
-            const std::int16_t velocity = Core::CInt(track.Volume / 50.0 * 127);  // limited by the device alone
-            if (IsNumeric(fret)) MidiNoteOn(track.Channel, Core::CInt(ValueOf(fret) + open), velocity);
-            if (fret != Dead) return;
-            MidiNoteOn(track.Channel, Core::ToInt16(open), velocity);
-            MidiNoteOff(track.Channel, Core::ToInt16(open));
-        });
+    for (const Struck& key : SymbolSounds(track, chord)) {
+        MidiNoteOn(track.Channel, key.Pitch, key.Velocity);
+        if (key.Dead) MidiNoteOff(track.Channel, key.Pitch);
     }
 }
 
@@ -35,14 +19,10 @@ void PlayDrums(const Core::Track& track, const Core::Strum& strum) {
     for (int string = 0; string < StringsInUse(track); ++string) {
         const Core::Note& note = strum.Notes[string];
         if (note.Fret.empty()) continue;
-        for (const Core::PercussionLetter& letter : Core::PercussionLetters()) {
-            if (note.Fret != letter.Letter) continue;
-            const std::int16_t sound = track.PercStrings[string].*letter.Sound;
-            if (sound == 0) break;
-            Skipping(
-                [&] { MidiNoteOn(PercussionChannel, Core::ToInt16(sound + DrumPitchBase), getVolume(track, note)); });
-            break;
-        }
+        Skipping([&] {
+            const auto pitch = DrumPitch(track, string, note.Fret);
+            if (pitch) MidiNoteOn(PercussionChannel, *pitch, getVolume(track, note));
+        });
     }
 }
 
@@ -66,7 +46,7 @@ public:
         if (stage.Player.Memory && stage.Player.Memory->PlayTimer.Enabled()) {
             Skipping([&] { PlayGraceNote(stage.ForEffects(), Effect(velocity)); });
         }
-        if (note.Fret == Dead) {
+        if (note.Fret == DeadFret) {
             PlayNote(TextOf(Core::OpenPitch(track, string) + octave), Core::NoHarmonic, channel, velocity, true);
         }
     }
@@ -109,24 +89,10 @@ private:
 
 void PlayNote(const std::string& pitch, std::int32_t harmonic, std::int16_t channel, double velocity, bool offAtOnce) {
     Skipping([&] {
-        const int written = Core::ToInt16(Core::CLng(std::trunc(ValueOf(pitch))));
-        if (harmonic == Core::SemiHarmonic) {
-            const std::int16_t softer = Core::CInt(velocity / 1.2);
-            const std::int16_t high = Core::ToInt16(written + 12);
-            const std::int16_t low = Core::ToInt16(written);
-            for (const std::int16_t each : {high, low}) MidiNoteOn(channel, each, softer);
-            if (!offAtOnce) return;
-            for (const std::int16_t each : {low, high}) MidiNoteOff(channel, each);
-            return;
-        }
-        const bool octave = harmonic >= Core::ArtificialHarmonic12 && harmonic <= Core::PitchHarmonic;
-        const int higher = octave                                  ? 12
-                           : harmonic == Core::ArtificialHarmonic5 ? 19
-                           : harmonic == Core::ArtificialHarmonic7 ? 24
-                                                                   : 0;
-        const std::int16_t sounding = Core::ToInt16(written + higher);
-        MidiNoteOn(channel, sounding, Core::CInt(velocity));
-        if (offAtOnce) MidiNoteOff(channel, sounding);
+        const std::vector<Struck> keys = HarmonicSounds(ValueOf(pitch), harmonic, velocity);
+        for (const Struck& key : keys) MidiNoteOn(channel, key.Pitch, key.Velocity);
+        if (!offAtOnce) return;
+        for (auto key = keys.rbegin(); key != keys.rend(); ++key) MidiNoteOff(channel, key->Pitch);
     });
 }
 

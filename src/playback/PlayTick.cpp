@@ -38,13 +38,11 @@ private:
         const Core::Bar* const bar = FindBar(stage.File(), track, player.PlayBar);
         return bar && playStrum == bar->Strums().UpperBound();
     }
-    void EnterBar(int bar);
+    void RewindTracks();
     /// False when the trainer's loop took over.
     bool AskTrainer();
     void EndStrum();
     void EndBar();
-    void Repeat();
-    void FollowSigns();
     void Damp();
     void Sound(const Core::Strum& strum);
 
@@ -57,10 +55,7 @@ private:
 };
 
 After TrackTick::Run(double& need) {
-    if (isLast) {
-        const Core::BarInfo* const info = FindBarInfo(stage.File(), player.PlayBar);
-        if (info && info->RepeatOpen) player.RepeatStartBar = player.PlayBar;
-    }
+    if (isLast) player.NoteRepeat(stage.File());
     if (const Core::Strum* const strum = Strum()) need = Core::StrumLength(*strum);
     if (elapsed >= need) {
         if (!AskTrainer()) return After::Leave;
@@ -95,14 +90,14 @@ bool TrackTick::AskTrainer() {
         if (raised <= trainer.FinalTempo) trainer.Tempo = raised;
         SetTempo(stage, std::min(raised, trainer.FinalTempo));
     });
-    EnterBar(trainer.FromBar);
+    player.PlayBar = trainer.FromBar;
+    RewindTracks();
     Skipping([&] { trainer.LoopsLeft = ToInt16(trainer.LoopsLeft - 1); });
     Tick(stage);
     return false;
 }
 
-void TrackTick::EnterBar(int bar) {
-    Skipping([&] { player.PlayBar = ToInt16(bar); });
+void TrackTick::RewindTracks() {
     for (std::int16_t& strum : player.PlayStrum) strum = -1;
 }
 
@@ -114,42 +109,11 @@ void TrackTick::EndStrum() {
 
 void TrackTick::EndBar() {
     if (!isLast) return;
-    Repeat();
-    if (!player.InRepeat) FollowSigns();
-}
-
-void TrackTick::Repeat() {
-    const Core::BarInfo* const info = FindBarInfo(stage.File(), player.PlayBar);
-    if (!player.InRepeat && info && info->RepeatClose > 0) {
-        player.RepeatsLeft = info->RepeatClose;
-        player.InRepeat = true;
-    }
-    if (!player.InRepeat || !info) return;
-    if (info->RepeatClose <= 0) return EnterBar(player.PlayBar + 1);
-    if (player.RepeatsLeft > 0) {
-        --player.RepeatsLeft;
-        EnterBar(player.RepeatStartBar);
-    } else {
-        player.InRepeat = false;
-    }
-}
-
-void TrackTick::FollowSigns() {
-    const Core::BarInfo* const info = FindBarInfo(stage.File(), player.PlayBar);
-    const int from = player.PlayBar;
-    int bar = from;
-    if (info && info->ToCoda != 0 && player.SegnoTaken) {
-        bar = player.CodaBar - 1;
-        if (player.CodaBar <= from) stage.Player.TellPlaysOn();
-    }
-    if (info && info->DalSegno != 0 && !player.SegnoTaken) {
-        bar = player.SegnoBar - 1;
-        player.SegnoTaken = true;
-    }
-    EnterBar(bar + 1);
-    if (!FindBarInfo(stage.File(), player.PlayBar) && player.PlayBar != player.PlayEndBar + 1) {
-        stage.Player.TellPlaysOn();
-    }
+    const BarWalk::Step step = player.BarWalk::EndBar(stage.File());
+    if (step == BarWalk::Step::Stays) return;
+    RewindTracks();
+    const bool leftSong = !FindBarInfo(stage.File(), player.PlayBar) && player.PlayBar != player.PlayEndBar + 1;
+    if (step == BarWalk::Step::Circles || leftSong) player.TellPlaysOn();
 }
 
 void TrackTick::Damp() {

@@ -44,12 +44,9 @@ void Start(const PlayStage& stage, std::int16_t startBar, std::int16_t endBar) {
     const auto tracks = static_cast<std::size_t>(stage.File().Tracks.Count());
     player.PlayElapsed.assign(tracks, 0);
     player.PlayStrum.assign(tracks, 0);
-    player.PlayBar = startBar;
+    static_cast<BarWalk&>(player).Start(stage.File(), startBar);
     player.PlayEndBar = endBar;
-    player.RepeatStartBar = player.RepeatsLeft = 0;
-    player.InRepeat = player.SegnoTaken = player.ToldPlaysOn = false;
-    player.SegnoBar = GetSignLocation(stage.File());
-    player.CodaBar = GetCodaLocation(stage.File());
+    player.ToldPlaysOn = false;
 
     frmPlayMemory& timers = *player.Memory;
     if (stage.Settings.CountIn || stage.Settings.Metronome) {

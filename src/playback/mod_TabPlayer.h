@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "core/mod_TabFileStructure.h"
+#include "playback/BarWalk.h"
 #include "playback/mod_Listening.h"
 
 namespace Quillon::Playback {
@@ -47,23 +48,17 @@ struct SpeedTrainer {
     bool operator==(const SpeedTrainer&) const = default;
 };
 
-struct PlayerState {
+/// With the bar that plays and the way through the song from there, which are its base.
+struct PlayerState : BarWalk {
     PlayerState();
     ~PlayerState();
     PlayerState(PlayerState&&) noexcept;
     PlayerState& operator=(PlayerState&&) noexcept;
 
-    std::int16_t PlayBar = 0;             ///< shared by all tracks
     std::vector<std::int16_t> PlayStrum;  ///< by track; -1 when the bar was just entered
     std::vector<double> PlayElapsed;      ///< by track: ticks spent in the strum
     std::int16_t PlayEndBar = 0;
     std::int16_t PlayLastTrack = 0;
-    std::int16_t RepeatStartBar = 0;
-    std::int16_t RepeatsLeft = 0;  ///< jumps back still to make
-    bool InRepeat = false;
-    std::int16_t SegnoBar = 0;
-    std::int16_t CodaBar = 0;
-    bool SegnoTaken = false;
     std::int16_t BeatsLeft = 0;  ///< clicks left in the count-in or in the bar
     Core::Strum LastChord;       ///< what a slash strum repeats, of whichever track it was
     double TempoInUse = 0;       ///< that the interval of the ticks was worked out from
