@@ -32,7 +32,8 @@ enum SmfMeta : std::uint8_t {
     SmfEndOfTrack = 0x2F,
     SmfTempo = 0x51,
     SmfTimeSignature = 0x58,
-    SmfKeySignature = 0x59
+    SmfKeySignature = 0x59,
+    SmfSequencerOwn = 0x7F
 };
 
 struct SmfFile {
