@@ -10,6 +10,7 @@
 #include "editing/mod_BarsAndTracks.h"
 #include "exchange/AsciiText.h"
 #include "exchange/NoteValues.h"
+#include "exchange/TrackBars.h"
 
 namespace Quillon::Exchange {
 
@@ -89,16 +90,6 @@ void AppendBar(TabFile& file) {
     info.TimeSigTop = last.TimeSigTop;
     info.TimeSigBottom = last.TimeSigBottom;
     file.BarInfos.Add(info);
-}
-
-/// Empty bars behind the tracks that have fewer than others.
-void EvenOut(TabFile& file) {
-    int bars = 0;
-    for (const Track& track : file.Tracks) bars = std::max(bars, track.Bars.Count());
-    file.BarInfos.Resize(bars);
-    for (Track& track : file.Tracks) {
-        while (track.Bars.Count() < bars) track.Bars.Add(EmptyBar());
-    }
 }
 
 /// Reads systems column by column. Positions count from 1, as the rules of the systems do.
@@ -338,7 +329,7 @@ bool ImportTextTab(TabFile& file, int track, std::string text, const AsciiImport
     RemoveNumberLines(text);
     RemoveDashLines(text);
     const bool done = ColumnReader(file, track, SystemText(text), options, told).Read(progress);
-    EvenOut(file);
+    EvenOutBars(file, false);
     told.Tracks = 1;
     told.Bars = file.Tracks[track].Bars.Count();
     told.NotesFound = told.NotesKept + told.NotesLost;

@@ -3,13 +3,14 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <string_view>
 
 #include "core/mod_Common.h"
-#include "core/mod_Instruments.h"
 #include "core/mod_TabFileManipulation.h"
 #include "editing/mod_BarsAndTracks.h"
+#include "exchange/DrumLetters.h"
+#include "exchange/MidiScore.h"
 #include "exchange/NoteValues.h"
+#include "exchange/TrackBars.h"
 #include "platform/RunTimeError.h"
 
 namespace Quillon::Exchange {
@@ -20,10 +21,7 @@ using Core::Track;
 namespace {
 
 constexpr int HighestFret = 29;
-constexpr int DrumChannel = 9;
 constexpr int FirstDrumNote = 34;  ///< sound 1 is the note above it
-
-std::string MetaText(const std::string& bytes) { return Core::IsUtf8(bytes) ? bytes : Core::FromWindows1252(bytes); }
 
 TimeSignature FileTimeSignature(SmfCursor& cursor) {
     TimeSignature found;
@@ -70,7 +68,7 @@ float FileTempo(SmfCursor& cursor) {
 std::optional<std::string> FirstText(SmfCursor& cursor, SmfMeta type) {
     for (int event = 1; event <= cursor.NumberOfEvents(); ++event) {
         cursor.SetEventNumber(event);
-        if (cursor.IsMeta(type)) return MetaText(cursor.Text());
+        if (cursor.IsMeta(type)) return MidiText(cursor.Text());
     }
     return {};
 }
@@ -95,10 +93,12 @@ std::int32_t DynamicOf(int velocity) {
 /// Walks one MIDI track and writes one track of the document, whose bars grow as it goes.
 class TrackWriter {
 public:
-    TrackWriter(TabFile& into, int number, const MidiImportOptions& how) : file(into), target(number), options(how) {}
+    TrackWriter(TabFile& into, int number, const MidiImportOptions& how, ImportReport* to)
+        : file(into), target(number), options(how), report(to) {}
 
     /// A quarter note or a note of any length ends where this one starts, so many 64ths behind the start before.
     void Advance(double time) {
+        wanted += time;
         if (options.Quantize) time = std::floor(time);
         while (time >= ShortestValue - Tolerance) {
             if (Room() < ShortestValue - Tolerance) {
@@ -121,10 +121,11 @@ public:
                 note.Dynamic = DynamicOf(velocity);
                 Target().Channel = Target().EffectChannel = static_cast<std::int16_t>(channel);
                 if (string == Core::StringCount - 1) Target().Strings = Core::StringCount;
-                return;
+                return Keep();
             }
             if (fret < 0 && string == Core::StringCount - 2) Target().Strings = Core::StringCount;
         }
+        Lose(pitch);
     }
 
     void PlaceDrum(int pitch) {
@@ -132,11 +133,12 @@ public:
         const auto sound = static_cast<std::int16_t>(pitch - FirstDrumNote);
         for (int string = 0; string < Core::StringCount; ++string) {
             if (!Current().Notes[string].Fret.empty()) continue;
-            const char* const letter = LetterOf(string, sound);
+            const char* const letter = LetterForDrum(Target().PercStrings[string], sound);
             if (!letter) continue;
             Current().Notes.Edit(string).Fret = letter;
-            return;
+            return Keep();
         }
+        Lose(pitch);
     }
 
     /// The last strum has nothing behind it to end it: the longest plain value that fits.
@@ -146,6 +148,9 @@ public:
         Core::Strum& last = Current();
         last.Length = 0;
         while (last.Length < SixtyFourth && Core::LengthCodeIn64ths(last.Length) > Room() + Tolerance) ++last.Length;
+        if (report && moved > 0) {
+            report->Add({ImportFate::Moved, moved, target, -1, 0, "str_ImportDrifted", {std::to_string(moved)}});
+        }
     }
 
 private:
@@ -154,6 +159,18 @@ private:
 
     Track& Target() { return file.Tracks[target]; }
     Core::Strum& Current() { return Target().Bars.Edit(bar).EditStrums()[strum]; }
+    void Keep() {
+        if (!report) return;
+        ++report->NotesFound;
+        ++report->NotesKept;
+        constexpr double Heard = 1;  // 64ths
+        if (std::abs(written - wanted) > Heard) ++moved;
+    }
+    void Lose(int pitch) {
+        if (!report) return;
+        ++report->NotesFound;
+        report->Add({ImportFate::Lost, 1, target, bar, 0, "str_ImportNoString", {Core::NoteName(pitch)}});
+    }
     double Capacity() const { return std::floor(Core::BarLengthIn64ths(file, bar)); }
     double Room() const { return Core::BarLengthIn64ths(file, bar) - used; }
 
@@ -164,6 +181,7 @@ private:
         constexpr int TiedString = 5;
         if (options.Ties) closed.Notes.Edit(TiedString).Tied = true;
         used += Core::StrumLength(closed);
+        written += Core::StrumLength(closed);
         if (Editing::BarFullness(file, target, bar) != Editing::Fullness::Under) return NextBar();
         auto& strums = Target().Bars.Edit(bar).EditStrums();
         strum = strums.Count();
@@ -186,28 +204,16 @@ private:
         Target().Bars.Edit(bar).EditStrums().Resize(1);
     }
 
-    /// The letter that stands for a sound on a string, which takes the sound when it has a letter left.
-    const char* LetterOf(int string, std::int16_t sound) {
-        Core::PercAssignment& sounds = Target().PercStrings[string];
-        for (const Core::PercussionLetter& letter : Core::PercussionLetters()) {
-            if (sounds.*letter.Sound == sound) return letter.Letter;
-        }
-        for (const char free : std::string_view("xoXOcfrsFSt~")) {
-            for (const Core::PercussionLetter& letter : Core::PercussionLetters()) {
-                if (letter.Letter[0] != free || sounds.*letter.Sound != 0) continue;
-                sounds.*letter.Sound = sound;
-                return letter.Letter;
-            }
-        }
-        return nullptr;
-    }
-
     TabFile& file;
     int target;
     const MidiImportOptions& options;
     int bar = 0;
     int strum = 0;
     double used = 0;  ///< 64ths of the bar that end before the strum
+    ImportReport* report;
+    double wanted = 0;   ///< 64ths from the start of the song, as the file has them
+    double written = 0;  ///< as the document has them
+    int moved = 0;
 };
 
 /// A track as it is before its first note.
@@ -215,7 +221,7 @@ Track TrackOf(SmfCursor& cursor, const MidiImportOptions& options) {
     Track track;
     track.Name.clear();
     cursor.SetEventNumber(1);
-    if (cursor.IsMeta(SmfTrackName)) track.Name = MetaText(cursor.Text());
+    if (cursor.IsMeta(SmfTrackName)) track.Name = MidiText(cursor.Text());
     track.InstrumentName = FirstText(cursor, SmfInstrumentName).value_or("");
     for (const std::string& text : {track.Name, EntryOf(cursor), track.InstrumentName}) {
         if (Core::UpperAscii(text).find("BASS") == std::string::npos) continue;
@@ -258,7 +264,7 @@ bool WalkTrack(SmfCursor& cursor, TrackWriter& writer, Percent& percent) {
         if (ticks > 0) writer.Advance(static_cast<double>(ticks) / cursor.TicksPerQuarter() * QuarterIn64ths);
         ticks = 0;
         const int channel = cursor.Status() & 0xF;
-        if (channel == DrumChannel) {
+        if (channel == MidiDrumChannel) {
             writer.PlaceDrum(cursor.Data1());
         } else {
             writer.PlacePitch(cursor.Data1(), cursor.Data2(), channel);
@@ -268,19 +274,23 @@ bool WalkTrack(SmfCursor& cursor, TrackWriter& writer, Percent& percent) {
     return true;
 }
 
-/// As many bars for each track, all of them filled, and a name for whatever has none.
-void EvenOut(TabFile& file) {
-    for (int t = 0; t <= file.Tracks.UpperBound(); ++t) {
-        Track& track = file.Tracks[t];
-        while (track.Bars.Count() < file.BarInfos.Count()) track.Bars.Add(EmptyBar());
-        for (int bar = 0; bar <= track.Bars.UpperBound(); ++bar) Editing::FixBar(file, t, bar);
-        if (track.Name.empty() && track.InstrumentName.empty()) {
-            track.Name = "Untitled Track";
-            track.InstrumentName = "A. Guitar (Nylon)";
-        }
-        if (track.Name.empty()) track.Name = track.InstrumentName;
-        if (track.InstrumentName.empty()) track.InstrumentName = track.Name;
+/// Fills the bars of a new track, and gives it a name where it has none.
+void FinishTrack(TabFile& file, int number) {
+    Track& track = file.Tracks[number];
+    while (track.Bars.Count() < file.BarInfos.Count()) track.Bars.Add(EmptyBar());
+    for (int bar = 0; bar <= track.Bars.UpperBound(); ++bar) Editing::FixBar(file, number, bar);
+    if (track.Name.empty() && track.InstrumentName.empty()) {
+        track.Name = "Untitled Track";
+        track.InstrumentName = "A. Guitar (Nylon)";
     }
+    if (track.Name.empty()) track.Name = track.InstrumentName;
+    if (track.InstrumentName.empty()) track.InstrumentName = track.Name;
+}
+
+void TellSize(const TabFile& file, int tracks, ImportReport* report) {
+    if (!report) return;
+    report->Tracks = tracks;
+    report->Bars = file.BarInfos.Count();
 }
 
 }  // namespace
@@ -296,7 +306,7 @@ std::vector<std::string> MidiTrackEntries(const SmfFile& midi) {
 }
 
 bool ImportMidi(TabFile& file, const SmfFile& midi, const std::string& title, const MidiImportOptions& options,
-                const ImportProgress& progress) {
+                const ImportProgress& progress, ImportReport* report) {
     SmfCursor cursor(midi);
     std::vector<int> chosen = options.Tracks;
     if (chosen.empty()) {
@@ -317,10 +327,27 @@ bool ImportMidi(TabFile& file, const SmfFile& midi, const std::string& title, co
     for (int t = 0; t <= file.Tracks.UpperBound(); ++t) {
         cursor.SetTrackNumber(chosen[static_cast<std::size_t>(t)]);
         file.Tracks[t] = TrackOf(cursor, options);
-        TrackWriter writer(file, t, options);
+        TrackWriter writer(file, t, options, report);
         if (!WalkTrack(cursor, writer, percent)) return false;
     }
-    EvenOut(file);
+    for (int t = 0; t <= file.Tracks.UpperBound(); ++t) FinishTrack(file, t);
+    TellSize(file, file.Tracks.Count(), report);
+    return true;
+}
+
+bool AddMidiTrack(TabFile& file, const SmfFile& midi, const MidiImportOptions& options, const ImportProgress& progress,
+                  ImportReport* report) {
+    SmfCursor cursor(midi);
+    if (options.Tracks.size() != 1) RaiseSubscriptOutOfRange();
+    cursor.SetTrackNumber(options.Tracks.front());
+    Percent percent(cursor.NumberOfEvents(), progress);
+    file.Tracks.Add(TrackOf(cursor, options));
+    const int number = file.Tracks.UpperBound();
+    TrackWriter writer(file, number, options, report);
+    if (!WalkTrack(cursor, writer, percent)) return false;
+    FinishTrack(file, number);
+    EvenOutBars(file, true);
+    TellSize(file, 1, report);
     return true;
 }
 

@@ -9,6 +9,7 @@
 
 #include "core/mod_TabFileStructure.h"
 #include "exchange/AsciiImport.h"
+#include "exchange/ImportReport.h"
 #include "platform/SmfCursor.h"
 
 namespace Quillon::Exchange {
@@ -28,8 +29,14 @@ std::vector<std::string> MidiTrackEntries(const SmfFile& midi);
 
 /// Replaces the document's tracks, bars, title and tempo by those of a MIDI file. False when `progress`, in percent of
 /// the events, ended it; the document is then half done and to be thrown away, as it is when this raises: "Subscript
-/// out of range" for a track that the file lacks, "Overflow" for more bars than there can be.
+/// out of range" for a track that the file lacks, "Overflow" for more bars than there can be. `report` is told what
+/// became of the notes; moved are those that what was dropped before them brought off their time by a 64th and more.
 bool ImportMidi(Core::TabFile& file, const SmfFile& midi, const std::string& title, const MidiImportOptions& options,
-                const ImportProgress& progress = {});
+                const ImportProgress& progress = {}, ImportReport* report = nullptr);
+
+/// Adds the one track of the options to a document, behind its others and in its bars; the document grows when it is
+/// longer. As ImportMidi in everything else.
+bool AddMidiTrack(Core::TabFile& file, const SmfFile& midi, const MidiImportOptions& options,
+                  const ImportProgress& progress = {}, ImportReport* report = nullptr);
 
 }  // namespace Quillon::Exchange
