@@ -12,8 +12,11 @@
 #include "core/mod_Language.h"
 #include "core/mod_MusicFile.h"
 #include "core/mod_Settings.h"
+#include "core/mod_TabFileManipulation.h"
+#include "exchange/AlignedImport.h"
 #include "exchange/AsciiImport.h"
 #include "exchange/JsonDocument.h"
+#include "exchange/MidiExport.h"
 #include "exchange/MidiImport.h"
 #include "exchange/TextExport.h"
 #include "library/ChordNaming.h"
@@ -107,6 +110,16 @@ inline void TextTab(std::string_view bytes) {
     Exchange::WriteTextTab(file, {});
 }
 
+/// False for a MIDI file that is mostly silence: bars upon bars of rests.
+inline bool IsShort(const SmfFile& midi) {
+    constexpr std::uint64_t MostQuarters = 20'000;
+    std::uint64_t quarters = 0;
+    for (const auto& track : midi.Tracks) {
+        for (const SmfEvent& event : track) quarters += event.Delta / static_cast<unsigned>(midi.TicksPerQuarter);
+    }
+    return quarters <= MostQuarters;
+}
+
 /// A MIDI file. What is read must be written as it was read, and becomes a document whose tracks are alike.
 inline void Midi(std::string_view bytes) {
     SmfFile midi;
@@ -121,20 +134,42 @@ inline void Midi(std::string_view bytes) {
     options.Ties = bytes.size() % 2 == 1;
     options.Quantize = bytes.size() % 3 == 1;
     Core::TabFile file;
-    constexpr std::uint64_t MostTicks = 20'000;  // of a quarter's 16: beyond them it is bars upon bars of rests
-    std::uint64_t ticks = 0;
-    for (const auto& track : midi.Tracks) {
-        for (const SmfEvent& event : track) ticks += event.Delta / static_cast<unsigned>(midi.TicksPerQuarter);
-    }
-    if (ticks > MostTicks) return;
+    Exchange::ImportReport report;
+    if (!IsShort(midi)) return;
     try {
-        Exchange::ImportMidi(file, midi, "", options);
+        Exchange::ImportMidi(file, midi, "", options, {}, &report);
     } catch (const RunTimeError& refusal) {
         return Require(!refusal.Description().empty(), "a refusal without a reason");
     }
+    Require(report.NotesFound == report.NotesKept + report.NotesLost, "notes that nobody tells of");
     for (const Core::Track& track : file.Tracks) {
         Require(track.Bars.Count() == file.BarInfos.Count(), "tracks of different lengths");
     }
+}
+
+/// A MIDI file by the other reader: all bars are full, all notes accounted for, and the song is written again.
+inline void MidiAligned(std::string_view bytes) {
+    Core::TabFile file;
+    Exchange::ImportReport report;
+    try {
+        const SmfFile midi = ReadSmf(bytes);
+        if (!IsShort(midi)) return;
+        Exchange::ImportAligned(file, midi, "", {}, report);
+    } catch (const RunTimeError& refusal) {
+        return Require(!refusal.Description().empty(), "a refusal without a reason");
+    }
+    Require(report.NotesFound == report.NotesKept + report.NotesLost, "notes that nobody tells of");
+    for (int t = 0; t <= file.Tracks.UpperBound(); ++t) {
+        const Core::Track& track = file.Tracks[t];
+        Require(track.Bars.Count() == file.BarInfos.Count(), "tracks of different lengths");
+        for (int bar = 0; bar <= track.Bars.UpperBound(); ++bar) {
+            constexpr double Hair = 1e-6;
+            const double off = Core::BarLength64ths(track.Bars[bar]) - Core::BarLengthIn64ths(file, bar);
+            Require(off < Hair && off > -Hair, "a bar that is not full");
+        }
+    }
+    const SmfFile again = Exchange::MidiOfDocument(file, {});
+    Require(ReadSmf(WriteSmf(again)) == again, "the song is not written as it is");
 }
 
 /// QL4.ini, the settings store and a language file: what each reader took from the bytes, it takes again from its text.
@@ -199,8 +234,10 @@ struct Target {
     void (*Run)(std::string_view bytes);
 };
 inline constexpr Target Targets[] = {
-    {"music_text", &MusicText}, {"cipher", &Cipher},     {"json", &Json}, {"text_tab", &TextTab},    {"midi", &Midi},
-    {"settings", &Settings},    {"recovery", &Recovery}, {"play", &Play}, {"library", &LibraryFile},
+    {"music_text", &MusicText}, {"cipher", &Cipher},     {"json", &Json},
+    {"text_tab", &TextTab},     {"midi", &Midi},         {"midi_aligned", &MidiAligned},
+    {"settings", &Settings},    {"recovery", &Recovery}, {"play", &Play},
+    {"library", &LibraryFile},
 };
 
 }  // namespace Quillon::Fuzz
