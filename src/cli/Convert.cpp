@@ -21,7 +21,8 @@ struct Arguments {
     bool Report = false;
 };
 
-const std::map<std::string, ImportReader> ReaderNames = {{"classic", ImportReader::Classic}};
+const std::map<std::string, ImportReader> ReaderNames = {{"classic", ImportReader::Classic},
+                                                         {"aligned", ImportReader::Aligned}};
 
 int Convert(const Arguments& arguments) {
     const DocumentWriter& writer = WriterFor(arguments.Out);  // a wrong ending is told before anything is opened
@@ -33,6 +34,7 @@ int Convert(const Arguments& arguments) {
     }
     Exchange::ImportReport report;
     import.Report = &report;
+    import.IntoTrack = arguments.Options.Track.value_or(0);
     OpenWholeDocument(arguments.In, import);
     if (arguments.Options.Track) ChooseTrack(*arguments.Options.Track);
     SaveDocument(arguments.Out, arguments.Options);
@@ -51,7 +53,7 @@ void AddConvert(CLI::App& app, Work& work) {
         ->type_name("");
     command
         ->add_option("OUT", arguments->Out,
-                     "File to write: .qlm .json .txt .tab .html .htm .pdf .svg .png .jpg .bmp .wav")
+                     "File to write: .qlm .json .mid .txt .tab .html .htm .pdf .svg .png .jpg .bmp .wav")
         ->required()
         ->type_name("");
     command->add_option("--track", arguments->Options.Track, "Current track, from 0, for outputs that show one")
@@ -71,6 +73,9 @@ void AddConvert(CLI::App& app, Work& work) {
     command->add_option("--reader", arguments->Import.Reader, "Who reads a text tab or MIDI file; classic without it")
         ->type_name("NAME")
         ->transform(CLI::CheckedTransformer(ReaderNames));
+    command
+        ->add_option("--into", arguments->Import.Into, "Add to this document: a text as --track, a MIDI track behind")
+        ->type_name("DOC");
     command->add_flag("--report", arguments->Report, "Print what an import kept and lost");
     CLI::Option* const engraved =
         command->add_flag("--engraved", arguments->Options.Engraved, "Write a .pdf of the drawn pages, not of text");

@@ -8,8 +8,11 @@
 #include "cli/WaveFiles.h"
 #include "core/mod_Common.h"
 #include "core/mod_Language.h"
+#include "core/mod_Settings.h"
 #include "core/mod_TabFileManipulation.h"
+#include "exchange/AlignedImport.h"
 #include "exchange/JsonDocument.h"
+#include "exchange/MidiExport.h"
 #include "platform/FileSystem.h"
 #include "platform/MessageBox.h"
 #include "platform/RunTimeError.h"
@@ -42,12 +45,17 @@ Core::OpenOutcome OpenOld(const fs::path& path, const ImportOptions&) {
     return Core::OpenOutcome::OldKind;
 }
 
+/// What an import starts from.
+Core::TabFile DocumentFor(const ImportOptions& options) {
+    return options.Into.empty() ? Core::MakeNewTabFile(*Services.Settings) : Core::Open.TabFile;
+}
+
 /// A new document of one track, and the text as that track. Pages are read as text; nothing is fetched.
 Core::OpenOutcome OpenText(const fs::path& path, const ImportOptions& options) {
     std::string text = Exchange::TextOfBytes(Services.Files->Read(path));
-    Core::TabFile file = Core::MakeNewTabFile(*Services.Settings);
+    Core::TabFile file = DocumentFor(options);
     try {
-        Exchange::ImportTextTab(file, 0, std::move(text), options.Text, {}, options.Report);
+        Exchange::ImportTextTab(file, options.IntoTrack, std::move(text), options.Text, {}, options.Report);
     } catch (const RunTimeError&) {
         throw CommandFailure(path.string() + ": " + Core::LanguageText("str_ErrorImporting"));
     }
@@ -56,9 +64,25 @@ Core::OpenOutcome OpenText(const fs::path& path, const ImportOptions& options) {
     return Core::OpenOutcome::Opened;
 }
 
+void ReadMidi(Core::TabFile& file, const SmfFile& midi, const std::string& title, const ImportOptions& options) {
+    Exchange::ImportReport report;
+    const bool aligned = options.Reader == ImportReader::Aligned;
+    if (options.Into.empty()) {
+        aligned ? Exchange::ImportAligned(file, midi, title, options.Midi, report)
+                : Exchange::ImportMidi(file, midi, title, options.Midi, {}, &report);
+    } else {
+        aligned ? Exchange::AddAlignedTrack(file, midi, options.Midi, report)
+                : Exchange::AddMidiTrack(file, midi, options.Midi, {}, &report);
+    }
+    if (options.Report) *options.Report = std::move(report);
+}
+
 Core::OpenOutcome OpenMidi(const fs::path& path, const ImportOptions& options) {
     const std::string bytes = Services.Files->Read(path);
-    Core::TabFile file = Core::MakeNewTabFile(*Services.Settings);
+    Core::TabFile file = DocumentFor(options);
+    if (!options.Into.empty() && options.Midi.Tracks.size() != 1) {
+        throw UsageError(path.string() + ": one --midi-track goes into a document");
+    }
     try {
         const SmfFile midi = ReadSmf(bytes);
         for (const int track : options.Midi.Tracks) {
@@ -69,8 +93,7 @@ Core::OpenOutcome OpenMidi(const fs::path& path, const ImportOptions& options) {
         }
         // Without the ending's four characters, whatever they are.
         const std::string name = path.filename().string();
-        Exchange::ImportMidi(file, midi, name.substr(0, name.size() - std::min<std::size_t>(name.size(), 4)),
-                             options.Midi);
+        ReadMidi(file, midi, name.substr(0, name.size() - std::min<std::size_t>(name.size(), 4)), options);
     } catch (const RunTimeError& error) {
         throw CommandFailure(path.string() + ": " + Core::LanguageText("str_BadMidiFile", {error.Description()}));
     }
@@ -81,6 +104,12 @@ Core::OpenOutcome OpenMidi(const fs::path& path, const ImportOptions& options) {
 
 bool WriteMusicFile(const fs::path& path, const ConvertOptions&) { return Core::ForceSaveFile(path); }
 
+bool WriteMidi(const fs::path& path, const ConvertOptions&) {
+    Core::LoadINISettings();
+    Exchange::ExportMidi(path);
+    return true;
+}
+
 bool WriteJsonFile(const fs::path& path, const ConvertOptions&) {
     Services.Files->Replace(path, Exchange::WriteJson(Core::Open.TabFile));
     return true;
@@ -89,16 +118,22 @@ bool WriteJsonFile(const fs::path& path, const ConvertOptions&) {
 constexpr ImportReader NoOther = ImportReader::Classic;
 
 constexpr DocumentReader Readers[] = {
-    {".qlm", NoOther, &OpenMusicFile}, {".ql4", NoOther, &OpenOld},  {".json", NoOther, &OpenJson},
-    {".txt", NoOther, &OpenText},      {".tab", NoOther, &OpenText}, {".html", NoOther, &OpenText},
-    {".htm", NoOther, &OpenText},      {".mid", NoOther, &OpenMidi}, {".midi", NoOther, &OpenMidi},
+    {".qlm", NoOther, &OpenMusicFile},
+    {".ql4", NoOther, &OpenOld},
+    {".json", NoOther, &OpenJson},
+    {".txt", NoOther, &OpenText},
+    {".tab", NoOther, &OpenText},
+    {".html", NoOther, &OpenText},
+    {".htm", NoOther, &OpenText},
+    {".mid", ImportReader::Aligned, &OpenMidi},
+    {".midi", ImportReader::Aligned, &OpenMidi},
 };
 
 constexpr DocumentWriter Writers[] = {
     {".qlm", &WriteMusicFile}, {".json", &WriteJsonFile}, {".svg", &WritePictures}, {".png", &WritePictures},
     {".jpg", &WritePictures},  {".jpeg", &WritePictures}, {".bmp", &WritePictures}, {".wav", &WriteWave},
     {".txt", &WriteText},      {".tab", &WriteText},      {".html", &WritePage},    {".htm", &WritePage},
-    {".pdf", &WritePdf},
+    {".pdf", &WritePdf},       {".mid", &WriteMidi},      {".midi", &WriteMidi},
 };
 
 /// The row of a path's ending.
@@ -111,6 +146,19 @@ const Row& RowFor(std::span<const Row> rows, const fs::path& path, const char* w
         known.append(known.empty() ? "" : " ").append(row.Ending);
     }
     throw UsageError(path.string() + ": " + what + " files end in " + known);
+}
+
+/// Opens the document that is added to; only what an import reads can be added.
+void OpenToAddTo(const fs::path& path, const ImportOptions& options) {
+    const auto open = RowFor(DocumentReaders(), path, "input").Open;
+    if (open != &OpenText && open != &OpenMidi) throw UsageError(path.string() + ": only what is imported goes --into");
+    OpenWholeDocument(options.Into);
+    ChooseTrack(options.IntoTrack);
+    const std::string question = Core::LanguageText("str_IntoQuestion", {path.string(), options.Into.string()});
+    if (Services.Messages->Show(question, Core::LanguageText("str_TitleQuestion"), Buttons::YesNo, BoxIcon::Question) !=
+        Answer::Yes) {
+        throw CommandFailure(options.Into.string() + ": nothing was added; --yes would go on");
+    }
 }
 
 }  // namespace
@@ -131,6 +179,7 @@ Core::OpenOutcome OpenDocument(const fs::path& path, const ImportOptions& option
 }
 
 void OpenWholeDocument(const fs::path& path, const ImportOptions& options) {
+    if (!options.Into.empty()) OpenToAddTo(path, options);
     if (OpenDocument(path, options) != Core::OpenOutcome::Opened) {
         throw CommandFailure(path.string() + ": the file is damaged; nothing was made of it");
     }

@@ -26,7 +26,7 @@ struct ConvertOptions {
 };
 
 /// Who reads what is no document of ours. The classic reader takes texts and MIDI files.
-enum class ImportReader : std::uint8_t { Classic };
+enum class ImportReader : std::uint8_t { Classic, Aligned };
 
 /// How what is no document of ours becomes one.
 struct ImportOptions {
@@ -34,6 +34,8 @@ struct ImportOptions {
     Exchange::ImportReport* Report = nullptr;  ///< told what was kept and lost
     Exchange::AsciiImportOptions Text;
     Exchange::MidiImportOptions Midi;
+    std::filesystem::path Into;  ///< the document that is added to, in place of a new one
+    int IntoTrack = 0;           ///< of it, that a text becomes; a MIDI track becomes a new one
 };
 
 struct DocumentReader {
