@@ -21,6 +21,7 @@
 #include "forms/ntne_frmInsertBar.h"
 #include "forms/ntne_frmInstrument.h"
 #include "forms/ntne_frmLyrics.h"
+#include "forms/ntne_frmMIDIImport.h"
 #include "forms/ntne_frmNote.h"
 #include "forms/ntne_frmPageSetup.h"
 #include "forms/ntne_frmPassword.h"
@@ -40,6 +41,7 @@
 #include "shell/GoCommands.h"
 #include "shell/InstrumentModel.h"
 #include "shell/LyricsModel.h"
+#include "shell/MidiImportModel.h"
 #include "shell/NoteModels.h"
 #include "shell/PasswordModel.h"
 #include "shell/PrintModel.h"
@@ -76,6 +78,7 @@ const std::unordered_map<std::type_index, bool (*)(DialogModel&, QWidget*)>& Win
         Row<ntne_frmTremBar, Shell::TremBarModel>(),
         Row<ntne_frmGrace, Shell::GraceModel>(),
         Row<ntne_frmTrill, Shell::TrillModel>(),
+        Row<ntne_frmMIDIImport, Shell::MidiImportModel>(),
         Row<ntne_frmNote, Shell::NoteModel>(),
         Row<ntne_frmText, Shell::TextModel>(),
         Row<ntne_frmChord, Shell::ChordModel>(),

@@ -235,7 +235,8 @@ void frmMain::dropEvent(QDropEvent* event) {
 }
 
 std::optional<std::filesystem::path> frmMain::AskOpenFile(const std::filesystem::path& folder) {
-    const QString filters = Text("str_FilterOpen") + " (*.qlm *.QLM *.json);;" + Text("str_FilterAll") + " (*)";
+    const QString filters =
+        Text("str_FilterOpen") + " (*.qlm *.QLM *.json *.mid *.midi *.MID *.MIDI);;" + Text("str_FilterAll") + " (*)";
     const QString chosen = QFileDialog::getOpenFileName(this, Text("str_OpenTitle"), PathText(folder), filters);
     if (chosen.isEmpty()) return {};
     return ToPath(chosen);
@@ -249,6 +250,16 @@ std::optional<std::filesystem::path> frmMain::AskSaveFile(const std::filesystem:
     dialog.selectFile(PathText(suggested.filename()));
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
     return ToPath(dialog.selectedFiles().first());
+}
+
+std::optional<std::filesystem::path> frmMain::AskImportFile(const char* titleKey, const char* kindKey,
+                                                            const std::vector<std::string>& endings) {
+    QStringList patterns;
+    for (const std::string& ending : endings) patterns << "*" + ToQString(ending) << "*" + ToQString(ending).toUpper();
+    const QString filters = Text(kindKey) + " (" + patterns.join(' ') + ");;" + Text("str_FilterAll") + " (*)";
+    const QString chosen = QFileDialog::getOpenFileName(this, Text(titleKey), QString(), filters);
+    if (chosen.isEmpty()) return {};
+    return ToPath(chosen);
 }
 
 std::optional<std::filesystem::path> frmMain::AskExportFile(const char* titleKey, const char* kindKey,

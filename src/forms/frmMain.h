@@ -70,6 +70,8 @@ public:
     void PlayingStopped() override;
     void ScrollToBar(int bar) override;
     void MovePlayMarker() override;
+    std::optional<std::filesystem::path> AskImportFile(const char* titleKey, const char* kindKey,
+                                                       const std::vector<std::string>& endings) override;
     std::optional<std::filesystem::path> AskExportFile(const char* titleKey, const char* kindKey,
                                                        const std::filesystem::path& suggested) override;
     void BeginWork(const std::string& text) override;

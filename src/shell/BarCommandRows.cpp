@@ -3,6 +3,7 @@
 #include "shell/BarCommands.h"
 #include "shell/CommandRows.h"
 #include "shell/CursorState.h"
+#include "shell/mod_Shell.h"
 
 namespace Quillon::Shell {
 
@@ -42,6 +43,11 @@ constexpr Command Table[] = {
      .Toolbar = TrackToolbar,
      .SeparatorBefore = true,
      .Run = mnuTrackAdd_Click},
+    {.Name = "mnuImportMIDITrack",
+     .Menu = TrackMenu,
+     .Text = "str_ImportMidiTrack",
+     .Icon = "import-midi",
+     .Run = mnuImportMIDITrack_Click},
     {.Name = "mnuTrackDelete",
      .Menu = TrackMenu,
      .Text = "str_TrackDelete",

@@ -16,6 +16,7 @@
 #include "platform/Services.h"
 #include "playback/mod_TabPlayer.h"
 #include "shell/GoCommands.h"
+#include "shell/MidiImportModel.h"
 #include "shell/PercAssistant.h"
 #include "shell/Recovery.h"
 #include "shell/mod_Shell.h"
@@ -49,6 +50,11 @@ std::string LastThree(const fs::path& path) {
 }
 
 bool IsJson(const fs::path& path) { return Core::LowerAscii(path.string()).ends_with(".json"); }
+
+bool IsMidi(const fs::path& path) {
+    const std::string ending = Core::LowerAscii(path.extension().string());
+    return ending == ".mid" || ending == ".midi";
+}
 
 void Tell(const std::string& text, BoxIcon icon = BoxIcon::Exclamation) {
     Services.Messages->Show(text, LanguageText(icon == BoxIcon::Critical ? "str_TitleError" : "str_TitleNote"),
@@ -133,6 +139,7 @@ bool OpenFileByEnding(const fs::path& path) {
         Tell(LanguageText("str_OldFile"), BoxIcon::Critical);
         return false;
     }
+    if (IsMidi(path)) return OpenMidiAsSong(path);
     if (ending != "QLM" && !IsJson(path)) {
         Tell(LanguageText("str_UnknownEnding", {path.string()}));
         return false;

@@ -5,6 +5,7 @@
 #include "core/mod_TabFileStructure.h"
 #include "platform/Services.h"
 #include "platform/SettingsStore.h"
+#include "shell/LongWork.h"
 #include "shell/PrintModel.h"
 #include "shell/mod_Shell.h"
 
@@ -16,14 +17,6 @@ using Core::Open;
 using Exchange::RunningField;
 
 namespace {
-
-/// The window's progress, over even when the work raises.
-struct Work {
-    explicit Work(const std::string& text) { Program.View->BeginWork(text); }
-    ~Work() { Program.View->EndWork(); }
-    Work(const Work&) = delete;
-    Work& operator=(const Work&) = delete;
-};
 
 /// The pages lay out the tracks for themselves; the view is to be laid out anew behind them.
 void PrintedAll(const std::string& status) {
@@ -59,7 +52,7 @@ void PrintOn(ChosenPrinter printer, const PrintModel& model) {
     const int last = printer.Last == 0 ? job.Pages() : std::clamp(printer.Last, first, job.Pages());
     bool whole = false;
     {
-        const Work work(LanguageText("str_Printing"));
+        const LongWork work(LanguageText("str_Printing"));
         whole = job.Print(*printer.Pages, first - 1, last - 1, [&](int page) {
             return Program.View->GoOnWithWork(100 * (page - first + 1) / (last - first + 1));
         });

@@ -4,6 +4,7 @@
 #include "exchange/WaveExport.h"
 #include "platform/MessageBox.h"
 #include "platform/Services.h"
+#include "shell/LongWork.h"
 #include "shell/mod_Shell.h"
 #include "shell/mod_Sound.h"
 
@@ -15,18 +16,10 @@ using Core::Open;
 
 namespace {
 
-/// The window's progress, over even when the export raises.
-struct Work {
-    explicit Work(const std::string& text) { Program.View->BeginWork(text); }
-    ~Work() { Program.View->EndWork(); }
-    Work(const Work&) = delete;
-    Work& operator=(const Work&) = delete;
-};
-
 Exchange::WaveOutcome Export(const fs::path& target) {
     const std::unique_ptr<WaveRenderer> renderer = Services.Synth->NewRenderer();
-    const Work work(LanguageText("str_WaveWriting", {target.filename().string()}));
-    return Exchange::ExportWave(target, *renderer, [](int percent) { return Program.View->GoOnWithWork(percent); });
+    const LongWork work(LanguageText("str_WaveWriting", {target.filename().string()}));
+    return Exchange::ExportWave(target, *renderer, [&work](int percent) { return work.GoOn(percent); });
 }
 
 }  // namespace

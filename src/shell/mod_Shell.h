@@ -66,6 +66,9 @@ struct ShellView {
     /// cancelled. The keys are those of the question's title and of the kind of file.
     virtual std::optional<std::filesystem::path> AskExportFile(const char* titleKey, const char* kindKey,
                                                                const std::filesystem::path& suggested) = 0;
+    /// Asks for a file of a kind, whose endings are given in small letters; nothing when cancelled.
+    virtual std::optional<std::filesystem::path> AskImportFile(const char* titleKey, const char* kindKey,
+                                                               const std::vector<std::string>& endings) = 0;
     /// Long work begins: the status bar shows it with a way to cancel; user input is held back.
     virtual void BeginWork(const std::string& text) = 0;
     /// Shows how far it is and runs what waits; false when it was cancelled.
@@ -169,6 +172,9 @@ void mnuFileProperties_Click();
 void mnuFilePageSetup_Click();
 void mnuFileExportPicture_Click();
 void mnuFileExportWave_Click();
+void mnuFileExportMIDI_Click();
+void mnuFileImportMIDI_Click();
+void mnuImportMIDITrack_Click();
 void mnuFileOptions_Click();
 void mnuFileExit_Click();
 

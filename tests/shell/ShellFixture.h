@@ -105,6 +105,10 @@ struct FakeWindow : ShellView, Dialogs {
         Suggested = suggested;
         return SaveAnswer;
     }
+    std::optional<std::filesystem::path> AskImportFile(const char*, const char*,
+                                                       const std::vector<std::string>&) override {
+        return OpenAnswer;
+    }
     std::optional<std::filesystem::path> AskExportFile(const char*, const char*,
                                                        const std::filesystem::path& suggested) override {
         Suggested = suggested;

@@ -238,6 +238,18 @@ TEST_F(SoundDevices, TheTestToneEndsByItself) {
     EXPECT_EQ(run->Clock.Running(), 0U);
 }
 
+TEST_F(SoundDevices, AMidiFileIsWrittenWhereAsked) {
+    Start("");
+    const auto target = folder / "song.mid";
+    RunCommand(*FindCommand("mnuFileExportMIDI"));
+    EXPECT_EQ(Window().Suggested, "Untitled.mid");
+    EXPECT_FALSE(std::filesystem::exists(target)) << "the question was cancelled";
+    Window().SaveAnswer = target;
+    RunCommand(*FindCommand("mnuFileExportMIDI"));
+    EXPECT_EQ(Testing::Slurp(target).substr(0, 4), "MThd");
+    EXPECT_EQ(Window().Status.back(), "song.mid written");
+}
+
 TEST_F(SoundDevices, ASoundFileIsWrittenWholeOrNotAtAll) {
     Start("");
     EXPECT_TRUE(IsEnabled(*FindCommand("mnuFileExportWave")));

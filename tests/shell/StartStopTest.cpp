@@ -79,7 +79,7 @@ TEST_F(StartStop, TheCommandLinesFileIsOpenedByItsLastThreeCharacters) {
                        {"withoutdotqlm", "7", "withoutdotqlm", ""},
                        {"song.JSON", "9", "Unsaved.qlm", ""},
                        {"old.ql4", "", "Unsaved.qlm", "older kind"},
-                       {"song.mid", "", "Unsaved.qlm", "song.mid can't be opened"},
+                       {"song.mid", "", "Unsaved.qlm", "song.mid: This is no MIDI file"},
                        {"torn.json", "", "Unsaved.qlm", "torn.json: not valid JSON"},
                        {"missing.qlm", "", "Unsaved.qlm", "missing.qlm: No such file"},
                        {"qm", "", "Unsaved.qlm", "can't be opened"}};
