@@ -29,8 +29,7 @@ std::vector<int> PatternPitches(const ScaleRec& scale, int key) {
         }
     }
     std::ranges::sort(pitches);
-    const auto repeated = std::ranges::unique(pitches);
-    pitches.erase(repeated.begin(), repeated.end());
+    pitches.erase(std::unique(pitches.begin(), pitches.end()), pitches.end());
     return pitches;
 }
 
