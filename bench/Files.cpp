@@ -12,14 +12,14 @@ using namespace Quillon::Bench;
 
 namespace {
 
-struct Times {
+struct FileTimes {
     double Open, Save;
 };
 
-Times Measured(int bars, int runs) {
+FileTimes Measured(int bars, int runs) {
     const auto path = Services.BaseFolder / "song.qlm";
     Core::Open.TabFile = SongS(bars);
-    Times times{};
+    FileTimes times{};
     times.Save = MedianSeconds(runs, [&] { Core::ForceSaveFile(path); });
     times.Open = MedianSeconds(runs, [&] { Core::ForceOpenFile(path); });
     if (!(Core::Open.TabFile == SongS(bars))) Fail("the song does not come back as it was saved");
@@ -33,10 +33,10 @@ double Exponent(double before, double after, double times) { return std::log(aft
 
 int main() {
     const Setting setting;
-    const Times at1000 = Measured(SongBars, 9);
+    const FileTimes at1000 = Measured(SongBars, 9);
     Row("Open Song S: decipher and parse", at1000.Open, 0.2, "s");
     Row("Save Song S, flushed to disk", at1000.Save, 0.2, "s");
-    const Times at10000 = Measured(10 * SongBars, 3);
+    const FileTimes at10000 = Measured(10 * SongBars, 3);
     Row("Open, exponent of growth to 10,000 bars", Exponent(at1000.Open, at10000.Open, 10), 1.2, "");
     Row("Save, exponent of growth to 10,000 bars", Exponent(at1000.Save, at10000.Save, 10), 1.2, "");
     return Status();

@@ -1,5 +1,7 @@
 #include "bench/SongS.h"
 
+#include "core/mod_TabFileManipulation.h"
+
 #include <random>
 #include <string>
 
@@ -125,6 +127,24 @@ TabFile SongOfChords(int bars, int tracks) {
         }
     }
     return song;
+}
+
+TabFile Sixteenths(int bars) {
+    TabFile file;
+    Track& track = file.Tracks[0];
+    track.ShowTreble = track.ShowBass = track.ShowTab = true;
+    track.Bars.Resize(bars);
+    file.BarInfos.Resize(bars);
+    for (int bar = 0; bar < bars; ++bar) {
+        SetBarStrums(track.Bars.Edit(bar), 15);
+        int at = bar;
+        for (Strum& strum : track.Bars.Edit(bar).EditStrums()) {
+            strum.Length = 4;
+            for (const int string : {0, 2, 5}) strum.Notes.Edit(string).Fret = std::to_string((at + string) % 13);
+            at += 5;
+        }
+    }
+    return file;
 }
 
 }  // namespace Quillon::Bench

@@ -22,4 +22,7 @@ Core::TabFile SongOfEffects(int bars, int tracks);
 /// chord symbol of seven.
 Core::TabFile SongOfChords(int bars, int tracks);
 
+/// Two staves and the tab, 16ths throughout: three notes a strum, accidentals among them.
+Core::TabFile Sixteenths(int bars);
+
 }  // namespace Quillon::Bench

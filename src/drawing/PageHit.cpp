@@ -21,13 +21,20 @@ bool InBand(const Bar& bar, int rowHeight, int y) {
     return y >= bar.Place.BarY - 50 && y < bar.Place.BarY + rowHeight + 40;
 }
 
-/// A bar ends where its columns' step makes it end. In a row that is stretched beyond the widest step they stand
-/// farther apart, and each of them is still to be hit.
-int HitEnd(const Bar& bar) {
+/// A bar ends where its columns' step makes it end. Where a row is stretched beyond the widest step, or the bar holds
+/// more than its time signature, columns stand farther out, and each of them is still to be hit; not beyond the next
+/// bar.
+int HitEnd(const Track& track, int index) {
     constexpr int besideColumn = 20;
-    const auto& columns = bar.Place.StrumX;
-    const int end = bar.Place.BarX + BarPixelWidth(bar, bar.Place.BarStep);
-    return columns.UpperBound() < 0 ? end : std::max(end, columns[columns.UpperBound()] + besideColumn);
+    const Core::BarPlace& place = track.Bars[index].Place;
+    const int end = place.BarX + BarPixelWidth(track.Bars[index], place.BarStep);
+    if (place.StrumX.UpperBound() < 0) return end;
+    int reach = place.StrumX[place.StrumX.UpperBound()] + besideColumn;
+    if (index < track.Bars.UpperBound()) {
+        const Core::BarPlace& next = track.Bars[index + 1].Place;
+        if (next.Page == place.Page && next.BarY == place.BarY) reach = std::min<int>(reach, next.BarX);
+    }
+    return std::max(end, reach);
 }
 
 int StrumAt(const Bar& bar, int x) {
@@ -66,14 +73,16 @@ Hit HitTest(const TabFile& file, int track, int x, int y) {
     const int rowHeight = RowHeight(shown);
     Hit hit;
     int bar = 0;
-    const auto hits = [&](const Bar& candidate) {
-        return candidate.Place.Page >= 0 && candidate.Place.BarX <= x && x < HitEnd(candidate) &&
-               InBand(candidate, rowHeight, y);
+    const auto hits = [&](int index) {
+        const Bar& candidate = shown.Bars[index];
+        return candidate.Place.Page >= 0 && candidate.Place.BarX <= x && InBand(candidate, rowHeight, y) &&
+               x < HitEnd(shown, index);
     };
-    while (bar <= shown.Bars.UpperBound() && !hits(shown.Bars[bar])) ++bar;
+    while (bar <= shown.Bars.UpperBound() && !hits(bar)) ++bar;
     if (bar > shown.Bars.UpperBound()) {
         const Bar& last = shown.Bars[shown.Bars.UpperBound()];
-        hit.PastLastBar = last.Place.Page >= 0 && InBand(last, rowHeight, y) && x >= HitEnd(last);
+        hit.PastLastBar =
+            last.Place.Page >= 0 && InBand(last, rowHeight, y) && x >= HitEnd(shown, shown.Bars.UpperBound());
         return hit;
     }
     const Bar& found = shown.Bars[bar];

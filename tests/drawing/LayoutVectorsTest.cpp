@@ -149,7 +149,8 @@ TEST(Layout, RowsWithoutHeightFindNoRoom) {
 
 TEST(Layout, EveryColumnOfAStretchedBarIsHit) {
     Core::TabFile file;
-    Core::SetBarStrums(file.Tracks[0].Bars.Edit(0), 2);  // three quarters, alone in a row of 700 pixels
+    Core::SetBarStrums(file.Tracks[0].Bars.Edit(0), 2);
+    for (Core::Strum& strum : file.Tracks[0].Bars.Edit(0).EditStrums()) strum.Length = 2;
     PageSetup page;
     LayOutTrack(page, {102, 35}, file, 0, 0);
     const Core::BarPlace& place = file.Tracks[0].Bars[0].Place;
@@ -158,5 +159,20 @@ TEST(Layout, EveryColumnOfAStretchedBarIsHit) {
         const Hit hit = HitTest(file, 0, place.StrumX[strum] + 1, place.BarY + 10);
         EXPECT_TRUE(hit.OnBar);
         EXPECT_EQ(hit.Strum, strum);
+    }
+}
+
+TEST(Layout, AColumnBelongsToItsOwnBar) {
+    Core::TabFile file;
+    file.Tracks[0].Bars.Resize(2);
+    file.BarInfos.Resize(2);
+    Core::SetBarStrums(file.Tracks[0].Bars.Edit(0), 40);  // far past its time signature
+    PageSetup page;
+    LayOutTrack(page, {102, 35}, file, 0, 0);
+    for (int bar = 0; bar < 2; ++bar) {
+        const Core::BarPlace& place = file.Tracks[0].Bars[bar].Place;
+        const Hit hit = HitTest(file, 0, place.StrumX[0], place.BarY + 10);
+        EXPECT_EQ(hit.Bar, bar);
+        EXPECT_EQ(hit.Strum, 0);
     }
 }
