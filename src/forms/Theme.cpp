@@ -1,8 +1,10 @@
 #include "forms/Theme.h"
 
 #include <QApplication>
+#include <QProxyStyle>
 #include <QStyle>
 #include <QStyleFactory>
+#include <QStyleOption>
 
 #include "drawing/PageFurniture.h"
 #include "drawing/mod_PageLayout.h"
@@ -51,17 +53,52 @@ QPalette LightPalette() {
     return palette;
 }
 
+/// Fusion draws frames by darkening the window's colour, which on a dark one leaves nothing to see of a box without a
+/// tick, or of a field.
+class DarkStyle : public QProxyStyle {
+public:
+    DarkStyle() : QProxyStyle("fusion") {}
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override {
+        const QColor frame(0xa6, 0xaa, 0xb2);  // it darkens this
+        if (element == PE_IndicatorCheckBox || element == PE_IndicatorRadioButton) {
+            if (const auto* const button = qstyleoption_cast<const QStyleOptionButton*>(option)) {
+                QStyleOptionButton light(*button);
+                light.palette.setColor(QPalette::Window, frame);
+                return QProxyStyle::drawPrimitive(element, &light, painter, widget);
+            }
+        }
+        if (element == PE_FrameLineEdit) {
+            if (const auto* const field = qstyleoption_cast<const QStyleOptionFrame*>(option)) {
+                QStyleOptionFrame light(*field);
+                light.palette.setColor(QPalette::Window, frame);
+                return QProxyStyle::drawPrimitive(element, &light, painter, widget);
+            }
+        }
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+    }
+};
+
+enum class StyleInUse { System, Light, Dark };
+StyleInUse Style = StyleInUse::System;
+
 }  // namespace
 
 void ApplyTheme(Theme theme) {
     static const QString systemStyle = QApplication::style()->name();
     if (theme == Theme::System) {
-        if (QApplication::style()->name() != systemStyle) QApplication::setStyle(systemStyle);
+        if (Style != StyleInUse::System) QApplication::setStyle(systemStyle);
+        Style = StyleInUse::System;
         QApplication::setPalette(QPalette());
         return;
     }
     // Other styles paint with colours of their own.
-    if (QApplication::style()->name() != "fusion") QApplication::setStyle("fusion");
+    const StyleInUse wanted = theme == Theme::Dark ? StyleInUse::Dark : StyleInUse::Light;
+    if (Style != wanted) {
+        QApplication::setStyle(wanted == StyleInUse::Dark ? new DarkStyle : QStyleFactory::create("fusion"));
+        Style = wanted;
+    }
     QApplication::setPalette(theme == Theme::Dark ? DarkPalette() : LightPalette());
 }
 

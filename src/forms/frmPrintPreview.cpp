@@ -49,6 +49,7 @@ frmPrintPreview::frmPrintPreview(frmMain& main) : QDialog(&main), owner(main) {
     bar->setSpacing(2);
     auto* const print = new QPushButton(SvgIcon("print"), Text("str_PreviewPrint"), this);
     print->setObjectName("cmdPrint");
+    print->setAutoDefault(false);  // Enter in the zoom's box means the zoom
     connect(print, &QPushButton::clicked, this, &frmPrintPreview::cmdPrint_Click);
     bar->addWidget(print);
     auto* const options = new QPushButton(SvgIcon("options"), Text("str_PreviewOptions"), this);
@@ -85,6 +86,7 @@ frmPrintPreview::frmPrintPreview(frmMain& main) : QDialog(&main), owner(main) {
     vbZoom->setKeyboardTracking(false);
     connect(vbZoom, &QSpinBox::valueChanged, this,
             [this](int percent) { ChangeZoom([this, percent] { preview.SetZoom(percent); }); });
+    connect(vbZoom, &QSpinBox::editingFinished, this, [this] { pages->setFocus(); });
     bar->addWidget(vbZoom);
     auto* const in = AddButton(bar, "cmdZoomIn", "zoom-in", "str_PreviewZoomIn");
     connect(in, &QToolButton::clicked, this, [this] { ChangeZoom([this] { preview.ZoomBy(1); }); });
@@ -93,7 +95,11 @@ frmPrintPreview::frmPrintPreview(frmMain& main) : QDialog(&main), owner(main) {
     for (QToolButton* const each : {cmdFitPage, cmdFitWidth}) {
         each->setCheckable(true);
         const Fit fit = each == cmdFitPage ? Fit::Page : Fit::Width;
-        connect(each, &QToolButton::clicked, this, [this, fit] { ChangeZoom([this, fit] { preview.SetFit(fit); }); });
+        connect(each, &QToolButton::clicked, this, [this, fit] {
+            const int page = pages->CurrentPage();
+            ChangeZoom([this, fit] { preview.SetFit(fit); });
+            pages->GoTo(page);
+        });
     }
     auto* const close = new QPushButton(Text("str_PreviewClose"), this);
     close->setObjectName("cmdClose");

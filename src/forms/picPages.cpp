@@ -38,12 +38,19 @@ void picPages::GoTo(int page) { verticalScrollBar()->setValue(model.ScrollFor(pa
 
 void picPages::Refresh() {
     // By the ground of the page above: the model's sizes are new ones already.
-    const double place =
-        static_cast<double>(verticalScrollBar()->value()) / std::max(1, verticalScrollBar()->maximum());
+    const auto placeIn = [](const QScrollBar& bar, double otherwise) {
+        return bar.maximum() > 0 ? static_cast<double>(bar.value()) / bar.maximum() : otherwise;
+    };
+    const auto put = [](QScrollBar& bar, double place) {
+        bar.setValue(static_cast<int>(std::lround(place * bar.maximum())));
+    };
+    constexpr double middle = 0.5;
+    const double down = placeIn(*verticalScrollBar(), 0);
+    const double across = placeIn(*horizontalScrollBar(), middle);
     painted.clear();
     SetRanges();
-    verticalScrollBar()->setValue(static_cast<int>(std::lround(place * verticalScrollBar()->maximum())));
-    horizontalScrollBar()->setValue(horizontalScrollBar()->maximum() / 2);
+    put(*verticalScrollBar(), down);
+    put(*horizontalScrollBar(), across);
     viewport()->update();
     Q_EMIT Moved();
 }
