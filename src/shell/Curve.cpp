@@ -8,18 +8,10 @@
 
 namespace Quillon::Shell {
 
-namespace {
-
-constexpr double Hundredths = 100;
-
-double ToHundredth(double height) { return Core::RoundHalfEven(height * Hundredths) / Hundredths; }
-
-}  // namespace
-
 double Snapped(double height) {
     constexpr double near = 0.5;
     const double quarter = Core::RoundHalfEven(height / UnitsOfQuarter) * UnitsOfQuarter;
-    return std::abs(height - quarter) <= near ? quarter : ToHundredth(height);
+    return std::abs(height - quarter) <= near ? quarter : Editing::ToHundredth(height);
 }
 
 void Curve::Stroke(int from, double fromHeight, int to, double toHeight) {
@@ -62,24 +54,6 @@ std::string HeightText(double height) {
     std::string text = quarters < 0 ? "-" : "";
     if (size >= 4) text += std::to_string(size / 4);
     return text + std::string(fractions[static_cast<std::size_t>(size % 4)]);
-}
-
-std::vector<double> PointsOf(const Shape& shape, double amount, double share, int count) {
-    std::vector<double> points;
-    const std::span<const Corner> corners = shape.Corners;
-    for (int i = 0; i < count; ++i) {
-        const double at = static_cast<double>(i) / (count - 1) / share;
-        const auto right =
-            std::find_if(corners.begin() + 1, corners.end(), [at](const Corner& corner) { return corner.At >= at; });
-        if (right == corners.end()) {
-            points.push_back(ToHundredth(amount * corners.back().Height));
-            continue;
-        }
-        const Corner& left = *(right - 1);
-        const double part = (at - left.At) / (right->At - left.At);
-        points.push_back(ToHundredth(amount * (left.Height + part * (right->Height - left.Height))));
-    }
-    return points;
 }
 
 bool SameCurve(std::span<const double> one, std::span<const double> other) {

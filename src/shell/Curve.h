@@ -8,10 +8,15 @@
 #include <string_view>
 #include <vector>
 
+#include "editing/mod_Bends.h"
+
 namespace Quillon::Shell {
 
+using Editing::Corner;
+using Editing::PointsOf;
+using Editing::Shape;
+using Editing::UnitsOfQuarter;
 constexpr double UnitsOfTone = 8;
-constexpr double UnitsOfQuarter = 2;  ///< a quarter of a tone
 
 /// Points at even distances over the beat, first and last included.
 struct Curve {
@@ -35,19 +40,6 @@ double Snapped(double height);
 /// "½", "-1¼", "0", to the quarter of a tone.
 std::string HeightText(double height);
 
-/// A corner of a shape: its place in the beat from 0 to 1, its height from -1 to 1.
-struct Corner {
-    double At = 0;
-    double Height = 0;
-};
-/// A shape by the text key of its name.
-struct Shape {
-    std::string_view Name;
-    std::span<const Corner> Corners;
-};
-/// Straight lines from corner to corner, drawn together into the first `share` of the beat and let to `amount`. To a
-/// hundredth.
-std::vector<double> PointsOf(const Shape& shape, double amount, double share, int count);
 /// True when two curves are the same to what a file keeps.
 bool SameCurve(std::span<const double> one, std::span<const double> other);
 

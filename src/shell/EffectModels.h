@@ -10,8 +10,7 @@
 
 namespace Quillon::Shell {
 
-/// How a bend's shape is fitted into the beat: BendType.
-enum class BendPace : std::int16_t { Usual, Quick, Slow };
+using Editing::BendPace;
 
 struct BendModel : NoteEffectModel {
     std::int16_t Style = 0;   ///< into Styles(); BendStyle
