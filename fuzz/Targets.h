@@ -16,6 +16,7 @@
 #include "exchange/AlignedImport.h"
 #include "exchange/AsciiImport.h"
 #include "exchange/JsonDocument.h"
+#include "exchange/LinesImport.h"
 #include "exchange/MidiExport.h"
 #include "exchange/MidiImport.h"
 #include "exchange/TextExport.h"
@@ -108,6 +109,30 @@ inline void TextTab(std::string_view bytes) {
         Require(track.Bars.Count() == file.BarInfos.Count(), "tracks of different lengths");
     }
     Exchange::WriteTextTab(file, {});
+}
+
+/// The same bytes read by their lines. What was read goes out as a text and comes back with as many bars.
+inline void TextLines(std::string_view bytes) {
+    Exchange::LinesImportOptions options;
+    const auto choice = static_cast<unsigned char>(bytes.empty() ? 4 : bytes.front());
+    options.Dash = choice % 7;
+    options.Details = (choice & 8) != 0;
+    if (choice & 16) options.Timing = Exchange::TimeSignature{choice % 32 + 1, 8};
+    Core::TabFile file;
+    if (choice & 32) file.Tracks.Add(Core::Track{});
+    Exchange::ImportReport report;
+    try {
+        Exchange::ImportTextLines(file, file.Tracks.UpperBound(), bytes, options, report);
+    } catch (const RunTimeError& refusal) {
+        return Require(!refusal.Description().empty(), "a refusal without a reason");
+    }
+    Require(report.NotesFound == report.NotesKept + report.NotesLost, "notes that are neither kept nor lost");
+    for (const Core::Track& track : file.Tracks) {
+        Require(track.Bars.Count() == file.BarInfos.Count(), "tracks of different lengths");
+        for (const Core::Bar& bar : track.Bars) Require(bar.Strums().Count() > 0, "a bar without strums");
+    }
+    Exchange::ReportText(report);
+    MusicText(Core::WriteTabFileText(file));
 }
 
 /// False for a MIDI file that is mostly silence: bars upon bars of rests.
@@ -234,9 +259,10 @@ struct Target {
     void (*Run)(std::string_view bytes);
 };
 inline constexpr Target Targets[] = {
-    {"music_text", &MusicText}, {"cipher", &Cipher},     {"json", &Json},
-    {"text_tab", &TextTab},     {"midi", &Midi},         {"midi_aligned", &MidiAligned},
-    {"settings", &Settings},    {"recovery", &Recovery}, {"play", &Play},
+    {"music_text", &MusicText}, {"cipher", &Cipher},        {"json", &Json},
+    {"text_tab", &TextTab},     {"text_lines", &TextLines}, {"midi", &Midi},
+    {"settings", &Settings},    {"recovery", &Recovery},    {"play", &Play},
+    {"midi_aligned", &MidiAligned},
     {"library", &LibraryFile},
 };
 

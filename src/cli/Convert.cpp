@@ -22,6 +22,7 @@ struct Arguments {
 };
 
 const std::map<std::string, ImportReader> ReaderNames = {{"classic", ImportReader::Classic},
+                                                         {"lines", ImportReader::Lines},
                                                          {"aligned", ImportReader::Aligned}};
 
 int Convert(const Arguments& arguments) {

@@ -12,6 +12,7 @@
 #include "core/mod_TabFileManipulation.h"
 #include "exchange/AlignedImport.h"
 #include "exchange/JsonDocument.h"
+#include "exchange/LinesImport.h"
 #include "exchange/MidiExport.h"
 #include "platform/FileSystem.h"
 #include "platform/MessageBox.h"
@@ -50,12 +51,20 @@ Core::TabFile DocumentFor(const ImportOptions& options) {
     return options.Into.empty() ? Core::MakeNewTabFile(*Services.Settings) : Core::Open.TabFile;
 }
 
-/// A new document of one track, and the text as that track. Pages are read as text; nothing is fetched.
+/// The text as a track. Pages are read as text; nothing is fetched.
 Core::OpenOutcome OpenText(const fs::path& path, const ImportOptions& options) {
-    std::string text = Exchange::TextOfBytes(Services.Files->Read(path));
+    const std::string bytes = Services.Files->Read(path);
     Core::TabFile file = DocumentFor(options);
+    const int track = options.IntoTrack;
+    const bool details = options.Into.empty() || options.Text.Details;  // a new document has none of its own
     try {
-        Exchange::ImportTextTab(file, options.IntoTrack, std::move(text), options.Text, {}, options.Report);
+        if (options.Reader == ImportReader::Lines) {
+            Exchange::ImportReport report;
+            Exchange::ImportTextLines(file, track, bytes, {options.Text.Dash, details, options.Text.Timing},
+                                      options.Report ? *options.Report : report);
+        } else {
+            Exchange::ImportTextTab(file, track, Exchange::TextOfBytes(bytes), options.Text, {}, options.Report);
+        }
     } catch (const RunTimeError&) {
         throw CommandFailure(path.string() + ": " + Core::LanguageText("str_ErrorImporting"));
     }
@@ -121,10 +130,10 @@ constexpr DocumentReader Readers[] = {
     {".qlm", NoOther, &OpenMusicFile},
     {".ql4", NoOther, &OpenOld},
     {".json", NoOther, &OpenJson},
-    {".txt", NoOther, &OpenText},
-    {".tab", NoOther, &OpenText},
-    {".html", NoOther, &OpenText},
-    {".htm", NoOther, &OpenText},
+    {".txt", ImportReader::Lines, &OpenText},
+    {".tab", ImportReader::Lines, &OpenText},
+    {".html", ImportReader::Lines, &OpenText},
+    {".htm", ImportReader::Lines, &OpenText},
     {".mid", ImportReader::Aligned, &OpenMidi},
     {".midi", ImportReader::Aligned, &OpenMidi},
 };

@@ -25,8 +25,9 @@ struct ConvertOptions {
     std::optional<bool> Warning;  ///< the lines that tell whose work the text is; likewise
 };
 
-/// Who reads what is no document of ours. The classic reader takes texts and MIDI files.
-enum class ImportReader : std::uint8_t { Classic, Aligned };
+/// Who reads what is no document of ours. The classic reader takes texts and MIDI files, Lines texts, Aligned MIDI
+/// files.
+enum class ImportReader : std::uint8_t { Classic, Lines, Aligned };
 
 /// How what is no document of ours becomes one.
 struct ImportOptions {

@@ -164,9 +164,8 @@ constexpr std::array<char32_t, 32> HighCodes = {0x20AC, 0x0081, 0x201A, 0x0192, 
                                                 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
                                                 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
-constexpr char32_t NoCharacter = 0xFFFFFFFF;
+}  // namespace
 
-/// Takes the next character off the front; a malformed byte is NoCharacter.
 char32_t NextCharacter(std::string_view& text) {
     const auto first = static_cast<unsigned char>(text.front());
     text.remove_prefix(1);
@@ -201,13 +200,16 @@ void AppendUtf8(std::string& out, char32_t value) {
         out += static_cast<char>(0xC0 | (value >> 6));
         out += static_cast<char>(0x80 | (value & 0x3F));
     } else {
-        out += static_cast<char>(0xE0 | (value >> 12));
+        if (value < 0x10000) {
+            out += static_cast<char>(0xE0 | (value >> 12));
+        } else {
+            out += static_cast<char>(0xF0 | (value >> 18));
+            out += static_cast<char>(0x80 | ((value >> 12) & 0x3F));
+        }
         out += static_cast<char>(0x80 | ((value >> 6) & 0x3F));
         out += static_cast<char>(0x80 | (value & 0x3F));
     }
 }
-
-}  // namespace
 
 std::string ToWindows1252(std::string_view utf8, int* lost) {
     std::string out;

@@ -48,6 +48,11 @@ bool ParseBool(std::string_view text);
 /// malformed UTF-8; `lost`, when given, counts them.
 std::string ToWindows1252(std::string_view utf8, int* lost = nullptr);
 std::string FromWindows1252(std::string_view bytes);
+/// What NextCharacter gives for a malformed byte.
+constexpr char32_t NoCharacter = 0xFFFFFFFF;
+/// Takes the first character off the front of UTF-8 that is not empty.
+char32_t NextCharacter(std::string_view& utf8);
+void AppendUtf8(std::string& out, char32_t character);
 /// True when the text is well-formed UTF-8.
 bool IsUtf8(std::string_view text);
 

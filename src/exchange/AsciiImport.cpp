@@ -11,6 +11,7 @@
 #include "exchange/AsciiText.h"
 #include "exchange/NoteValues.h"
 #include "exchange/TrackBars.h"
+#include "platform/RunTimeError.h"
 
 namespace Quillon::Exchange {
 
@@ -298,8 +299,10 @@ std::string MarkedText(std::string_view text, std::string_view marker) {
     return end == std::string_view::npos ? "" : Core::FromWindows1252(text.substr(from, end - from));
 }
 
-bool ImportTextTab(TabFile& file, int track, std::string text, const AsciiImportOptions& options,
-                   const ImportProgress& progress, ImportReport* report) {
+namespace {
+
+bool Import(TabFile& file, int track, std::string text, const AsciiImportOptions& options,
+            const ImportProgress& progress, ImportReport* report) {
     ImportReport told;
     ClearTrack(file, track);
     if (options.Timing) {
@@ -335,6 +338,18 @@ bool ImportTextTab(TabFile& file, int track, std::string text, const AsciiImport
     told.NotesFound = told.NotesKept + told.NotesLost;
     if (report) *report = std::move(told);
     return done;
+}
+
+}  // namespace
+
+bool ImportTextTab(TabFile& file, int track, std::string text, const AsciiImportOptions& options,
+                   const ImportProgress& progress, ImportReport* report) {
+    try {
+        return Import(file, track, std::move(text), options, progress, report);
+    } catch (const RunTimeError&) {
+        EvenOutBars(file, false);  // who keeps what was done so far keeps a document
+        throw;
+    }
 }
 
 }  // namespace Quillon::Exchange

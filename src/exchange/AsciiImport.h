@@ -42,9 +42,9 @@ std::string TextOfBytes(std::string_view bytes);
 std::string MarkedText(std::string_view text, std::string_view marker);
 
 /// Makes `text` the track, which loses its bars. All tracks have the same number of bars at the end. False when
-/// `progress` ended it; the document is then half done and to be thrown away, as it is when this raises: "Type
-/// mismatch" for a "<" that no ">" follows, "Overflow" for more bars or strums than there can be. `report`, when given,
-/// is told by systems what the rules of the columns leave out.
+/// `progress` ended it; the document is then half done and to be thrown away. Raises "Type mismatch" for a "<" that no
+/// ">" follows, "Overflow" for more bars or strums than there can be; then the document is as far as it had come.
+/// `report`, when given, is told by systems what the rules of the columns leave out.
 bool ImportTextTab(Core::TabFile& file, int track, std::string text, const AsciiImportOptions& options,
                    const ImportProgress& progress = {}, ImportReport* report = nullptr);
 

@@ -41,6 +41,11 @@ std::string ReportText(const ImportReport& report) {
     count("str_ReportNotesMoved", report.NotesMoved);
     count("str_ReportNotesLost", report.NotesLost);
     if (!report.Remarks.empty()) text += "\n";
+    return text + RemarksText(report);
+}
+
+std::string RemarksText(const ImportReport& report) {
+    std::string text;
     for (const ImportRemark& remark : report.Remarks) {
         text += PlaceOf(remark) + LanguageText(remark.Key, remark.Fields) + "\n";
     }

@@ -40,5 +40,7 @@ struct ImportReport {
 /// The counts on a line each, an empty line, then a line for each remark: "Bar 3, line 14: ...". UTF-8, lines end with
 /// LF, in the language chosen.
 std::string ReportText(const ImportReport& report);
+/// The remarks alone.
+std::string RemarksText(const ImportReport& report);
 
 }  // namespace Quillon::Exchange

@@ -1,6 +1,7 @@
 #include "exchange/NoteValues.h"
 
 #include <algorithm>
+#include <cmath>
 #include <iterator>
 
 namespace Quillon::Exchange {
@@ -61,6 +62,16 @@ const NoteValue& LargestValue(double most) {
     const auto* const found =
         std::ranges::find_if(Ladder, [&](const NoteValue& value) { return value.Length <= most + Tolerance; });
     return found == std::end(Ladder) ? *std::prev(found) : *found;
+}
+
+const NoteValue& LargestValue(double most, double unit) {
+    constexpr double Tolerance = 1e-9;
+    const auto fits = [&](const NoteValue& value) {
+        const double units = value.Length / unit;
+        return value.Length <= most + Tolerance && std::fabs(units - std::round(units)) < Tolerance;
+    };
+    const auto* const found = std::ranges::find_if(Ladder, fits);
+    return found == std::end(Ladder) ? LargestValue(unit) : *found;
 }
 
 Core::Bar EmptyBar() {

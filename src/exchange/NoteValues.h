@@ -20,6 +20,9 @@ struct NoteValue {
 /// The largest value of at most so many 64ths, the last hair of rounding aside; the smallest, 2/13, below all of them.
 const NoteValue& LargestValue(double most);
 
+/// The largest value of at most so many 64ths that is a whole multiple of `unit`, itself the length of a value.
+const NoteValue& LargestValue(double most, double unit);
+
 /// A bar of one empty quarter note.
 Core::Bar EmptyBar();
 

@@ -46,3 +46,24 @@ TEST(TextStories, AReportTellsWhatAnImportLeftOut) {
     EXPECT_EQ(story.Run({"convert", "two.qlm", "two.json", "--report"}).Out, "");
     EXPECT_EQ(story.Run({"convert", "two.txt", "x.qlm", "--reader", "other"}).Status, 2);
 }
+
+TEST(TextStories, ATextIsReadByItsLinesAndGoesIntoADocument) {
+    const CliStory story;
+    Spill(story / "a.txt",
+          "Title: Crane\n\ne|-0-2-3-5-|\nB|---------|\nG|---------|\nD|---------|\nA|---------|\nD|-3-------|\n");
+    const auto told = story.Run({"convert", "a.txt", "a.json", "--reader", "lines", "--report"});
+    EXPECT_EQ(told.Status, 0);
+    EXPECT_THAT(told.Out, StartsWith("Systems: 1\nTracks: 1\nBars: 1\nNotes found: 5\nNotes kept: 5\n"));
+    EXPECT_THAT(Slurp(story / "a.json"), HasSubstr("\"Title\": \"Crane\""));
+    story.Bring("2-song.qlm");
+    const std::vector<std::string> into = {"convert", "a.txt",      "b.json",  "--reader", "lines",
+                                           "--into",  "2-song.qlm", "--track", "1"};
+    EXPECT_EQ(story.Run(into).Status, 1);
+    std::vector<std::string> agreed = into;
+    agreed.push_back("--yes");
+    EXPECT_EQ(story.Run(agreed).Status, 0);
+    EXPECT_THAT(Slurp(story / "b.json"), Not(HasSubstr("Crane")));
+    agreed[8] = "9";
+    EXPECT_EQ(story.Run(agreed).Status, 1);
+    EXPECT_EQ(story.Run({"convert", "2-song.qlm", "x.json", "--reader", "lines"}).Status, 2);
+}

@@ -1,0 +1,56 @@
+// The lines right above a system: note lengths, chords, words, and signs for beats.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "exchange/LinesBars.h"
+#include "exchange/NoteValues.h"
+
+namespace Quillon::Exchange {
+
+/// A note length above a column, "Q." and so on. `Triplet`: one of three under a bracket.
+struct LengthAbove {
+    int Column = 0;
+    std::int8_t Code = 2;  ///< as Strum::Length
+    bool Dotted = false;
+    bool Triplet = false;
+};
+/// Words above a column: the name of a chord, or a syllable.
+struct WordAbove {
+    int Column = 0;
+    std::string Text;  ///< UTF-8
+};
+/// A sign over one column, or from one to another.
+struct SignAbove {
+    int From = 0;
+    int To = 0;
+    std::int8_t Beat = 0;  ///< Core::StrumTechnique; 0: the notes ring on
+};
+/// "3x" over the end of a bar.
+struct TimesAbove {
+    int Column = 0;
+    int Times = 0;
+};
+
+struct AboveSystem {
+    std::vector<LengthAbove> Lengths;
+    std::vector<WordAbove> Chords;
+    std::vector<std::vector<WordAbove>> Lyrics;  ///< by line from the top, at most Core::LyricLines
+    std::vector<SignAbove> Signs;
+    std::vector<TimesAbove> Repeats;
+    std::string Section;    ///< "Chorus"; "" for none
+    std::vector<int> Used;  ///< lines that went into it, from 0
+};
+
+/// The lines above a system down from `from`, which is behind the system before it. `columns` are those with notes in
+/// them, ascending, in columns of the lines.
+AboveSystem AboveOf(const std::vector<TextColumns>& lines, const TabSystem& system, int from,
+                    const std::vector<bool>& used, const std::vector<int>& columns);
+
+/// True for what is written for chords: "Am7", "F#m7b5", "C/G", "N.C.".
+bool IsChordName(std::string_view word);
+
+}  // namespace Quillon::Exchange
