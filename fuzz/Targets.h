@@ -259,11 +259,10 @@ struct Target {
     void (*Run)(std::string_view bytes);
 };
 inline constexpr Target Targets[] = {
-    {"music_text", &MusicText}, {"cipher", &Cipher},        {"json", &Json},
-    {"text_tab", &TextTab},     {"text_lines", &TextLines}, {"midi", &Midi},
-    {"settings", &Settings},    {"recovery", &Recovery},    {"play", &Play},
-    {"midi_aligned", &MidiAligned},
-    {"library", &LibraryFile},
+    {"music_text", &MusicText},     {"cipher", &Cipher},        {"json", &Json},
+    {"text_tab", &TextTab},         {"text_lines", &TextLines}, {"midi", &Midi},
+    {"settings", &Settings},        {"recovery", &Recovery},    {"play", &Play},
+    {"midi_aligned", &MidiAligned}, {"library", &LibraryFile},
 };
 
 }  // namespace Quillon::Fuzz

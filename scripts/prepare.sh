@@ -20,6 +20,7 @@ libcli11-dev|the command line of quillon-cli
 libfluidsynth-dev|the built-in synthesizer
 timgm6mb-soundfont|the instruments that it plays
 librtmidi-dev|the MIDI ports of the machine
+libcurl4-openssl-dev|fetching tabs from the web
 fonts-liberation|the fonts of a page'
 to_test='libgtest-dev|the tests
 libgmock-dev|the tests

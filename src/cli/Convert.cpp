@@ -21,9 +21,8 @@ struct Arguments {
     bool Report = false;
 };
 
-const std::map<std::string, ImportReader> ReaderNames = {{"classic", ImportReader::Classic},
-                                                         {"lines", ImportReader::Lines},
-                                                         {"aligned", ImportReader::Aligned}};
+const std::map<std::string, ImportReader> ReaderNames = {
+    {"classic", ImportReader::Classic}, {"lines", ImportReader::Lines}, {"aligned", ImportReader::Aligned}};
 
 int Convert(const Arguments& arguments) {
     const DocumentWriter& writer = WriterFor(arguments.Out);  // a wrong ending is told before anything is opened

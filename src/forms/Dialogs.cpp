@@ -4,9 +4,11 @@
 #include <unordered_map>
 
 #include "forms/frmFileProperties.h"
+#include "forms/frmImportReport.h"
 #include "forms/frmMain.h"
 #include "forms/frmOptions.h"
 #include "forms/frmTrackProperties.h"
+#include "forms/ntne_frmASCIIImport.h"
 #include "forms/ntne_frmAddTrack.h"
 #include "forms/ntne_frmBarKeySig.h"
 #include "forms/ntne_frmBarTimeSig.h"
@@ -15,6 +17,7 @@
 #include "forms/ntne_frmCoda.h"
 #include "forms/ntne_frmCutCopyPaste.h"
 #include "forms/ntne_frmEndRepeat.h"
+#include "forms/ntne_frmExport.h"
 #include "forms/ntne_frmFixBars.h"
 #include "forms/ntne_frmGoto.h"
 #include "forms/ntne_frmGrace.h"
@@ -33,6 +36,7 @@
 #include "forms/ntne_frmTremBar.h"
 #include "forms/ntne_frmTrill.h"
 #include "forms/ntne_frmTuning.h"
+#include "shell/AsciiImportModel.h"
 #include "shell/BarModels.h"
 #include "shell/BatchFixModel.h"
 #include "shell/ChordModel.h"
@@ -45,6 +49,7 @@
 #include "shell/NoteModels.h"
 #include "shell/PasswordModel.h"
 #include "shell/PrintModel.h"
+#include "shell/TextExportModel.h"
 #include "shell/TuningModel.h"
 
 namespace Quillon::Forms {
@@ -95,6 +100,9 @@ const std::unordered_map<std::type_index, bool (*)(DialogModel&, QWidget*)>& Win
         Row<ntne_frmGotoBar, Shell::GotoBarModel>(),
         Row<ntne_frmPassword, Shell::PasswordModel>(),
         Row<ntne_frmFixBars, Shell::BatchFixModel>(),
+        Row<ntne_frmASCIIImport, Shell::AsciiImportModel>(),
+        Row<frmImportReport, Shell::ImportReportModel>(),
+        Row<ntne_frmExport, Shell::TextExportModel>(),
     };
     return table;
 }

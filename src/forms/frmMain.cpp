@@ -1,11 +1,13 @@
 #include "forms/frmMain.h"
 
 #include <QAction>
+#include <QClipboard>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QDragEnterEvent>
 #include <QElapsedTimer>
 #include <QFileDialog>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QMenu>
 #include <QMimeData>
@@ -235,8 +237,10 @@ void frmMain::dropEvent(QDropEvent* event) {
 }
 
 std::optional<std::filesystem::path> frmMain::AskOpenFile(const std::filesystem::path& folder) {
-    const QString filters =
-        Text("str_FilterOpen") + " (*.qlm *.QLM *.json *.mid *.midi *.MID *.MIDI);;" + Text("str_FilterAll") + " (*)";
+    const QString filters = Text("str_FilterOpen") +
+                            " (*.qlm *.QLM *.json *.txt *.TXT *.tab *.TAB *.html *.HTML *.htm *.HTM *.mid *.MID *.midi "
+                            "*.MIDI);;" +
+                            Text("str_FilterAll") + " (*)";
     const QString chosen = QFileDialog::getOpenFileName(this, Text("str_OpenTitle"), PathText(folder), filters);
     if (chosen.isEmpty()) return {};
     return ToPath(chosen);
@@ -272,5 +276,32 @@ std::optional<std::filesystem::path> frmMain::AskExportFile(const char* titleKey
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
     return ToPath(dialog.selectedFiles().first());
 }
+
+std::optional<std::filesystem::path> frmMain::AskFileToWrite(const std::filesystem::path& suggested,
+                                                             const std::vector<Shell::FileKind>& kinds) {
+    QStringList filters;
+    for (const Shell::FileKind& kind : kinds) {
+        QStringList endings;
+        for (const std::string& ending : kind.Endings) endings << "*." + ToQString(ending);
+        filters << QString("%1 (%2)").arg(Text(kind.Text), endings.join(' '));
+    }
+    QFileDialog dialog(this, Text("str_SaveTitle"), PathText(suggested.parent_path()));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setNameFilters(filters);
+    const auto takeEnding = [&](qsizetype kind) {
+        dialog.setDefaultSuffix(
+            ToQString(kinds[static_cast<std::size_t>(std::max<qsizetype>(kind, 0))].Endings.front()));
+    };
+    connect(&dialog, &QFileDialog::filterSelected, &dialog,
+            [&](const QString& filter) { takeEnding(filters.indexOf(filter)); });
+    takeEnding(0);
+    dialog.selectFile(PathText(suggested.filename()));
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+    return ToPath(dialog.selectedFiles().first());
+}
+
+std::string frmMain::ClipboardText() { return QGuiApplication::clipboard()->text().toStdString(); }
+
+void frmMain::ClearClipboard() { QGuiApplication::clipboard()->clear(); }
 
 }  // namespace Quillon::Forms

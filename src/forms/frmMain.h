@@ -74,6 +74,10 @@ public:
                                                        const std::vector<std::string>& endings) override;
     std::optional<std::filesystem::path> AskExportFile(const char* titleKey, const char* kindKey,
                                                        const std::filesystem::path& suggested) override;
+    std::optional<std::filesystem::path> AskFileToWrite(const std::filesystem::path& suggested,
+                                                        const std::vector<Shell::FileKind>& kinds) override;
+    std::string ClipboardText() override;
+    void ClearClipboard() override;
     void BeginWork(const std::string& text) override;
     bool GoOnWithWork(int percent) override;
     void EndWork() override;

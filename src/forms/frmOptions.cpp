@@ -20,6 +20,7 @@ frmOptions::frmOptions(Shell::OptionsModel& model, QWidget* parent)
     OnStore([language, &model] { model.Language = language->currentText().toStdString(); });
     AddChoice(page, "cmbTheme", "str_OptionTheme", model.Theme,
               {Text("str_ThemeSystem"), Text("str_ThemeLight"), Text("str_ThemeDark")});
+    AddCheck(page, "chkImportAtStart", "str_OptionImportAtStart", model.ImportAtStart);
 
     page = AddPage("str_PageLayout");
     AddCheck(page, "chkAutoScroll", "str_OptionAutoScroll", model.Settings.AutoScroll);

@@ -12,6 +12,7 @@
 #include "forms/picDocumentAccess.h"
 #include "platform/Services.h"
 #include "platform/pdf/PdfPages.h"
+#include "platform/portable/CurlFetch.h"
 #include "platform/portable/IniStore.h"
 #include "platform/portable/MachineLocale.h"
 #include "platform/portable/PosixFiles.h"
@@ -98,6 +99,8 @@ int Main(int argc, char** argv) {
     IniStore store(files, Services.BaseFolder / "settings.ini");
     Services.Settings = &store;
     Services.NewPdf = [] { return std::unique_ptr<PageFile>(std::make_unique<PdfPages>()); };
+    CurlFetch fetch;
+    Services.Fetch = &fetch;
     const SoundServices sound;
 
     InstallScoreAccess();

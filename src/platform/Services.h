@@ -14,6 +14,7 @@ struct SettingsStore;
 struct Synthesizer;
 struct PageFile;
 struct TimerHost;
+struct UrlFetch;
 
 struct ServicesInUse {
     std::filesystem::path BaseFolder;  ///< holds QL4.ini and Data
@@ -25,6 +26,7 @@ struct ServicesInUse {
     TimerHost* Timers = nullptr;
     Synthesizer* Synth = nullptr;  ///< nothing where no built-in one is wanted
     std::unique_ptr<PageFile> (*NewPdf)() = nullptr;
+    UrlFetch* Fetch = nullptr;  ///< nothing where nothing may be fetched
 };
 
 extern ServicesInUse Services;

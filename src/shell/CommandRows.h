@@ -24,6 +24,8 @@ constexpr std::string_view HelpMenu = "str_MenuHelp";
 
 // Submenus that several parts fill.
 constexpr std::string_view ToolbarsMenu = "str_MenuView/str_MenuToolbars";
+constexpr std::string_view ImportMenu = "str_MenuFile/str_MenuImport";
+constexpr std::string_view ExportMenu = "str_MenuFile/str_MenuExport";
 constexpr std::string_view NoteEffectsMenu = "str_MenuNote/str_MenuNoteEffects";
 
 // The parts. Within a menu their rows stand in the order of this list.
@@ -35,5 +37,6 @@ std::span<const Command> ClipboardCommandRows();
 std::span<const Command> GoCommandRows();
 std::span<const Command> TrackCommandRows();
 std::span<const Command> BoardCommandRows();
+std::span<const Command> ExchangeCommandRows();
 
 }  // namespace Quillon::Shell

@@ -10,8 +10,10 @@
 #include "drawing/mod_PageLayout.h"
 #include "editing/mod_Undo.h"
 #include "platform/Services.h"
+#include "shell/AsciiImportModel.h"
 #include "shell/BarCommands.h"
 #include "shell/CommandRows.h"
+#include "shell/TextExportModel.h"
 #include "shell/Toolbars.h"
 #include "shell/mod_Shell.h"
 #include "shell/mod_Sound.h"
@@ -69,30 +71,59 @@ constexpr Command Table[] = {
      .Shortcut = "Ctrl+Shift+S",
      .Icon = "save-as",
      .Run = [] { mnuFileSaveAs_Click(); }},
+    {.Name = "mnuFileImportTab",
+     .Menu = ImportMenu,
+     .Text = "str_FileImportTab",
+     .Icon = "import-text",
+     .Run = mnuFileImportTab_Click},
+    {.Name = "mnuImportTabFromWeb",
+     .Menu = ImportMenu,
+     .Text = "str_FileImportWeb",
+     .Icon = "import-web",
+     .Run = mnuImportTabFromWeb_Click},
+    {.Name = "mnuFileImportClipboard",
+     .Menu = ImportMenu,
+     .Text = "str_FileImportClipboard",
+     .Icon = "import-text",
+     .Run = mnuFileImportClipboard_Click},
     {.Name = "mnuFileImportMIDI",
-     .Menu = FileMenu,
+     .Menu = ImportMenu,
      .Text = "str_FileImportMidi",
      .Icon = "import-midi",
-     .SeparatorBefore = true,
      .Run = mnuFileImportMIDI_Click},
+    {.Name = "mnuFileExportASCII",
+     .Menu = ExportMenu,
+     .Text = "str_FileExportText",
+     .Icon = "export-text",
+     .Run = mnuFileExportASCII_Click},
+    {.Name = "mnuFileExportHTML",
+     .Menu = ExportMenu,
+     .Text = "str_FileExportHtml",
+     .Icon = "export-text",
+     .Run = mnuFileExportHTML_Click},
+    {.Name = "mnuFileExportPDF",
+     .Menu = ExportMenu,
+     .Text = "str_FileExportPdf",
+     .Icon = "export-text",
+     .Run = mnuFileExportPDF_Click},
     {.Name = "mnuFileExportPicture",
-     .Menu = FileMenu,
+     .Menu = ExportMenu,
      .Text = "str_FileExportPicture",
      .Shortcut = "Ctrl+E",
      .Icon = "export-picture",
      .Run = mnuFileExportPicture_Click},
     {.Name = "mnuFileExportEngraved",
-     .Menu = FileMenu,
+     .Menu = ExportMenu,
      .Text = "str_FileExportEngraved",
      .Icon = "export-pdf",
      .Run = mnuFileExportEngraved_Click},
     {.Name = "mnuFileExportMIDI",
-     .Menu = FileMenu,
+     .Menu = ExportMenu,
      .Text = "str_FileExportMidi",
      .Icon = "export-midi",
      .Run = mnuFileExportMIDI_Click},
     {.Name = "mnuFileExportWave",
-     .Menu = FileMenu,
+     .Menu = ExportMenu,
      .Text = "str_FileExportWave",
      .Icon = "export-wave",
      .Run = mnuFileExportWave_Click,
@@ -318,8 +349,9 @@ std::ptrdiff_t MenuIndex(const Command& command) {
 
 std::vector<Command> AllRows() {
     std::vector<Command> rows(std::begin(Table), std::end(Table));
-    for (const auto& more : {NoteCommandRows(), ChordCommandRows(), EffectCommandRows(), BarCommandRows(),
-                             ClipboardCommandRows(), GoCommandRows(), TrackCommandRows(), BoardCommandRows()}) {
+    for (const auto& more :
+         {NoteCommandRows(), ChordCommandRows(), EffectCommandRows(), BarCommandRows(), ClipboardCommandRows(),
+          GoCommandRows(), TrackCommandRows(), BoardCommandRows(), ExchangeCommandRows()}) {
         rows.insert(rows.end(), more.begin(), more.end());
     }
     std::vector<std::string_view> toolbars;

@@ -57,6 +57,7 @@ struct OptionsModel : DialogModel {
     std::int16_t Theme = 0;  ///< as ProgramState::Theme
     std::string Language;
     std::vector<std::string> Languages;  ///< to choose from
+    bool ImportAtStart = false;          ///< an address on the clipboard is imported when the program starts
     std::string BendCoefficient;         ///< as typed
     std::string VibratoBend;
     SynthesizerSettings Synthesizer;

@@ -15,6 +15,7 @@
 #include "platform/RunTimeError.h"
 #include "platform/Services.h"
 #include "playback/mod_TabPlayer.h"
+#include "shell/AsciiImportModel.h"
 #include "shell/GoCommands.h"
 #include "shell/MidiImportModel.h"
 #include "shell/PercAssistant.h"
@@ -133,6 +134,11 @@ void ForceNewFile() {
     DocumentReplaced();
 }
 
+bool NeedsImport(const fs::path& path) {
+    const std::string ending = Core::LowerAscii(path.extension().string());
+    return ending == ".txt" || ending == ".tab" || ending == ".html" || ending == ".htm";
+}
+
 bool OpenFileByEnding(const fs::path& path) {
     const std::string ending = LastThree(path);
     if (ending == "QL4") {
@@ -140,6 +146,7 @@ bool OpenFileByEnding(const fs::path& path) {
         return false;
     }
     if (IsMidi(path)) return OpenMidiAsSong(path);
+    if (NeedsImport(path)) return OpenTextTab(path);
     if (ending != "QLM" && !IsJson(path)) {
         Tell(LanguageText("str_UnknownEnding", {path.string()}));
         return false;

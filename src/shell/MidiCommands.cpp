@@ -7,6 +7,7 @@
 #include "platform/Services.h"
 #include "playback/mod_TabPlayer.h"
 #include "shell/EditCommands.h"
+#include "shell/ImportModel.h"
 #include "shell/LongWork.h"
 #include "shell/MidiImportModel.h"
 #include "shell/Recovery.h"
@@ -43,6 +44,7 @@ bool ImportByDialog(MidiImportModel& model, const std::optional<fs::path>& path)
         if (!told) Program.View->ShowStatus(LanguageText("str_MidiStopped", {name}));
         return false;
     }
+    LastImport = {path->string(), report};
     Program.View->ShowStatus(
         LanguageText("str_MidiRead", {name, std::to_string(report.NotesKept), std::to_string(report.NotesFound)}));
     return true;

@@ -7,6 +7,7 @@
 #include "platform/RunTimeError.h"
 #include "platform/Services.h"
 #include "platform/SettingsStore.h"
+#include "shell/AsciiImportModel.h"
 #include "shell/DialogModels.h"
 #include "shell/mod_Shell.h"
 #include "shell/mod_Sound.h"
@@ -44,6 +45,7 @@ void OptionsModel::Load() {
     MinTabX = Drawing::Page.MinTabX;
     MaxTabX = Drawing::Page.MaxTabX;
     Theme = Program.Theme;
+    ImportAtStart = ImportsAtStart();
     Settings = Core::Settings;
     BendCoefficient = Core::FormatDouble(Settings.BendCoefficient);
     VibratoBend = Core::FormatDouble(Settings.VibratoBend);
@@ -87,7 +89,11 @@ bool OptionsModel::Apply() const {
     const bool spacing = page.MinTabX != MinTabX || page.MaxTabX != MaxTabX;
     const bool language = Core::Language.Name != Language;
     const bool synthesizer = Synthesizer != Sound.Synthesizer;
-    if (!spacing && !language && !synthesizer && Theme == Program.Theme && settings == Core::Settings) return false;
+    const bool imports = ImportAtStart != ImportsAtStart();
+    if (!spacing && !language && !synthesizer && !imports && Theme == Program.Theme && settings == Core::Settings) {
+        return false;
+    }
+    if (imports) SetImportsAtStart(ImportAtStart);
     page.MinTabX = MinTabX;
     page.MaxTabX = MaxTabX;
     page.LayoutDirty = 1;

@@ -8,6 +8,7 @@
 #include "platform/FileSystem.h"
 #include "platform/Services.h"
 #include "platform/SettingsStore.h"
+#include "shell/AsciiImportModel.h"
 #include "shell/EffectCommands.h"
 #include "shell/PercAssistant.h"
 #include "shell/Recovery.h"
@@ -38,8 +39,18 @@ bool FirstRun() {
 }
 
 bool OpenCommandLineFile(const std::string& file) {
-    if (!file.empty()) OpenFileByEnding(GetLongFilename(file));
+    if (!file.empty() && !NeedsImport(file)) OpenFileByEnding(GetLongFilename(file));
     Open.FileChanged = false;
+    return true;
+}
+
+/// An import asks by a dialog, which comes over the window.
+bool ImportAtStart(const std::string& file) {
+    if (!NeedsImport(file)) {
+        StartTmrImport();
+    } else {
+        Program.View->WhenPainted([file] { OpenDroppedFile(GetLongFilename(file)); });
+    }
     return true;
 }
 
@@ -79,6 +90,7 @@ std::vector<Step> StartSteps(const std::string& commandLineFile) {
         {"Sound", [] { return Program.View->WhenPainted(LoadMIDI), true; }},
         // Asked over the window, so that a person sees which program it is that asks.
         {"Recovery", [] { return OfferRecovery(), true; }},
+        {"Import", [commandLineFile] { return ImportAtStart(commandLineFile); }},
     };
 }
 

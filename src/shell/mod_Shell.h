@@ -19,6 +19,12 @@ class RunTimeError;
 
 namespace Quillon::Shell {
 
+/// A kind of file that a question for a name offers.
+struct FileKind {
+    std::string_view Text;             ///< text key of its name
+    std::vector<std::string> Endings;  ///< without their points, the usual one first
+};
+
 /// The main window as the shell sees it.
 struct ShellView {
     virtual ~ShellView() = default;
@@ -80,6 +86,13 @@ struct ShellView {
     virtual std::optional<std::filesystem::path> AskOpenFile(const std::filesystem::path& folder) = 0;
     /// Asks where to save, and whether to overwrite; nothing when cancelled.
     virtual std::optional<std::filesystem::path> AskSaveFile(const std::filesystem::path& suggested) = 0;
+    /// Asks where a file of one of the kinds goes, and whether to overwrite; nothing when cancelled. A name without an
+    /// ending gets that of the kind chosen.
+    virtual std::optional<std::filesystem::path> AskFileToWrite(const std::filesystem::path& suggested,
+                                                                const std::vector<FileKind>& kinds) = 0;
+    /// The text on the system's clipboard, UTF-8.
+    virtual std::string ClipboardText() = 0;
+    virtual void ClearClipboard() = 0;
 };
 
 /// The windows that the program asks something with.
@@ -149,6 +162,8 @@ void SetWindowCaption();
 bool ContinueWithOp();
 /// A new document without asking.
 void ForceNewFile();
+/// True for a file that becomes a song by an import, by its ending.
+bool NeedsImport(const std::filesystem::path& path);
 /// Opens a file by its last three characters, without asking about changes. False when nothing was opened.
 bool OpenFileByEnding(const std::filesystem::path& path);
 /// As mnuFileOpen_Click with the file given: asks about changes first. For files dropped on the window.

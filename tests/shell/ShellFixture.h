@@ -31,6 +31,7 @@
 #include "shell/BarModels.h"
 #include "shell/DialogModels.h"
 #include "shell/GoCommands.h"
+#include "shell/ImportModel.h"
 #include "shell/PercAssistant.h"
 #include "shell/Recovery.h"
 #include "shell/mod_Shell.h"
@@ -114,6 +115,14 @@ struct FakeWindow : ShellView, Dialogs {
         Suggested = suggested;
         return SaveAnswer;
     }
+    std::optional<std::filesystem::path> AskFileToWrite(const std::filesystem::path& suggested,
+                                                        const std::vector<FileKind>&) override {
+        Suggested = suggested;
+        return SaveAnswer;
+    }
+    std::string OnClipboard;
+    std::string ClipboardText() override { return OnClipboard; }
+    void ClearClipboard() override { OnClipboard.clear(); }
     void BeginWork(const std::string&) override { Calls.emplace_back("work"); }
     bool GoOnWithWork(int percent) override {
         Percent = percent;
@@ -148,6 +157,7 @@ inline void ResetGlobals() {
     Drawing::View = {};
     Recovery = {};
     PercAssistant = {};
+    LastImport = {};
     Go = {};
     Program = {};
 }

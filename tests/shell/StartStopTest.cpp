@@ -55,7 +55,7 @@ TEST_F(StartStop, TheStepsStandInTheirOrder) {
     for (const Step& step : StartSteps("")) order += std::string(step.Name) + "; ";
     EXPECT_EQ(order,
               "Language; Data folder; Language files; Settings; Stored state; New document; First run; Command line; "
-              "Show document; Show window; Sound; Recovery; ");
+              "Show document; Show window; Sound; Recovery; Import; ");
     order.clear();
     for (const Step& step : StopSteps()) order += std::string(step.Name) + "; ";
     EXPECT_EQ(order, "Ask about changes; Sound; Settings; Scratch files; Recovery; ");

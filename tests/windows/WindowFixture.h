@@ -31,6 +31,7 @@
 #include "platform/portable/Rc4Md5.h"
 #include "playback/mod_TabPlayer.h"
 #include "shell/GoCommands.h"
+#include "shell/ImportModel.h"
 #include "shell/PercAssistant.h"
 #include "shell/Recovery.h"
 #include "shell/mod_Shell.h"
@@ -130,6 +131,7 @@ private:
         Drawing::View = {};
         Shell::Recovery = {};
         Shell::PercAssistant = {};
+        Shell::LastImport = {};
         Shell::Go = {};
         Shell::Program = {};
     }

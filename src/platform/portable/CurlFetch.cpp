@@ -1,0 +1,106 @@
+#include "platform/portable/CurlFetch.h"
+
+#include <curl/curl.h>
+#include <dlfcn.h>
+
+#include <memory>
+#include <type_traits>
+
+#include "platform/RunTimeError.h"
+
+namespace Quillon {
+
+namespace {
+
+/// What of the library is used. It stays loaded for the program's life, as it is made to.
+struct Curl {
+    CURLcode (*GlobalInit)(long);
+    CURL* (*Init)();
+    CURLcode (*Set)(CURL*, CURLoption, ...);
+    CURLcode (*Perform)(CURL*);
+    void (*Cleanup)(CURL*);
+    const char* (*Text)(CURLcode);
+    bool Complete = false;
+};
+
+Curl Load() {
+    Curl curl{};
+    void* const library = ::dlopen(QUILLON_CURL, RTLD_NOW | RTLD_LOCAL);
+    if (!library) return curl;
+    bool complete = true;
+    const auto find = [&](const char* name, auto*& function) {
+        function = reinterpret_cast<std::remove_reference_t<decltype(function)>>(::dlsym(library, name));
+        complete = complete && function;
+    };
+    find("curl_global_init", curl.GlobalInit);
+    find("curl_easy_init", curl.Init);
+    find("curl_easy_setopt", curl.Set);
+    find("curl_easy_perform", curl.Perform);
+    find("curl_easy_cleanup", curl.Cleanup);
+    find("curl_easy_strerror", curl.Text);
+    curl.Complete = complete && curl.GlobalInit(CURL_GLOBAL_DEFAULT) == CURLE_OK;
+    return curl;
+}
+
+struct Fetched {
+    std::string Bytes;
+    bool TooLong = false;
+    bool Stopped = false;
+    const std::function<bool()>* GoOn = nullptr;
+};
+
+std::size_t Receive(const char* bytes, std::size_t size, std::size_t count, void* into) {
+    auto& fetched = *static_cast<Fetched*>(into);
+    fetched.TooLong = fetched.TooLong || size * count > MostFetchedBytes - fetched.Bytes.size();
+    if (fetched.TooLong) return 0;
+    fetched.Bytes.append(bytes, size * count);
+    return size * count;
+}
+
+int Progress(void* into, curl_off_t, curl_off_t, curl_off_t, curl_off_t) {
+    auto& fetched = *static_cast<Fetched*>(into);
+    fetched.Stopped = *fetched.GoOn && !(*fetched.GoOn)();
+    return fetched.Stopped ? 1 : 0;
+}
+
+[[noreturn]] void Refuse(const std::string& url, const std::string& why) {
+    constexpr int DeviceUnavailable = 68;
+    throw RunTimeError(DeviceUnavailable, url + ": " + why);
+}
+
+}  // namespace
+
+std::optional<std::string> CurlFetch::Fetch(const std::string& url, const std::function<bool()>& goOn) {
+    static const Curl curl = Load();
+    if (HostOfUrl(url).empty()) Refuse(url, "not an http or https address");
+    if (!curl.Complete) Refuse(url, "libcurl is not on this machine");
+    const std::unique_ptr<CURL, void (*)(CURL*)> transfer(curl.Init(), curl.Cleanup);
+    if (!transfer) Refuse(url, "out of memory");
+    Fetched fetched;
+    fetched.GoOn = &goOn;
+    constexpr long mostRedirects = 5;
+    const auto set = [&](CURLoption option, auto value) { curl.Set(transfer.get(), option, value); };
+    set(CURLOPT_URL, url.c_str());
+    set(CURLOPT_PROTOCOLS_STR, "http,https");
+    set(CURLOPT_REDIR_PROTOCOLS_STR, "http,https");
+    set(CURLOPT_FOLLOWLOCATION, 1L);
+    set(CURLOPT_MAXREDIRS, mostRedirects);
+    set(CURLOPT_FAILONERROR, 1L);
+    set(CURLOPT_NOSIGNAL, 1L);
+    set(CURLOPT_TIMEOUT, LongestFetch);
+    set(CURLOPT_MAXFILESIZE_LARGE, static_cast<curl_off_t>(MostFetchedBytes));
+    set(CURLOPT_ACCEPT_ENCODING, "");
+    set(CURLOPT_USERAGENT, "Quillon/" QUILLON_VERSION);
+    set(CURLOPT_WRITEFUNCTION, &Receive);
+    set(CURLOPT_WRITEDATA, static_cast<void*>(&fetched));
+    set(CURLOPT_NOPROGRESS, 0L);
+    set(CURLOPT_XFERINFOFUNCTION, &Progress);
+    set(CURLOPT_XFERINFODATA, static_cast<void*>(&fetched));
+    const CURLcode outcome = curl.Perform(transfer.get());
+    if (fetched.Stopped) return {};
+    if (fetched.TooLong) Refuse(url, "more than 16 MiB");
+    if (outcome != CURLE_OK) Refuse(url, curl.Text(outcome));
+    return std::move(fetched.Bytes);
+}
+
+}  // namespace Quillon
