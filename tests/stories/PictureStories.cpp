@@ -1,5 +1,7 @@
 #include <gmock/gmock.h>
 
+#include <cstdlib>
+
 #include "tests/stories/RunCli.h"
 
 using namespace Quillon::Testing;
@@ -62,6 +64,7 @@ TEST(PictureStories, APageThatIsNotThereIsOneClearLineAndNoFile) {
 }
 
 TEST(PictureStories, AnEngravedPdfIsTheSameEveryTime) {
+    ::setenv("SOURCE_DATE_EPOCH", "1000000000", 1);
     const CliStory story;
     story.Bring("2-song.qlm");
     const auto pages = [&](const char* name) {
@@ -78,6 +81,7 @@ TEST(PictureStories, AnEngravedPdfIsTheSameEveryTime) {
         EXPECT_EQ(run.Status, 0) << run.Err;
     }
     EXPECT_EQ(Slurp(story / "a.pdf"), Slurp(story / "b.PDF"));
+    ::unsetenv("SOURCE_DATE_EPOCH");
     ASSERT_EQ(story.Run({"convert", "2-song.qlm", "one.pdf", "--engraved", "--page", "1"}).Status, 0);
     EXPECT_EQ(pages("one.pdf"), 1U);
     EXPECT_GT(pages("a.pdf"), 1U);
