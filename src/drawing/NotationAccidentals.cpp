@@ -15,6 +15,7 @@ constexpr double SignHalf = 2.8;   ///< of its width
 constexpr double SignStep = 5.9;   ///< from one column of accidentals to the next
 constexpr double SmallSign = 0.7;  ///< of an accidental at a small head
 constexpr double HeadGap = 1.2;
+constexpr double LedgerReach = 1.6;  ///< of a ledger line beyond its head and the gap
 constexpr double RestReach = 5.5;
 
 Accidental SignOf(int alteration) {
@@ -40,14 +41,31 @@ std::array<int, Core::StringCount> HeldPitches(const StaffBar& bar) {
 
 /// Gives its sign to each head that differs from the key and from what stood on its place in the bar before.
 void ChooseSigns(StaffBar& bar) {
+    constexpr int unclear = 9;  // two alterations of one place sounded together
     auto held = HeldPitches(bar);
     std::map<int, int> altered;  // by place of the staff
     for (int s = 0; s < bar.Count(); ++s) {
-        for (StaffNote& note : bar.Column(s).Notes) {
+        std::vector<StaffNote>& notes = bar.Column(s).Notes;
+        const auto clashes = [&](const StaffNote& note) {
+            return std::any_of(notes.begin(), notes.end(), [&](const StaffNote& other) {
+                return !other.Cross && other.Step == note.Step && other.Alteration != note.Alteration;
+            });
+        };
+        for (StaffNote& note : notes) {
             int& holds = held[static_cast<std::size_t>(note.String)];
             const bool tiedOver = holds == note.Pitch;
             holds = -1;
             if (tiedOver || note.Cross) continue;
+            if (clashes(note)) {
+                // Each shows its own; so does the next on this place.
+                altered[note.Step] = unclear;
+                const bool there = std::any_of(notes.data(), &note, [&](const StaffNote& other) {
+                    return other.Step == note.Step && other.Alteration == note.Alteration &&
+                           other.Sign != Accidental::None;
+                });
+                if (!there) note.Sign = SignOf(note.Alteration);
+                continue;
+            }
             const auto known = altered.find(note.Step);
             const int before =
                 known != altered.end() ? known->second : KeyAlteration(bar.Bar.Key, note.Step, bar.Place.Clef);
@@ -64,10 +82,14 @@ void PlaceSigns(StaffColumn& column) {
     for (StaffNote& note : column.Notes) {
         if (note.Sign != Accidental::None) signs.push_back(&note);
     }
-    std::sort(signs.begin(), signs.end(), [](auto* a, auto* b) { return a->Y < b->Y; });
+    std::sort(signs.begin(), signs.end(), [](auto* a, auto* b) {
+        return a->Y != b->Y ? a->Y < b->Y : a->X > b->X;  // on one place in the order of their heads
+    });
     std::vector<std::vector<Area>> columns;
-    const double scale = column.Size == HeadSize::Full ? 1 : SmallSign;
-    const double first = column.Left - (HeadGap + SignHalf) * scale;
+    const double scale = column.SignsAreSmall() ? SmallSign : 1;
+    const bool atLedger = std::any_of(signs.begin(), signs.end(),
+                                      [](const StaffNote* note) { return note->Step >= 10 || note->Step <= -2; });
+    const double first = column.Left - (HeadGap + SignHalf + (atLedger ? LedgerReach : 0)) * scale;
     for (std::size_t low = 0, high = signs.size(), turn = 0; low < high; ++turn) {
         StaffNote& note = *(turn % 2 == 0 ? signs[low++] : signs[--high]);
         const Area own = SignArea(column, note);
@@ -86,20 +108,22 @@ void PlaceSigns(StaffColumn& column) {
 
 /// Grace notes, and what the hands do before the notes sound.
 void PlaceWhatComesBefore(StaffBar& bar, int strum) {
-    constexpr double graceHalf = 3.5, graceSign = 5.5, strokeAway = 5, strokeHalf = 3, slide = 10;
+    constexpr double graceHalf = 3.5, signHalf = 2, strokeAway = 5, strokeHalf = 3, slide = 10;
     StaffColumn& column = bar.Column(strum);
-    bool grace = false, graceAltered = false, slidesInto = false;
+    bool slidesInto = false;
     for (const StaffNote& note : column.Notes) {
         const Core::Note& own = bar.Strum(strum).Notes[note.String];
         if (own.Technique == Core::SlideIntoUp || own.Technique == Core::SlideIntoDown) slidesInto = true;
-        if (!own.HasGrace || own.GraceFret.empty()) continue;
-        grace = true;
-        graceAltered = graceAltered || GraceSign(bar, SpellNote(bar, note.String, own.GraceFret)) != Accidental::None;
     }
     if (slidesInto && bar.ShowsHands()) column.Left -= slide;
-    if (grace) {
-        column.GraceX = column.Left - graceHalf - 1;
-        column.Left -= 2 * graceHalf + 1.5 + (graceAltered ? graceSign : 0);
+    if (const std::vector<GraceHead> graces = GraceHeads(bar, strum); !graces.empty()) {
+        double right = 0, left = -graceHalf;
+        for (const GraceHead& head : graces) {
+            right = std::max(right, head.DX);
+            if (head.Sign != Accidental::None) left = std::min(left, head.SignDX - signHalf);
+        }
+        column.GraceX = column.Left - graceHalf - 1 - right;
+        column.Left = column.GraceX + left - 0.5;
     }
     if (bar.Strum(strum).Stroke != 0 && bar.ShowsHands() && !column.Notes.empty()) {
         column.StrokeX = column.Left - strokeAway;
@@ -110,7 +134,7 @@ void PlaceWhatComesBefore(StaffBar& bar, int strum) {
 }  // namespace
 
 Area SignArea(const StaffColumn& column, const StaffNote& note) {
-    const double scale = column.Size == HeadSize::Full ? 1 : SmallSign;
+    const double scale = column.SignsAreSmall() ? SmallSign : 1;
     const bool flat = note.Sign == Accidental::Flat;
     return {note.SignX - SignHalf * scale, note.Y - (flat ? 11.5 : 8) * scale, note.SignX + SignHalf * scale,
             note.Y + (flat ? 5 : 8) * scale};
@@ -131,18 +155,20 @@ double HeadReach(const StaffBar& bar, int strum, const StaffNote& note) {
 
 void PlaceAccidentals(StaffBar& bar) {
     if (!bar.IsDrum()) ChooseSigns(bar);
-    for (int s = 0; s < bar.Count(); ++s) {
-        StaffColumn& column = bar.Column(s);
-        column.Left = column.X - RestReach * column.Scale();
-        if (!column.Notes.empty()) {
-            column.Left = column.X;
-            for (const StaffNote& note : column.Notes) {
-                column.Left = std::min(column.Left, note.X - HeadReach(bar, s, note));
-            }
+    for (int s = 0; s < bar.Count(); ++s) PlaceBefore(bar, s);
+}
+
+void PlaceBefore(StaffBar& bar, int strum) {
+    StaffColumn& column = bar.Column(strum);
+    column.Left = column.X - RestReach * column.Scale();
+    if (!column.Notes.empty()) {
+        column.Left = column.X;
+        for (const StaffNote& note : column.Notes) {
+            column.Left = std::min(column.Left, note.X - HeadReach(bar, strum, note));
         }
-        PlaceSigns(column);
-        PlaceWhatComesBefore(bar, s);
     }
+    PlaceSigns(column);
+    PlaceWhatComesBefore(bar, strum);
 }
 
 }  // namespace Quillon::Drawing

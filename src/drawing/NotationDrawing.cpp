@@ -53,8 +53,8 @@ void DrawStrumNotation(Picture& picture, const StaffBar& bar, int strum) {
         picture.SetColor(bar.Ink());
         for (const StaffNote& note : column.Notes) {
             DrawNoteHead(picture, bar, strum, note);
-            const bool small = column.Size != HeadSize::Full;
-            if (note.Sign != Accidental::None) picture.Stamp(AccidentalShape(note.Sign, small), note.SignX, note.Y);
+            if (note.Sign == Accidental::None) continue;
+            picture.Stamp(AccidentalShape(note.Sign, column.SignsAreSmall()), note.SignX, note.Y);
         }
         DrawStem(picture, bar, strum);
         DrawGraceNotes(picture, bar, strum);
@@ -115,6 +115,11 @@ void TakeStaffRoom(TabBar& bar, const std::vector<StaffBar>& staves) {
                 const Core::Note& own = staff.Strum(s).Notes[note.String];
                 const bool bow = own.Tied || own.Technique == Core::HammerOnPullOff;
                 if (bow && !staff.Column(s).StemUp) take(note.X, note.Y - 12, staff.NextX(s), note.Y);
+                if (own.Technique == Core::Staccato && staff.ShowsHands()) {
+                    const StaffColumn& column = staff.Column(s);
+                    const double dot = StaccatoY(staff, column);
+                    take(column.X - 3, dot - 2, column.X + 3, dot + 2);
+                }
                 if (own.HasBend && !bar.Track.ShowTab) take(note.X, note.Y - 20, note.X + 18, note.Y);
             }
         }

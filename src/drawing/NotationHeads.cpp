@@ -34,7 +34,7 @@ void ChooseSizes(StaffBar& bar) {
     const auto room = [&](int s, bool besideNotes) {
         double nearest = fullRest;
         for (const int other : {s - 1, s + 1}) {
-            const bool there = other >= 0 && other < bar.Count() && (!besideNotes || Core::HasNotes(bar.Strum(other)));
+            const bool there = other >= 0 && other < bar.Count() && (!besideNotes || bar.HasNotes(other));
             if (there) nearest = std::min(nearest, std::abs(bar.Column(other).X - bar.Column(s).X));
         }
         return nearest;
@@ -42,11 +42,11 @@ void ChooseSizes(StaffBar& bar) {
     for (const BeamGroup& group : bar.Groups) {
         double nearest = fullHead;
         for (int s = group.First; s <= group.Last; ++s) {
-            if (Core::HasNotes(bar.Strum(s))) nearest = std::min(nearest, room(s, true));
+            if (bar.HasNotes(s)) nearest = std::min(nearest, room(s, true));
         }
         for (int s = group.First; s <= group.Last; ++s) {
-            bar.Column(s).Size = Core::HasNotes(bar.Strum(s)) ? SizeFor(nearest, fullHead, smallHead)
-                                                              : SizeFor(room(s, false), fullRest, smallRest);
+            bar.Column(s).Size =
+                bar.HasNotes(s) ? SizeFor(nearest, fullHead, smallHead) : SizeFor(room(s, false), fullRest, smallRest);
         }
     }
 }
@@ -80,6 +80,13 @@ double StaffColumn::Lowest() const {
     return y;
 }
 
+bool StaffBar::HasNotes(int strum) const {
+    for (int string = 0; string < std::clamp<int>(Track.Strings, 0, Core::StringCount); ++string) {
+        if (!Strum(strum).Notes[string].Fret.empty()) return true;
+    }
+    return false;
+}
+
 StaffBar::StaffBar(const BarContext& bar, const StaffPlace& place)
     : Context(bar),
       Place(place),
@@ -106,7 +113,7 @@ StaffBar::StaffBar(const BarContext& bar, const StaffPlace& place)
     bool sounds = false;
     for (int s = 0; s < count; ++s) {
         StaffColumn& column = Column(s);
-        const bool empty = !Core::HasNotes(Strum(s));
+        const bool empty = !HasNotes(s);
         column.Slash = empty && Strum(s).Hash != 0 && Place.TakesRests;
         column.Rest = empty && !column.Slash && Place.TakesRests;
         sounds = sounds || column.Sounds() || column.Rest;
@@ -178,8 +185,10 @@ void DrawLedgerLine(Picture& picture, double x, double y, LedgerLine variant, do
     const bool wide = variant == LedgerLine::Wide || variant == LedgerLine::WideAtSharp;
     const bool sharp = variant == LedgerLine::PlainAtSharp || variant == LedgerLine::WideAtSharp;
     const double half = std::round((wide ? 8 : 7) * scale);
-    picture.Line(x - (sharp ? half - 2 : half), y, x, y);
-    picture.Line(x, y, x + half, y);
+    // Of a sharp's line the first half ends at the head, of another's in its middle.
+    const double meet = sharp ? x - std::round(HeadHalf * scale) : x;
+    picture.Line(x - half, y, meet, y);
+    picture.Line(meet, y, x + half, y);
 }
 
 void DrawLedgerLines(Picture& picture, const StaffBar& bar, int strum) {
@@ -196,7 +205,7 @@ void DrawLedgerLines(Picture& picture, const StaffBar& bar, int strum) {
             x = note.X;
             if (above ? note.Step > farthest : note.Step < farthest) {
                 farthest = note.Step;
-                sharpThere = note.Sign != Accidental::None;
+                sharpThere = note.Alteration > 0;
             }
         }
         for (int step = above ? topLine + 2 : -2; above ? step <= farthest : step >= farthest; step += above ? 2 : -2) {
@@ -214,7 +223,7 @@ void DrawLedgerLines(Picture& picture, const StaffBar& bar, int strum) {
 }
 
 void DrawDots(Picture& picture, const StaffBar& bar, int strum) {
-    constexpr double radius = 1.35, away = 8.3, awayFromFlag = 11.5;
+    constexpr double radius = 1.35, away = 8.3, awayFromFlag = 11.5, clear = 2.4;
     const Core::Strum& own = bar.Strum(strum);
     const StaffColumn& column = bar.Column(strum);
     if (!own.Dotted) return;
@@ -224,7 +233,9 @@ void DrawDots(Picture& picture, const StaffBar& bar, int strum) {
         return;
     }
     const bool flagged = column.StemUp && column.Hooks > 0 && !column.Beamed;
-    const double x = column.X + ((column.Displaced ? 6 : 0) + (flagged ? awayFromFlag : away)) * column.Scale();
+    double x = column.X + ((column.Displaced ? 6 : 0) + (flagged ? awayFromFlag : away)) * column.Scale();
+    // Parentheses and wide heads reach further than others.
+    for (const StaffNote& note : column.Notes) x = std::max(x, note.X + HeadReach(bar, strum, note) + clear);
     std::vector<const StaffNote*> notes;
     for (const StaffNote& note : column.Notes) notes.push_back(&note);
     std::sort(notes.begin(), notes.end(), [](auto* a, auto* b) { return a->Step > b->Step; });

@@ -1,4 +1,4 @@
-// What joins heads: ties, bows, slides; grace notes and the bow to their head.
+// What joins heads: ties, bows, slides.
 #include <algorithm>
 #include <cmath>
 #include <string>
@@ -68,6 +68,18 @@ void DrawBowTo(Picture& picture, const StaffBar& bar, int strum, const StaffNote
     DrawBow(picture, from, to, note.Y + outward * away, -outward * rise, fall);
 }
 
+bool MeetsHeads(const StaffBar& bar, const Area& letter) {
+    for (int s = 0; s < bar.Count(); ++s) {
+        for (const Area& area : AreasOf(bar, s)) {
+            if (area.Left < letter.Right && letter.Left < area.Right && area.Top < letter.Bottom &&
+                letter.Top < area.Bottom) {
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
 void DrawLegato(Picture& picture, const StaffBar& bar, int strum) {
     const StaffColumn& column = bar.Column(strum);
     const StaffNote* outermost = nullptr;
@@ -87,8 +99,15 @@ void DrawLegato(Picture& picture, const StaffBar& bar, int strum) {
     DrawBow(picture, from, std::max(to, from + 5), y, -outward * rise, fall);
     if (!bar.ShowsHands() || target.Pitch == outermost->Pitch) return;
     const char* letter = target.Pitch > outermost->Pitch ? "H" : "P";
-    const double middle = y + fall / 2 + outward * (rise + (outward < 0 ? 2.5 : 8.5));
-    Print(picture, SmallFont, std::round((from + to) / 2), std::round(middle), letter);
+    // Beyond the bow, and beyond the heads of other strings there.
+    constexpr double half = 2.5, height = 6, farthest = 40;
+    const double x = std::round((from + to) / 2);
+    const double nearest = std::round(y + fall / 2 + outward * (rise + (outward < 0 ? 2.5 : 8.5)));
+    double baseline = nearest;
+    while (std::abs(baseline - nearest) < farthest &&
+           MeetsHeads(bar, {x - half, baseline - height, x + half, baseline}))
+        baseline += outward;
+    Print(picture, SmallFont, x, baseline, letter);
 }
 
 void DrawSlideTo(Picture& picture, const StaffBar& bar, int strum, const StaffNote& note) {
@@ -146,39 +165,6 @@ void DrawStaffLinksFromLastRow(Picture& picture, const StaffBar& bar) {
         const double away = inChord ? 2 : BowAway;
         DrawBow(picture, left, std::max(right, left + 4), note.Y + (up ? -away : away), up ? 3 : -3);
     }
-}
-
-void DrawGraceNotes(Picture& picture, const StaffBar& bar, int strum) {
-    constexpr double stemLong = 15, stemRight = 2.4;
-    const StaffColumn& column = bar.Column(strum);
-    double top = 0, bottom = 0;
-    bool any = false;
-    for (const StaffNote& note : column.Notes) {
-        const Core::Note& own = bar.Strum(strum).Notes[note.String];
-        if (!own.HasGrace || own.GraceFret.empty()) continue;
-        const Spelling spelling = SpellNote(bar, note.String, own.GraceFret);
-        const double y = bar.YOf(spelling.Step);
-        picture.Stamp(GraceHeadShape(), column.GraceX, y);
-        for (int step = 10; step <= spelling.Step; step += 2) {
-            picture.Line(column.GraceX - 4, bar.YOf(step), column.GraceX + 4, bar.YOf(step));
-        }
-        for (int step = -2; step >= spelling.Step; step -= 2) {
-            picture.Line(column.GraceX - 4, bar.YOf(step), column.GraceX + 4, bar.YOf(step));
-        }
-        const Accidental sign = GraceSign(bar, spelling);
-        if (sign != Accidental::None) picture.Stamp(AccidentalShape(sign, true), column.GraceX - 6, y);
-        top = any ? std::min(top, y) : y;
-        bottom = any ? std::max(bottom, y) : y;
-        any = true;
-    }
-    if (!any) return;
-    const double x = std::round(column.GraceX + stemRight);
-    const double end = top - stemLong;
-    picture.Line(x, bottom - 1, x, end);
-    // A flag, and the stroke through it that makes it short.
-    picture.Stamp(GraceFlagShape(), x, end);
-    picture.Line(x - 3, end + 9, x + 5.5, end + 3.5, 1);
-    DrawBow(picture, column.GraceX, column.X - 1.5, bottom + 4, -2.5, std::clamp(column.Lowest() - bottom, -6.0, 6.0));
 }
 
 }  // namespace Quillon::Drawing

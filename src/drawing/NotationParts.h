@@ -61,9 +61,11 @@ struct StaffColumn {
     int Hooks = 0;  ///< flags or beams that its length asks for
     bool Beamed = false;
     bool Displaced = false;  ///< some head stands right of the others
+    bool Crowded = false;    ///< its accidentals are small ones, as full ones find no room
 
     bool Sounds() const { return !Notes.empty() || Slash; }
     double Scale() const { return ScaleOf(Size); }
+    bool SignsAreSmall() const { return Crowded || Size != HeadSize::Full; }
     double Highest() const;  ///< y of the topmost head
     double Lowest() const;
 };
@@ -101,6 +103,8 @@ struct StaffBar {
     void LeaveOutWhatReachesOut();
     const StaffColumn& Column(int strum) const { return Columns[static_cast<std::size_t>(strum)]; }
     const Core::Strum& Strum(int strum) const { return Bar.Strums()[strum]; }
+    /// True when a strum holds a note that is drawn; those on strings that the track no longer uses are not.
+    bool HasNotes(int strum) const;
     int Bottom() const { return Place.Top + StaffLineSpan; }
     double YOf(int step) const { return Bottom() - HalfStep * step; }
     double Right() const { return Context.X + Context.Width; }
@@ -131,11 +135,25 @@ bool Takes(const StaffPlace& place, int pitch);
 void PlaceHeads(StaffBar& bar);
 void PlaceDrumHeads(StaffBar& bar);
 void PlaceAccidentals(StaffBar& bar);
-/// Moves columns that would print over the bar line, a repeat's dots, the bar's number or the note before a little to
+/// Places what stands before the heads of a column: accidentals, grace notes, strokes.
+void PlaceBefore(StaffBar& bar, int strum);
+/// Moves columns that would print over the bar line, a repeat's dots or the note before a little to
 /// the right, alike on all staves.
 void MakeRoomBefore(std::vector<StaffBar>& staves);
+/// The parts of a column: heads, accidentals, ledger lines above the staff, grace notes, a rest.
+std::vector<Area> AreasOf(const StaffBar& bar, int strum);
 /// From a head's middle to its side.
 double HeadReach(const StaffBar& bar, int strum, const StaffNote& note);
+/// A grace note's head, told from the column's place for them.
+struct GraceHead {
+    int Step = 0;
+    double DX = 0;  ///< right of the stem when another head stands beside it
+    Accidental Sign = Accidental::None;
+    double SignDX = 0;
+    bool Cross = false;
+};
+/// The heads of a strum's grace notes from the top down; those of one place stand once.
+std::vector<GraceHead> GraceHeads(const StaffBar& bar, int strum);
 /// The accidental of a grace note, None where its place has it already.
 Accidental GraceSign(const StaffBar& bar, const Spelling& spelling);
 /// What an accidental covers.
@@ -158,8 +176,8 @@ void DrawStrumNotation(Picture& picture, const StaffBar& bar, int strum);
 void DrawPercussionStrum(Picture& picture, const StaffBar& bar, int strum);
 void DrawNoteHead(Picture& picture, const StaffBar& bar, int strum, const StaffNote& note);
 enum class LedgerLine { Plain, PlainAtSharp, Wide, WideAtSharp };
-/// A short line through x, y in two halves: 14 pixels from 3 left of the head, further for a whole note's and shorter
-/// for a small head's. The left half of one at a sharp begins later.
+/// A short line through x, y in two pieces: 14 pixels from 3 left of the head, further for a whole note's and shorter
+/// for a small head's. The pieces of a sharp's line meet at the head's side, so that they tell the variants apart.
 void DrawLedgerLine(Picture& picture, double x, double y, LedgerLine variant, double scale = 1);
 void DrawLedgerLines(Picture& picture, const StaffBar& bar, int strum);
 void DrawRest(Picture& picture, const StaffBar& bar, int strum);
@@ -177,10 +195,15 @@ void DrawStaffLinksFromLastRow(Picture& picture, const StaffBar& bar);
 /// Strokes of the hand, tremolo picking and slides into and out of notes, where no tab tells them.
 void DrawStaffSigns(Picture& picture, const StaffBar& bar, int strum);
 
+/// Of the dot of a staccato column, which holds notes.
+double StaccatoY(const StaffBar& bar, const StaffColumn& column);
+
 /// The staves of a bar with all that stands on them.
 void DrawNotation(Picture& picture, const std::vector<StaffBar>& staves);
 /// The staves of a bar, worked out.
 std::vector<StaffBar> StaffBarsOf(const BarContext& bar);
+/// The number of the bar: at its place, or as far above it as the notes there ask for.
+Label PlacedBarNumber(const BarContext& bar);
 /// Takes the room above the row that the notes reach into, and below it where no tab stands.
 void TakeStaffRoom(TabBar& bar, const std::vector<StaffBar>& staves);
 

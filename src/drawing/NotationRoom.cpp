@@ -36,24 +36,16 @@ double LeftLimit(const StaffBar& bar, int strum) {
     return right + (bar.Strum(strum - 1).Dotted ? 5.5 * before.Scale() : 0) + 0.5;
 }
 
-/// What stands above or on the staff already: the number of the bar, the dots of a repeat behind its figures.
+/// The dots of a repeat that stand on the staff behind its figures.
 std::vector<Area> PrintedBefore(const StaffBar& bar) {
-    constexpr double digit = 4.45, numberTop = 1, numberBottom = 7.2, dotsLeft = 64.5, dotsTop = 7.5, dotsBottom = 20;
+    constexpr double dotsLeft = 64.5, dotsTop = 7.5, dotsBottom = 20;
     const BarContext& context = bar.Context;
-    std::vector<Area> printed;
-    if (bar.Place.Top == context.Y) {
-        const Label number = BarNumberLabel(context.ItsBar(), context.Bar, context.X, context.Y);
-        const double right = number.X + digit * static_cast<double>(number.Text.size());
-        printed.push_back({number.X - 1.0, number.Y + numberTop, right + 1, number.Y + numberBottom});
-    }
-    if (context.Info().RepeatOpen && context.ItsBar().Place.ShowTimeSig) {
-        printed.push_back(
-            {context.X + dotsLeft, bar.Place.Top + dotsTop, context.X + DotsRight, bar.Place.Top + dotsBottom});
-    }
-    return printed;
+    if (!context.Info().RepeatOpen || !context.ItsBar().Place.ShowTimeSig) return {};
+    return {{context.X + dotsLeft, bar.Place.Top + dotsTop, context.X + DotsRight, bar.Place.Top + dotsBottom}};
 }
 
-/// The parts of a column.
+}  // namespace
+
 std::vector<Area> AreasOf(const StaffBar& bar, int strum) {
     constexpr double half = 3.4, ledger = 7.5, dot = 10, graceStem = 16;
     const StaffColumn& column = bar.Column(strum);
@@ -73,6 +65,8 @@ std::vector<Area> AreasOf(const StaffBar& bar, int strum) {
     return areas;
 }
 
+namespace {
+
 /// How far a column must step so that it prints over nothing; `by` when that is further than `most`.
 double ClearOfPrinted(const StaffBar& bar, int strum, double by, double most) {
     double clear = by;
@@ -84,18 +78,83 @@ double ClearOfPrinted(const StaffBar& bar, int strum, double by, double most) {
             if (meets) clear = std::max(clear, printed.Right - area.Left);
         }
     }
-    // The dots of a repeat stand before the music; only a tab, whose first figures stand left of them, holds it there.
-    const BarContext& context = bar.Context;
-    if (strum == 0 && bar.ShowsHands() && context.Info().RepeatOpen && context.ItsBar().Place.ShowTimeSig) {
-        clear = std::max(clear, context.X + DotsRight - bar.Column(0).Left);
-    }
     return clear <= most ? clear : by;
+}
+
+/// How far a first column must step behind the dots of a repeat; only a tab, whose first figures stand left of them,
+/// holds it before them.
+double BehindDots(const StaffBar& bar) {
+    const BarContext& context = bar.Context;
+    if (!bar.ShowsHands() || !context.Info().RepeatOpen || !context.ItsBar().Place.ShowTimeSig) return 0;
+    return context.X + DotsRight - bar.Column(0).Left;
+}
+
+/// How far what stands before a column must step to print over nothing, at most `furthest`. Accidentals that find no
+/// room at their full size become small.
+double StepAside(StaffBar& bar, int strum, double furthest) {
+    StaffColumn& column = bar.Column(strum);
+    if (LeftLimit(bar, strum) - column.Left > furthest && !column.SignsAreSmall()) {
+        column.Crowded = true;
+        PlaceBefore(bar, strum);
+    }
+    return std::min(LeftLimit(bar, strum) - column.Left, furthest);
+}
+
+/// False when no note of the bar stands high enough near its number to meet it.
+bool MayMeet(const BarContext& bar, const Label& number) {
+    constexpr int near = 32, low = 62;
+    const Core::Track& track = bar.ItsTrack();
+    if (!track.ShowTreble && !track.ShowBass) return false;
+    const auto& columns = bar.ItsBar().Place.StrumX;
+    const auto& strums = bar.ItsBar().Strums();
+    for (int s = 0; s < std::min(columns.Count(), strums.Count()); ++s) {
+        if (std::abs(columns[s] + (bar.X - bar.ItsBar().Place.BarX) - number.X) > near) continue;
+        if (!track.ShowTreble || track.IsDrum) return true;  // clefs whose staff takes other pitches
+        for (int string = 0; string < std::clamp<int>(track.Strings, 0, Core::StringCount); ++string) {
+            const Core::Note& note = strums[s].Notes[string];
+            if (!note.Fret.empty() && (note.HasGrace || WrittenPitch(track, string, note) >= low)) return true;
+        }
+    }
+    return false;
 }
 
 }  // namespace
 
+Label PlacedBarNumber(const BarContext& bar) {
+    constexpr double digit = 4.45, top = 1, bottom = 7.2;
+    Label number = BarNumberLabel(bar.ItsBar(), bar.Bar, bar.X, bar.Y);
+    if (!MayMeet(bar, number)) return number;
+    std::vector<Area> areas;
+    for (const StaffBar& staff : StaffBarsOf(bar)) {
+        if (staff.Place.Top != bar.Y) continue;
+        for (int s = 0; s < staff.Count(); ++s) {
+            const std::vector<Area> parts = AreasOf(staff, s);
+            areas.insert(areas.end(), parts.begin(), parts.end());
+            const StaffColumn& column = staff.Column(s);
+            const double flag = column.Hooks > 0 && !column.Beamed ? 8 : 1;
+            if (column.HasStem && column.StemUp) {
+                areas.push_back({column.StemX - 1, column.StemEnd - 1, column.StemX + flag, column.StemStart});
+            }
+        }
+    }
+    const double left = number.X - 1.0, right = number.X + digit * static_cast<double>(number.Text.size()) + 1;
+    // Over the bar line the signs of the form stand lower than anything beside the figures.
+    const int most = bar.ItsBar().Place.ShowTimeSig ? 20 : 8;
+    for (int rise = 0; rise <= most; ++rise) {
+        const double y = number.Y - rise;
+        const bool meets = std::any_of(areas.begin(), areas.end(), [&](const Area& area) {
+            return area.Left < right && left < area.Right && area.Top < y + bottom && y + top < area.Bottom;
+        });
+        if (meets) continue;
+        number.Y -= rise;
+        break;
+    }
+    return number;  // where nothing helps under the ink
+}
+
 void MakeRoomBefore(std::vector<StaffBar>& staves) {
-    constexpr double most = 0.5;  // of the way to the next column
+    // Of the way to the next column; pixels from the tab figure of the same strum, and where no tab shows.
+    constexpr double most = 0.5, besideTab = 6, alone = 12;
     // The staves of one track move together; that of another track has columns of its own.
     for (const bool ofOther : {false, true}) {
         std::vector<StaffBar*> related;
@@ -104,12 +163,14 @@ void MakeRoomBefore(std::vector<StaffBar>& staves) {
         }
         for (int s = 0; !related.empty() && s < related.front()->Count(); ++s) {
             double by = 0;
-            for (const StaffBar* bar : related) {
+            for (StaffBar* bar : related) {
                 const StaffColumn& column = bar->Column(s);
                 if (!column.Sounds() && !column.Rest) continue;
-                const double furthest = std::max(0.0, most * (bar->NextX(s) - column.X));
-                by = std::max(by, std::min(LeftLimit(*bar, s) - column.Left, furthest));
+                const double halfWay = std::max(0.0, most * (bar->NextX(s) - column.X));
+                const double furthest = std::min(bar->Context.ItsTrack().ShowTab ? besideTab : alone, halfWay);
+                by = std::max(by, StepAside(*bar, s, furthest));
                 if (s <= 1) by = ClearOfPrinted(*bar, s, by, furthest);
+                if (s == 0 && BehindDots(*bar) <= halfWay) by = std::max(by, BehindDots(*bar));
             }
             for (StaffBar* bar : related) {
                 if (by > 0) Move(bar->Column(s), std::ceil(by));  // by whole pixels, as stems stand

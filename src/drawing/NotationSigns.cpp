@@ -81,17 +81,18 @@ void DrawStaffSigns(Picture& picture, const StaffBar& bar, int strum) {
         if (stroke) DrawSlideStroke(picture, bar, strum, note, technique);
     }
     if (tremolo > 0) DrawTremolo(picture, bar, strum, tremolo);
-    if (staccato) {
-        // At the head's side, in a space where it is over the staff.
-        const bool above = !column.StemUp;
-        const auto outermost = std::minmax_element(column.Notes.begin(), column.Notes.end(),
-                                                   [](auto& a, auto& b) { return a.Step < b.Step; });
-        const int step = (above ? outermost.second : outermost.first)->Step;
-        const bool onLine = step % 2 == 0;
-        const int away = onLine || step < 0 || step > 8 ? 3 : 2;
-        const int at = above ? step + (onLine ? away : 2) : step - (onLine ? away : 2);
-        picture.Disc(column.X, bar.YOf(at), 1.3);
-    }
+    if (staccato) picture.Disc(column.X, StaccatoY(bar, column), 1.3);
+}
+
+double StaccatoY(const StaffBar& bar, const StaffColumn& column) {
+    // At the head's side, in a space where it is over the staff.
+    const bool above = !column.StemUp;
+    const auto outermost =
+        std::minmax_element(column.Notes.begin(), column.Notes.end(), [](auto& a, auto& b) { return a.Step < b.Step; });
+    const int step = (above ? outermost.second : outermost.first)->Step;
+    const bool onLine = step % 2 == 0;
+    const int away = onLine || step < 0 || step > 8 ? 3 : 2;
+    return bar.YOf(above ? step + (onLine ? away : 2) : step - (onLine ? away : 2));
 }
 
 }  // namespace Quillon::Drawing

@@ -28,13 +28,14 @@ struct SignWidths {
     double Width, Comfortable, Least;  ///< of a sign; from one to the next
     bool Small;
 };
-constexpr SignWidths FullSigns{5.4, 4.5, 3.9, false}, SmallSigns{3.9, 3.2, 2.2, true};
+/// Full ones never stand nearer than they are wide; small ones may, as they stand above and below each other.
+constexpr SignWidths FullSigns{5.6, 5.6, 5.6, false}, SmallSigns{3.9, 3.2, 2.2, true};
 
 double WidthOf(const SignWidths& signs, int count, double step) { return signs.Width + step * (count - 1); }
 
 /// Signs from `left` to `right`, as near each other as they must.
 void DrawKeySigns(Picture& picture, int count, Accidental sign, Clef clef, int top, double left, double right) {
-    constexpr double widest = 5.6;
+    constexpr double widest = 5.8;
     const int signs = std::abs(count);
     const SignWidths& widths = WidthOf(FullSigns, signs, FullSigns.Least) <= right - left ? FullSigns : SmallSigns;
     const double step = signs > 1 ? std::min(widest, (right - left - widths.Width) / (signs - 1)) : 0;
@@ -123,20 +124,44 @@ double RoomForKey(const BarContext& bar, const StaffPlace& place) {
 }  // namespace
 
 double TimeFiguresWidth(const BarContext& bar) {
-    constexpr double single = 9.5, digit = 7.6;
+    constexpr double single = 9.5, digit = 6.8;
     const std::size_t digits =
         std::max(std::to_string(bar.Info().TimeSigTop).size(), std::to_string(bar.Info().TimeSigBottom).size());
     return digits == 1 ? single : digit * static_cast<double>(digits);
 }
 
+namespace {
+
+/// True when an accidental may stand before the first column of some staff.
+bool FirstColumnAltered(const BarContext& bar, const StaffPlace& place) {
+    if (place.Clef == Clef::Percussion || bar.Bar > place.Track.Bars.UpperBound()) return false;
+    const Core::Bar& own = place.Track.Bars[bar.Bar];
+    if (own.Strums().Count() == 0) return false;
+    for (int string = 0; string < std::clamp<int>(place.Track.Strings, 0, Core::StringCount); ++string) {
+        const Core::Note& note = own.Strums()[0].Notes[string];
+        if (note.Fret.empty()) continue;
+        const Spelling spelling =
+            SpellPitch(WrittenPitch(place.Track, string, note), KeyUsesFlats(own.Key), place.Clef);
+        if (spelling.Alteration != KeyAlteration(own.Key, spelling.Step, place.Clef)) return true;
+    }
+    return false;
+}
+
+}  // namespace
+
 double SignatureOverhang(const BarContext& bar) {
     // Signs at their full size leave the first column under the bar's number clear; so do those before a repeat's dots.
-    constexpr double usual = 5, farthest = 14, beforeDots = 10;
-    const double most = bar.Info().RepeatOpen ? beforeDots : farthest;
+    constexpr double usual = 5, farthest = 14, beforeDots = 10, besideTab = 9, withAccidental = 6;
+    double most = bar.Info().RepeatOpen ? beforeDots : farthest;
     const Core::BarPlace& placed = bar.ItsBar().Place;
     if (!placed.ShowTimeSig) return 0;
     double missing = 0;
-    for (const StaffPlace& place : StaffPlacesOf(bar)) {
+    const std::vector<StaffPlace> staves = StaffPlacesOf(bar);
+    // A tab holds the first column near its figure.
+    for (const StaffPlace& place : staves) {
+        if (bar.ItsTrack().ShowTab) most = std::min(most, FirstColumnAltered(bar, place) ? withAccidental : besideTab);
+    }
+    for (const StaffPlace& place : staves) {
         const int signs = std::abs(SignatureOf(place, bar.Bar).Count);
         if (signs == 0) continue;
         const double room = RoomForKey(bar, place);
@@ -163,7 +188,7 @@ void DrawSignatures(Picture& picture, const BarContext& bar, const StaffPlace& p
 }
 
 double RowHeadWidth(const BarContext& bar) {
-    constexpr double letters = 18, edge = 2, clearOfNumber = 6, signStep = 5.2;
+    constexpr double letters = 18, edge = 2, clearOfNumber = 6, signStep = 5.7;
     const bool changes = bar.ItsBar().Place.ShowTimeSig;
     if (bar.Look.RowHeadRoom <= 0 || changes || TabBar(bar).Beside(-1)) return 0;
     double clefs = bar.ItsTrack().ShowTab ? letters : 0, keys = 0;

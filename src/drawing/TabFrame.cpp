@@ -45,7 +45,7 @@ void DrawTimeSignature(Picture& picture, const BarContext& bar, double middle, d
     const std::string top = std::to_string(bar.Info().TimeSigTop), bottom = std::to_string(bar.Info().TimeSigBottom);
     // On a staff a figure fills its two spaces; two digits side by side must leave the key its room.
     const bool large = onStaff && top.size() == 1 && bottom.size() == 1;
-    const Font font{.Name = "Arial", .Size = half * (large ? 1.75 : 1.45), .Bold = true};
+    const Font font{.Name = "Arial", .Size = half * (large ? 1.75 : onStaff ? 1.28 : 1.45), .Bold = true};
     const double drop = 0.358 * font.Pixels();  // half the height of a digit
     picture.SetColor(bar.File.NoteFontColor);
     Print(picture, font, bar.X + right, middle - half + drop, top, Anchor::Right);
@@ -191,7 +191,7 @@ void DrawBarFrame(Picture& picture, const BarContext& bar) {
     const bool figures = bar.ItsBar().Place.ShowTimeSig;
     const int right = bar.X + bar.Width;
 
-    const Label number = BarNumberLabel(bar.ItsBar(), bar.Bar, bar.X, bar.Y);
+    const Label number = PlacedBarNumber(bar);
     if (staves.Tab && staves.Top == staves.TabTop) {  // a bow from the bar before may pass here
         picture.SetFont(SmallFont);
         picture.Box(number.X - 1, number.Y + 1, std::ceil(picture.TextWidth(number.Text)) + 2, 7, White);

@@ -255,7 +255,8 @@ TEST(Notation, AccidentalsFollowTheKeyAndTheBar) {
         {"other octaves stand alone", 1, Score({{2, {{0, "2"}}}, {2, {{3, "4"}}}}), "# #"},
         {"the key's own sharp", 2, Score({{2, {{0, "2"}}}, {2, {{0, "1"}}}, {2, {{0, "2"}}}}, 2), ". n #"},
         {"a flat key spells upward", 9, Score({{2, {{1, "2"}}}, {2, {{1, "3"}}}, {2, {{2, "3"}}}}, 9), "b n ."},
-        {"both in one chord", 1, Score({{2, {{0, "1"}, {1, "7"}}}}), ".#"},
+        {"both in one chord, each its own", 1, Score({{2, {{0, "1"}, {1, "7"}}}, {2, {{0, "1"}}}}), "n# n"},
+        {"one of a pitch on two strings", 1, Score({{2, {{0, "2"}, {1, "7"}}}}), "#."},
         {"a dead note has none", 1, Score({{2, {{2, "x"}}}}), "."},
     };
     for (const auto& row : rows) EXPECT_EQ(Signs(row.Of), row.Signs) << row.Why;
@@ -304,7 +305,7 @@ TEST(Notation, SignsStandClearOfHeadsBarLinesAndEachOther) {
     std::vector<Area> taken;
     for (const StaffNote& note : staves.front().Column(0).Notes) {
         if (note.Sign == Accidental::None) continue;
-        const Area area{note.SignX - 2.8, note.Y - 7, note.SignX + 2.8, note.Y + 7};
+        const Area area = SignArea(staves.front().Column(0), note);
         EXPECT_GT(area.Left, 100) << "the bar line";
         EXPECT_LT(area.Right, note.X - 4);
         for (const Area& other : taken) {
@@ -314,6 +315,42 @@ TEST(Notation, SignsStandClearOfHeadsBarLinesAndEachOther) {
         taken.push_back(area);
     }
     EXPECT_EQ(taken.size(), 5u);
+}
+
+TEST(Notation, ANumberRisesOffTheNotes) {
+    for (const auto& [fret, y] : {std::pair{"0", -12}, std::pair{"3", -15}, std::pair{"8", -25}}) {
+        Score score({{2, {{0, fret}}}});
+        Core::BarPlace& place = score.File.Tracks[0].Bars.Edit(0).Place;
+        place.ShowTimeSig = true;
+        place.StrumX[0] = 160;
+        const BarContext context = score.Context();
+        EXPECT_EQ(PlacedBarNumber(context).Y, context.Y + y) << fret;
+    }
+}
+
+TEST(Notation, NotesOnStringsOutOfUseLeaveARest) {
+    Score score({{2, {{5, "3"}}}, {2, {{0, "0"}}}});
+    score.File.Tracks[0].Strings = 4;
+    const BarContext context = score.Context();
+    const std::vector<StaffBar> staves = StaffBarsOf(context);
+    EXPECT_TRUE(staves.front().Column(0).Rest);
+    EXPECT_FALSE(staves.front().Column(1).Rest);
+}
+
+TEST(Notation, NeighbouringGraceHeadsStandBesideEachOther) {
+    Score score({{2, {{0, "5"}, {1, "5"}, {2, "5"}}}});
+    const char* frets[] = {"0", "3", "x"};
+    for (int string = 0; string < 3; ++string) {
+        Core::Note& note = score.File.Tracks[0].Bars.Edit(0).EditStrums()[0].Notes.Edit(string);
+        note.HasGrace = true;
+        note.GraceFret = frets[string];
+    }
+    const BarContext context = score.Context();
+    const std::vector<StaffBar> staves = StaffBarsOf(context);
+    const std::vector<GraceHead> heads = GraceHeads(staves.front(), 0);
+    ASSERT_EQ(heads.size(), 3u);
+    EXPECT_GT(heads[0].DX, heads[1].DX);
+    EXPECT_TRUE(heads[2].Cross);
 }
 
 TEST(Notation, ColumnsStepAside) {
@@ -330,13 +367,13 @@ TEST(Notation, ColumnsStepAside) {
         double Key, X;  // of the first column
     } rows[] = {{"nothing in the way", plain, true, false, false, 1, 109},
                 {"parentheses clear of the bar line", ghost, true, false, false, 1, 112},
-                {"a grace note with its accidental", grace, true, false, false, 1, 122},
+                {"a grace note with its accidental, as far as the tab lets it", grace, true, false, false, 1, 115},
                 {"a stroke into the note where no tab has it", slid, false, false, false, 1, 118},
                 {"not where the tab has it", slid, true, false, false, 1, 109},
-                {"the dots of a repeat", plain, true, false, true, 1, 116},
+                {"the dots of a repeat", plain, true, false, true, 1, 115},
                 {"behind the dots, which stand behind the figures", plain, false, true, true, 1, 175},
                 {"before them over a tab", plain, true, true, true, 1, 149},
-                {"behind seven sharps", plain, true, true, false, 8, 163}};
+                {"behind seven sharps", plain, true, true, false, 8, 155}};
     for (const auto& row : rows) {
         Score score({{2, {}}, {2, {{1, "0"}}}, {2, {}}}, static_cast<std::int32_t>(row.Key));
         Core::Track& track = score.File.Tracks[0];
