@@ -193,6 +193,9 @@ void TellPageTooSmall() {
 
 RowLook LookOfRows(Picture& picture, const TabFile& file, int track) {
     RowLook look = LookOfLyrics(picture, file, track, LyricsTrackOf(file, track));
+    constexpr int edge = 4;
+    look.PaperLeft = edge - Page.PageLeftMargin;
+    look.PaperRight = Page.PageWidth - Page.PageLeftMargin - edge;
     if (Page.ClefOnEveryRow) look.RowHeadRoom = std::max(0, Page.PageLeftMargin - 4);
     return look;
 }

@@ -17,6 +17,8 @@ constexpr int ChartTop = 67;    ///< above the row
 constexpr int NameMiddle = 78;  ///< above the row
 constexpr int NameAlone = 34;   ///< of a name without a chart
 constexpr double DotRadius = 1.9;
+constexpr double NameStep = 4;  ///< from one try to the next of a name that finds its place taken
+const Font NameFont{.Name = "Arial", .Size = 7.5, .Bold = true};
 
 struct Chart {
     int Strings = 0;
@@ -109,18 +111,64 @@ int LiftOf(const TabBar& bar, double left, double right, int top) {
     return 0;
 }
 
+double HalfWidth(const Chart& chart) { return (chart.Strings - 1) * Step / 2.0 + 3; }
+
+struct NamePlace {
+    std::string Text;
+    double Left, Right;
+};
+/// A chord's name over its column, inside the paper. Leaves its font in use.
+NamePlace PlaceName(Picture& picture, const TabBar& bar, const Core::Strum& strum, double x) {
+    picture.SetFont(NameFont);
+    const std::string text = FitToPaper(picture, bar, strum.ChordName);
+    const double width = picture.TextWidth(text);
+    const double left = LeftOnPaper(bar, x - width / 2, width);
+    return {text, left, left + width};
+}
+
+/// What the chords of the row's earlier bars have taken: their names, and the right end of their last chart.
+double TakeChordsBefore(Picture& picture, TabBar& bar) {
+    const bool charts = bar.Context.File.AlwaysCharts;
+    double free = bar.Context.X - 10000.0;
+    Room names;
+    for (int index = FirstOfRow(bar); index < bar.Context.Bar; ++index) {
+        const Core::Bar& before = bar.Track.Bars[index];
+        for (int at = 0; at < std::min(before.Strums().Count(), before.Place.StrumX.Count()); ++at) {
+            const Core::Strum& strum = before.Strums()[at];
+            if (!strum.HasChord) continue;
+            const double x = before.Place.StrumX[at] + (bar.Context.X - bar.Bar.Place.BarX);
+            if (charts) {
+                const Chart chart = ChartOf(strum);
+                const double half = HalfWidth(chart);
+                if (chart.Strings > 0 && x - half >= free) free = x + half;
+            }
+            if (strum.ChordName.empty()) continue;
+            const NamePlace name = PlaceName(picture, bar, strum, x);
+            const double first = bar.Context.Y - (charts ? NameMiddle - bar.Context.Look.ChartDrop : NameAlone);
+            const double middle = names.TakeLevel(name.Left, name.Right, name.Right, first, NameStep);
+            constexpr double half = 3.5;
+            if (name.Right > bar.Context.X) bar.Around.Take({name.Left, middle - half, name.Right, middle + half});
+        }
+    }
+    return free;
+}
+
 }  // namespace
 
 void DrawChords(Picture& picture, TabBar& bar) {
-    const Font nameFont{.Name = "Arial", .Size = 7.5, .Bold = true};
-    double free = bar.Context.X - 1000.0;  // right end of the last chart
-    for (int at = 0; at < bar.StrumCount(); ++at) {
+    const bool charts = bar.Context.File.AlwaysCharts;
+    const auto hasChord = [&](int at) { return bar.Strum(at).HasChord; };
+    int first = 0;
+    while (first < bar.StrumCount() && !hasChord(first)) ++first;
+    if (first == bar.StrumCount()) return;
+    double free = TakeChordsBefore(picture, bar);  // right end of the last chart
+    for (int at = first; at < bar.StrumCount(); ++at) {
         const Core::Strum& strum = bar.Strum(at);
         if (!strum.HasChord) continue;
         const double x = bar.Column(at);
         Chart chart;
-        if (bar.Context.File.AlwaysCharts) chart = ChartOf(strum);
-        const double half = (chart.Strings - 1) * Step / 2.0 + 3;
+        if (charts) chart = ChartOf(strum);
+        const double half = HalfWidth(chart);
         const bool charted = chart.Strings > 0 && x - half >= free;
         int top = bar.Context.Y - ChartTop + bar.Context.Look.ChartDrop;
         if (charted) {
@@ -131,15 +179,11 @@ void DrawChords(Picture& picture, TabBar& bar) {
         }
         if (strum.ChordName.empty()) continue;
         picture.SetColor(bar.Ink());
-        picture.SetFont(nameFont);
-        const double halfName = picture.TextWidth(strum.ChordName) / 2;
-        double middle = top - (NameMiddle - ChartTop);
-        if (bar.Context.File.AlwaysCharts) {
-            bar.Around.Take({x - halfName, middle - 4, x + halfName, middle + 4});
-        } else {
-            middle = bar.Around.TakeLevel(x - halfName, x + halfName, x + halfName, bar.Context.Y - NameAlone, 4);
-        }
-        picture.Print(x, std::round(middle + 0.36 * nameFont.Pixels()), strum.ChordName, Anchor::Center);
+        const NamePlace name = PlaceName(picture, bar, strum, x);
+        const double nearest = charts ? top - (NameMiddle - ChartTop) : bar.Context.Y - NameAlone;
+        const double middle = bar.Around.TakeLevel(name.Left, name.Right, name.Right, nearest, NameStep);
+        const double drop = 0.36 * NameFont.Pixels();
+        picture.Print((name.Left + name.Right) / 2, std::round(middle + drop), name.Text, Anchor::Center);
     }
     picture.SetColor(bar.Ink());
 }

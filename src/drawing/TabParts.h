@@ -96,6 +96,16 @@ inline Extent FigureExtent(Picture& picture, const TabBar& bar, int strum, int s
 }
 bool FretNumber(const std::string& fret, int& number);
 
+/// The first bar of a bar's row.
+int FirstOfRow(const TabBar& bar);
+/// Where a text of this width that wants to begin at `left` begins to stay on the paper; one that is too wide begins at
+/// its left edge.
+double LeftOnPaper(const TabBar& bar, double left, double width);
+/// A text that fits on the paper in the font in use: its beginning and an ellipsis where it is wider.
+std::string FitToPaper(Picture& picture, const TabBar& bar, const std::string& text);
+/// Where texts must end.
+double PaperRight(const TabBar& bar);
+
 void Print(Picture& picture, const Font& font, double x, double baseline, std::string_view text,
            Anchor anchor = Anchor::Center);
 /// A flat bow from left to right, its ends at y and its middle `rise` higher: thin at its ends, twice as thick in its

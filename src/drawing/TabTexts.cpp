@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <string>
 
-#include "drawing/TabParts.h"
+#include "drawing/NotationParts.h"
 
 namespace Quillon::Drawing {
 
@@ -18,24 +18,24 @@ Font TextFont(const Core::TabFile& file) {
     return font;
 }
 
-void TakeNumber(Picture& picture, TabBar& bar, const Core::Bar& of, int index, int x) {
-    const Label label = BarNumberLabel(of, index, x, bar.Context.Y);
+void TakeNumber(Picture& picture, TabBar& bar, const Label& label) {
     picture.SetFont(SmallFont);
     bar.Around.Take({static_cast<double>(label.X), label.Y + 1.0, label.X + picture.TextWidth(label.Text) + 1.2,
                      label.Y + 8.0, true});
 }
 
-/// Texts of the bar before that reach over the bar line.
+/// Texts of the row's other bars that reach over a bar line.
 void TakeOverhang(Picture& picture, TabBar& bar) {
-    const Core::Bar* before = bar.Beside(-1);
-    if (!before) return;
     picture.SetFont(TextFont(bar.Context.File));
-    for (int at = 0; at < before->Strums().Count(); ++at) {
-        const std::string& text = before->Strums()[at].Text;
-        if (text.empty()) continue;
-        const double left = before->Place.StrumX[at] + (bar.Context.X - bar.Bar.Place.BarX) - TextLead;
-        const double right = left + picture.TextWidth(text);
-        if (right > bar.Context.X - 8) {
+    for (int index = FirstOfRow(bar); index < bar.Context.Bar; ++index) {
+        const Core::Bar& before = bar.Track.Bars[index];
+        for (int at = 0; at < std::min(before.Strums().Count(), before.Place.StrumX.Count()); ++at) {
+            if (before.Strums()[at].Text.empty()) continue;
+            const double width = picture.TextWidth(FitToPaper(picture, bar, before.Strums()[at].Text));
+            const double column = before.Place.StrumX[at] + (bar.Context.X - bar.Bar.Place.BarX) - TextLead;
+            const double left = LeftOnPaper(bar, column, width + 3), right = left + width;
+            // One that the paper's edge moves to the left goes round them all.
+            if (right <= bar.Context.X - 8 && PaperRight(bar) > bar.Right() + 200) continue;
             bar.Around.Take(
                 {left, bar.Context.Y - TextMiddle - HalfText, right + 3, bar.Context.Y - TextMiddle + HalfText});
         }
@@ -43,12 +43,13 @@ void TakeOverhang(Picture& picture, TabBar& bar) {
 }
 
 /// The lowest free place at or above the band of texts; a text that meets something short steps right of it first.
-Area TextPlace(const TabBar& bar, double left, double width) {
+Area TextPlace(const TabBar& bar, double column, double width) {
     constexpr double aside = 14, step = 4;
+    const double left = LeftOnPaper(bar, column, width), farthest = std::min(left + aside, PaperRight(bar) - width);
     double middle = bar.Context.Y - TextMiddle;
     const auto at = [&](double x) { return Area{x, middle - HalfText, x + width, middle + HalfText}; };
     for (int level = 0; level < 40; ++level, middle -= step) {
-        for (double x = left; x <= left + aside; x += 2) {
+        for (double x = left; x <= std::max(left, farthest); x += 2) {
             if (bar.Around.IsFree(at(x))) return at(x);
         }
     }
@@ -58,9 +59,10 @@ Area TextPlace(const TabBar& bar, double left, double width) {
 }  // namespace
 
 void TakeRoom(Picture& picture, TabBar& bar) {
-    TakeNumber(picture, bar, bar.Bar, bar.Context.Bar, bar.Context.X);
+    TakeNumber(picture, bar, PlacedBarNumber(bar.Context));
     if (const Core::Bar* next = bar.Beside(1)) {
-        TakeNumber(picture, bar, *next, bar.Context.Bar + 1, bar.Context.X + bar.Context.Width);
+        const int x = bar.Context.X + bar.Context.Width;
+        TakeNumber(picture, bar, BarNumberLabel(*next, bar.Context.Bar + 1, x, bar.Context.Y));
     }
     if (bar.Context.Info().RepeatClose > 0) {
         picture.SetFont(SmallFont);
@@ -79,15 +81,17 @@ void DrawTexts(Picture& picture, TabBar& bar) {
         const double left = bar.Column(at) - TextLead;
         if (!strum.Text.empty()) {
             picture.SetFont(font);
-            const Area area = TextPlace(bar, left, picture.TextWidth(strum.Text) + 3);
-            picture.Print(area.Left, area.Top + HalfText + 4, strum.Text, Anchor::Left);
+            const std::string text = FitToPaper(picture, bar, strum.Text);
+            const Area area = TextPlace(bar, left, picture.TextWidth(text) + 3);
+            picture.Print(area.Left, area.Top + HalfText + 4, text, Anchor::Left);
             bar.Around.Take(area);
         }
         if (!strum.GotoText.empty()) {
             picture.SetFont(SmallFont);
-            const double width = picture.TextWidth(strum.GotoText) + 4;
+            const std::string text = FitToPaper(picture, bar, strum.GotoText);
+            const double width = picture.TextWidth(text) + 4;
             const Area area = TextPlace(bar, left, width + 1);
-            picture.Print(area.Left + 2, area.Top + HalfText + 3, strum.GotoText, Anchor::Left);
+            picture.Print(area.Left + 2, area.Top + HalfText + 3, text, Anchor::Left);
             picture.Polyline({{area.Left, area.Top},
                               {area.Left + width, area.Top},
                               {area.Left + width, area.Bottom},

@@ -21,6 +21,8 @@ constexpr double LargestFontSize = 200;
 struct RowLook {
     double LyricsSize = 0;  ///< points; 0 without lyrics
     int ChartDrop = 0;      ///< how much lower than usual chord charts stand, to make room for the lyrics above them
+    int PaperLeft = 0;      ///< where texts may begin, from a row's left edge; with PaperRight 0 they reach anywhere
+    int PaperRight = 0;     ///< where they must end
     int RowHeadRoom = 0;    ///< pixels left of a row that clefs may take; 0 for no clef on a row that changes nothing
 };
 
