@@ -2,7 +2,6 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <memory>
-#include <ranges>
 
 #include "cli/Commands.h"
 #include "core/mod_Common.h"
@@ -80,7 +79,7 @@ int NameChord(const std::string& text) {
         throw UsageError(text + ": a shape has 4 to 7 frets, lowest string first, such as x,3,2,0,1,0");
     }
     Core::Row<std::string, Core::StringCount> frets;
-    std::ranges::copy(lowestFirst | std::views::reverse, frets.begin());
+    std::ranges::reverse_copy(lowestFirst, frets.begin());
     for (const std::string& fret : lowestFirst) {
         const bool isNumber = !fret.empty() && fret.size() < 3 &&
                               std::ranges::all_of(fret, [](unsigned char letter) { return std::isdigit(letter) != 0; });

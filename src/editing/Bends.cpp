@@ -63,9 +63,9 @@ std::vector<double> ShapedBend(int style, int quarters, BendPace pace) {
 }
 
 void GiveBend(Core::Note& note, int quarters, bool release) {
-    enum Style { Bend, BendAndRelease };
+    enum Style { Plain, Released };
     note.HasBend = true;
-    note.BendStyle = release ? BendAndRelease : Bend;
+    note.BendStyle = release ? Released : Plain;
     note.BendType = static_cast<std::int32_t>(BendPace::Usual);
     const std::vector<double> points = ShapedBend(note.BendStyle, quarters, BendPace::Usual);
     std::ranges::copy(points, note.BendPoints.Edit().begin());
