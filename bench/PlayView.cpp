@@ -1,21 +1,13 @@
 // What the window does while a song plays, on the thread that effect timers share: a repaint when the rows scroll, and
 // the marker's and status bar's part of a tick. Song S, in a window's size, as the editor shows it.
-#include <QApplication>
-
+#include "bench/EditorWindow.h"
 #include "bench/Measure.h"
-#include "bench/Setting.h"
 #include "bench/SongS.h"
 #include "core/mod_Settings.h"
-#include "core/mod_TabFileStructure.h"
 #include "drawing/mod_PageLayout.h"
 #include "forms/frmMain.h"
 #include "forms/picDocument.h"
-#include "platform/Services.h"
-#include "platform/VirtualClock.h"
-#include "platform/headless/RecordingMidi.h"
-#include "playback/MIDI_OUT.h"
 #include "playback/mod_TabPlayer.h"
-#include "shell/mod_Shell.h"
 #include "shell/mod_Sound.h"
 
 using namespace Quillon;
@@ -59,27 +51,9 @@ void MeasurePlaying(Forms::frmMain& window, VirtualClock& clock) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    const Setting setting;
-    VirtualClock clock;
-    RecordingMidi outputs;
-    Services.Timers = &clock;
-    Services.Midi = &outputs;
-    {
-        Forms::frmMain window;
-        Shell::Program.View = &window;
-        Shell::Program.Dialogs = &window;
-        window.resize(1100, 820);
-        Shell::Start("");
-        QApplication::processEvents();
-        Core::Open.TabFile = SongS();
-        Core::Settings.FollowTabPlayback = true;
-        Shell::DocumentReplaced();
-        QApplication::processEvents();
-        MeasurePlaying(window, clock);
-        Playback::Player.View = nullptr;
-        Playback::MidiClose();
-    }
+    EditorWindow editor(argc, argv, 1100, 820);
+    Core::Settings.FollowTabPlayback = true;
+    editor.Show(SongS());
+    MeasurePlaying(editor.Window(), editor.Clock);
     return Status();
 }

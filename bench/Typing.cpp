@@ -1,24 +1,15 @@
 // What a person who types waits for: from the key's event to the finished repaint of the real window, and what the
 // window itself adds to a key that only moves the cursor. Song S, and a page of treble, bass and tab in 16ths, in a
 // window of 1,600 by 1,000 pixels.
-#include <QApplication>
 #include <QKeyEvent>
 #include <random>
 #include <string>
-#include <utility>
 
+#include "bench/EditorWindow.h"
 #include "bench/Measure.h"
-#include "bench/Setting.h"
 #include "bench/SongS.h"
-#include "core/mod_TabFileStructure.h"
-#include "editing/mod_Cursor.h"
 #include "forms/frmMain.h"
 #include "forms/picDocument.h"
-#include "platform/Services.h"
-#include "platform/VirtualClock.h"
-#include "platform/headless/RecordingMidi.h"
-#include "playback/MIDI_OUT.h"
-#include "playback/mod_TabPlayer.h"
 #include "shell/mod_Shell.h"
 
 using namespace Quillon;
@@ -41,13 +32,6 @@ void GoSomewhere(std::mt19937& random) {
     Core::Open.CurStrum = 0;
     Core::Open.CurString = static_cast<std::int16_t>(std::uniform_int_distribution<int>(0, 5)(random));
     Shell::Program.View->DrawDocument();
-    QApplication::processEvents();
-}
-
-void Show(Core::TabFile song) {
-    Core::Open.TabFile = std::move(song);
-    Editing::ResetCursor(Core::Open);
-    Shell::DocumentReplaced();
     QApplication::processEvents();
 }
 
@@ -75,28 +59,10 @@ void Measure(Forms::frmMain& window, const std::string& where) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    const Setting setting;
-    VirtualClock clock;
-    RecordingMidi outputs;
-    Services.Timers = &clock;
-    Services.Midi = &outputs;
-    {
-        Forms::frmMain window;
-        Shell::Program.View = &window;
-        Shell::Program.Dialogs = &window;
-        window.resize(1600, 1000);
-        Shell::Start("");
-        window.resize(1600, 1000);
-        QApplication::processEvents();
-        Show(SongS());
-        Measure(window, "");
-        Show(Sixteenths(SongBars));
-        Measure(window, " on three staves in 16ths");
-        Playback::Player.View = nullptr;
-        Playback::MidiClose();
-        Core::Open.FileChanged = false;
-    }
+    EditorWindow editor(argc, argv, 1600, 1000);
+    editor.Show(SongS());
+    Measure(editor.Window(), "");
+    editor.Show(Sixteenths(SongBars));
+    Measure(editor.Window(), " on three staves in 16ths");
     return Status();
 }
