@@ -20,6 +20,7 @@
 
 #include "core/mod_TabFileStructure.h"
 #include "drawing/mod_HighLevelDrawing.h"
+#include "forms/LibraryWindow.h"
 #include "forms/SvgIcon.h"
 #include "forms/Text.h"
 #include "forms/Theme.h"
@@ -89,6 +90,7 @@ frmMain::frmMain() {
     connect(document, &picDocument::Drawn, this, [this] {
         FillStatus();
         ShowBoards();
+        TellTools([](LibraryWindow& tool) { tool.CursorMoved(); });
         if (!Shell::Sound.Playing) ShowStates();  // they may hang on the bar of the cursor
         if (painted) return;
         painted = true;
@@ -106,7 +108,11 @@ frmMain::frmMain() {
     document->setFocus();
 }
 
-frmMain::~frmMain() = default;
+/// The tools go while there still is a window to tell.
+frmMain::~frmMain() {
+    Shell::SilenceTools();
+    for (LibraryWindow*& tool : toolWindows) delete std::exchange(tool, nullptr);
+}
 
 QAction* frmMain::ActionOf(const std::string& name) const {
     const auto found = actions.find(name);
@@ -151,6 +157,7 @@ void frmMain::UpdateCommands() {
     ShowMenus();
     ShowToolbars();
     ShowDocks();
+    ShowToolWindows();
     percAssistant->ShowIf(Shell::PercAssistantShows());
     if (cmbTrack->currentIndex() != Open.CurTrack) {
         const QSignalBlocker quiet(cmbTrack);
@@ -190,6 +197,7 @@ void frmMain::RestorePlaces() {
 void frmMain::KeepPlaces() {
     KeepPlace(*this, PlaceSection);
     percAssistant->KeepItsPlace();
+    TellTools([](LibraryWindow& tool) { tool.KeepItsPlace(); });
     Services.Settings->Save(PlaceSection, ToolbarsKey, saveState().toBase64().toStdString());
 }
 

@@ -4,11 +4,13 @@
 
 #include <QMainWindow>
 #include <QRect>
+#include <array>
 #include <map>
 #include <memory>
 #include <utility>
 #include <vector>
 
+#include "shell/ToolWindows.h"
 #include "shell/mod_Shell.h"
 
 class QAction;
@@ -36,6 +38,7 @@ class picMixTable;
 class picFretboard;
 class picPiano;
 class picBoard;
+class LibraryWindow;
 
 class frmMain : public QMainWindow, public Shell::ShellView, public Shell::Dialogs {
     Q_OBJECT
@@ -118,6 +121,9 @@ private:
     void ShowBoards();
     void ShowRightMenu(QPoint point);
     void SetBoardTexts();
+    void ShowToolWindows();
+    void TellTools(void (*tell)(LibraryWindow&));
+    void FocusScore();
     void ShowMenus();
     QMenu* MenuOf(std::string_view path);
     QToolBar* ToolBarOf(std::string_view name);
@@ -158,6 +164,7 @@ private:
     QDockWidget* dockFretboard = nullptr;
     picPiano* piano = nullptr;
     QDockWidget* dockPiano = nullptr;
+    std::array<LibraryWindow*, static_cast<std::size_t>(Shell::ToolWindow::Count)> toolWindows{};  // once they showed
     QMenu* picRightMenu = nullptr;
     std::unique_ptr<QTranslator> libraryTexts;  // of the file and colour dialogs, which the library brings
     bool closing = false;

@@ -15,6 +15,7 @@
 
 #include "core/mod_TabFileStructure.h"
 #include "forms/ElidedLabel.h"
+#include "forms/LibraryWindow.h"
 #include "forms/SvgIcon.h"
 #include "forms/Text.h"
 #include "forms/frmMain.h"
@@ -180,6 +181,7 @@ void frmMain::LanguageChanged() {
     cmdZoom->setToolTip(Text("str_ZoomReset"));
     cmdZoom->setAccessibleName(Text("str_ZoomReset"));
     SetBoardTexts();
+    TellTools([](LibraryWindow& tool) { tool.SetTexts(); });
     percAssistant->SetTexts();
     Shell::UpdateGotoPoints();
     FillStatus();

@@ -33,7 +33,7 @@ QLineEdit* AddCell(QGridLayout* table, int row, int column, const QString& name,
 }  // namespace
 
 ntne_frmChord::ntne_frmChord(Shell::ChordModel& model, QWidget* parent)
-    : StrumDialog(model, parent, "str_ChordTitle", "ChordWindowDetails") {
+    : StrumDialog(model, parent, "str_ChordTitle", "ChordSymbolWindowDetails") {
     setObjectName("ntne_frmChord");
     QLineEdit* const name = AddText(Fields(), "txtName", "str_ChordName", model.Name);
     name->selectAll();

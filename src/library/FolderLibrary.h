@@ -59,6 +59,13 @@ public:
         for (const std::string& name : names) count += Find(name) ? 0 : 1;
         return count;
     }
+    /// The same of those that were read so far.
+    std::size_t KnownUnreadable() const {
+        return static_cast<std::size_t>(std::ranges::count_if(stamps, [this](const FileStamp& stamp) {
+            const auto known = kept.find(stamp.Name);
+            return known != kept.end() && known->second.Stamp == stamp && !known->second.What;
+        }));
+    }
 
 private:
     struct Kept {

@@ -38,5 +38,6 @@ std::span<const Command> GoCommandRows();
 std::span<const Command> TrackCommandRows();
 std::span<const Command> BoardCommandRows();
 std::span<const Command> ExchangeCommandRows();
+std::span<const Command> ToolCommandRows();
 
 }  // namespace Quillon::Shell

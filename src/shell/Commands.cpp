@@ -14,6 +14,7 @@
 #include "shell/BarCommands.h"
 #include "shell/CommandRows.h"
 #include "shell/TextExportModel.h"
+#include "shell/ToolWindows.h"
 #include "shell/Toolbars.h"
 #include "shell/mod_Shell.h"
 #include "shell/mod_Sound.h"
@@ -282,7 +283,7 @@ constexpr Command Table[] = {
      .Toolbar = SoundToolbar,
      .WhilePlaying = true,
      .Run = mnuSoundStop_Click,
-     .Enabled = [] { return Sound.Playing; }},
+     .Enabled = [] { return Sound.Playing || DoToolsSound(); }},
     {.Name = "mnuSoundSpeedTrainer",
      .Menu = SoundMenu,
      .Text = "str_SoundSpeedTrainer",
@@ -351,7 +352,7 @@ std::vector<Command> AllRows() {
     std::vector<Command> rows(std::begin(Table), std::end(Table));
     for (const auto& more :
          {NoteCommandRows(), ChordCommandRows(), EffectCommandRows(), BarCommandRows(), ClipboardCommandRows(),
-          GoCommandRows(), TrackCommandRows(), BoardCommandRows(), ExchangeCommandRows()}) {
+          GoCommandRows(), TrackCommandRows(), BoardCommandRows(), ExchangeCommandRows(), ToolCommandRows()}) {
         rows.insert(rows.end(), more.begin(), more.end());
     }
     std::vector<std::string_view> toolbars;

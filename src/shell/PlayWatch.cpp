@@ -11,6 +11,7 @@
 #include "playback/mod_TabPlayer.h"
 #include "shell/Boards.h"
 #include "shell/CursorState.h"
+#include "shell/ToolWindows.h"
 #include "shell/mod_Shell.h"
 #include "shell/mod_Sound.h"
 
@@ -41,6 +42,7 @@ struct PlayWatch : Playback::PlayView {
     SoundingStrings Sounding;
 
     void PlayingStarts() override {
+        SilenceTools();
         Sound.Playing = true;
         Drawing::View.Playing = true;
         Drawing::Page.LayoutDirty = 1;

@@ -13,6 +13,7 @@
 #include "playback/MIDI_CMD.h"
 #include "playback/ctlHiPreTimer.h"
 #include "playback/mod_TabPlayer.h"
+#include "shell/ToolWindows.h"
 #include "shell/mod_Shell.h"
 
 namespace Quillon::Shell {
@@ -126,6 +127,7 @@ void lstDevices_Click(int position) {
 void EndSound() {
     Sound.tmrTestTone.reset();
     Playback::StopTab();
+    SilenceTools();
     Playback::MidiClose();
     Sound.Position = -1;
 }

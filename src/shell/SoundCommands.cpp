@@ -9,6 +9,7 @@
 #include "editing/mod_Selection.h"
 #include "playback/mod_TabPlayer.h"
 #include "shell/DialogModels.h"
+#include "shell/ToolWindows.h"
 #include "shell/mod_Shell.h"
 #include "shell/mod_Sound.h"
 
@@ -41,7 +42,10 @@ void mnuSoundLoop_Click() {
         {std::to_string(bars.From + 1), std::to_string(bars.To + 1), "32767", tempo, tempo, "0"});
 }
 
-void mnuSoundStop_Click() { Playback::StopTab(); }
+void mnuSoundStop_Click() {
+    Playback::StopTab();
+    SilenceTools();
+}
 
 void mnuSoundSpeedTrainer_Click() {
     SpeedTrainerModel model;

@@ -34,6 +34,7 @@
 #include "shell/ImportModel.h"
 #include "shell/PercAssistant.h"
 #include "shell/Recovery.h"
+#include "shell/ToolWindows.h"
 #include "shell/mod_Shell.h"
 #include "shell/mod_Sound.h"
 #include "tests/support/Golden.h"
@@ -143,6 +144,7 @@ struct FakeWindow : ShellView, Dialogs {
 
 inline void ResetGlobals() {
     // Timers and devices go before the services that they came from.
+    if (Program.View) SilenceTools();
     Editing::EndTypedNote();
     Playback::Player = {};
     Playback::MidiOut = {};
@@ -159,6 +161,7 @@ inline void ResetGlobals() {
     PercAssistant = {};
     LastImport = {};
     Go = {};
+    ToolWindows = {};
     Program = {};
 }
 

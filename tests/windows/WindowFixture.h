@@ -34,6 +34,7 @@
 #include "shell/ImportModel.h"
 #include "shell/PercAssistant.h"
 #include "shell/Recovery.h"
+#include "shell/ToolWindows.h"
 #include "shell/mod_Shell.h"
 #include "shell/mod_Sound.h"
 #include "tests/support/Golden.h"
@@ -133,6 +134,7 @@ private:
         Shell::PercAssistant = {};
         Shell::LastImport = {};
         Shell::Go = {};
+        Shell::ToolWindows = {};
         Shell::Program = {};
     }
 };
