@@ -46,7 +46,7 @@ TEST_F(PlayingWindowTest, MenusAndScrollBarsAreOffAndTheMarkerWalksOverThePage) 
     QTest::keyClick(&window->Document(), Qt::Key_Space);
     ASSERT_TRUE(Playback::IsPlaying());
     EXPECT_FALSE(bar->isEnabled());
-    EXPECT_EQ(EnabledMenus(), (QStringList{"View", "Sound", "Track", "Help"}));
+    EXPECT_EQ(EnabledMenus(), (QStringList{"View", "Sound", "Track", "Tools", "Help"}));
     EXPECT_FALSE(window->ActionOf("mnuSoundPlayFromStart")->isEnabled());
     EXPECT_TRUE(window->ActionOf("mnuSoundStop")->isEnabled());
     Play(300);
