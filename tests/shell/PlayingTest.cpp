@@ -61,8 +61,8 @@ TEST_F(Playing, WhileASongPlaysOnlyWhatMayChangeIsEnabled) {
     EXPECT_TRUE(IsPlaying());
     EXPECT_TRUE(Drawing::View.Playing);
     EXPECT_EQ(list(),
-              "mnuViewFretboard mnuViewPiano mnuSoundStop mnuSoundFollow mnuTrackMute mnuTrackSolo mnuHelpKeyboard "
-              "mnuHelpAbout ");
+              "mnuViewFretboard mnuViewPiano mnuSoundStop mnuSoundFollow mnuTrackMute mnuTrackSolo mnuToolsChords "
+              "mnuHelpKeyboard mnuHelpAbout ");
     EXPECT_FALSE(Do("mnuFileNew"));
     EXPECT_FALSE(Do("mnuSoundMetronome")) << "no click could begin now";
     EXPECT_TRUE(Do("mnuSoundStop"));
