@@ -147,6 +147,9 @@ bool WriteTracks(TabFile& file, int first, const MidiGrid& grid, const MidiScore
     if (grid.BarsCut() > 0) {
         report.Add({ImportFate::Moved, 0, -1, -1, 0, "str_ImportBarsCut", {std::to_string(grid.BarsCut())}});
     }
+    if (score.Texts > 0) {
+        report.Add({ImportFate::Lost, 0, -1, -1, 0, "str_ImportTexts", {std::to_string(score.Texts)}});
+    }
     report.Tracks = static_cast<int>(score.Parts.size());
     return true;
 }

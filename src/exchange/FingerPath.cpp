@@ -23,6 +23,7 @@ struct Fingering {
     double Cost = 0;
     int Lowest = 0;  ///< fretted finger, 0 when all strings are open
     int Highest = 0;
+    int Open = 0;  ///< strings
 };
 
 double StretchCost(int stretch) {
@@ -107,7 +108,7 @@ private:
     }
 
     void Keep(Hand hand) {
-        Fingering fingering{strings, 0, hand.Lowest, hand.Highest};
+        Fingering fingering{strings, 0, hand.Lowest, hand.Highest, 0};
         for (std::size_t note = 0; note < keys.size(); ++note) {
             if (strings[note] == None) {
                 // The later the lighter: what is held stands behind what is struck.
@@ -116,6 +117,7 @@ private:
             }
             const int fret = keys[note] - board.Open.at(static_cast<std::size_t>(strings[note]));
             fingering.Cost += HeightCost(fret);
+            if (fret == 0) ++fingering.Open;
         }
         fingering.Cost += StretchCost(fingering.Highest - fingering.Lowest);
         found.push_back(std::move(fingering));
@@ -147,6 +149,12 @@ int HandFor(const Fingering& fingering, int hand) {
 double MoveCost(int from, int to) {
     constexpr double First = 0.4;  // of setting off at all
     return from == to ? 0 : First + 0.3 * std::abs(from - to);
+}
+
+/// An open string among high frets breaks a line's sound.
+double OpenCost(const Fingering& fingering, int hand) {
+    constexpr int High = 4;
+    return hand < High ? 0 : 0.2 * hand * fingering.Open;
 }
 
 double CutsCost(const FingerStrum& strum, const Fingering& before, const Fingering& now) {
@@ -201,7 +209,7 @@ std::vector<std::vector<int>> FingerPath(const Fretboard& board, const std::vect
             for (std::size_t c = 0; k > 0 && c < choices[k - 1]->size(); ++c) {
                 const Stop& before = stops[k - 1][c];
                 const int hand = HandFor(now, before.Hand);
-                const double cost = before.Cost + now.Cost + MoveCost(before.Hand, hand) +
+                const double cost = before.Cost + now.Cost + MoveCost(before.Hand, hand) + OpenCost(now, hand) +
                                     CutsCost(strums[k], (*choices[k - 1])[c], now);
                 if (c == 0 || cost < best.Cost) best = {cost, static_cast<int>(c), hand};
             }

@@ -85,7 +85,7 @@ int BeatDivider::Choose(const std::vector<double>& starts, int beat) const {
 int BeatDivider::ChooseForEnds(const std::vector<double>& ends, int beat) const {
     constexpr int Usual = 4;
     const int exact = InSteps() ? Exact(ends, beat) : 0;
-    return exact > 0 ? exact : std::min(Usual, beat);
+    return std::min(exact > 0 ? std::min(exact, Usual) : Usual, beat);
 }
 
 }  // namespace Quillon::Exchange

@@ -13,10 +13,10 @@ public:
     /// Every start of the part is to be met before anything is chosen: they tell whether the part was entered in steps
     /// or played by hand.
     void Meet(double offset);
-    /// A division for these starts. In a part entered in steps, and for many starts, it is the simplest that all stand
-    /// on, if there is one.
+    /// A division for these starts, each given once. In a part entered in steps, and for many starts, it is the
+    /// simplest that all stand on, if there is one.
     int Choose(const std::vector<double>& starts, int beat) const;
-    /// A division for a beat where notes only end.
+    /// A division for a beat where notes only end, a simple one: how early a finger is lifted is not written.
     int ChooseForEnds(const std::vector<double>& ends, int beat) const;
     /// The simplest division that all stand on; 0 without one.
     int Exact(const std::vector<double>& offsets, int beat) const;

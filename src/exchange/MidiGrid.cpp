@@ -6,6 +6,7 @@
 #include "core/mod_Common.h"
 #include "exchange/MidiBeats.h"
 #include "exchange/MidiImport.h"
+#include "exchange/MidiStrokes.h"
 
 namespace Quillon::Exchange {
 
@@ -68,6 +69,9 @@ MidiGrid::MidiGrid(const MidiScore& score, int tracks) : ticksPerQuarter(score.T
         }
     }
     beats.push_back(bars.back().End());
+    for (const MidiScore::Tempo& tempo : score.Tempos) {
+        tempos.push_back({PlaceOf(tempo.Tick), tempo.QuartersPerMinute * UnitsPerBeat / 60'000});
+    }
 }
 
 void MidiGrid::AddBar(std::int64_t length, const MidiScore::Signature& signature) {
@@ -125,10 +129,11 @@ std::vector<GridNote> MidiGrid::NotesOf(const MidiPart& part) const {
         const GridNote placed{PlaceOf(note.Start), PlaceOf(note.End), note.Key, note.Velocity,
                               static_cast<int>(notes.size())};
         notes.push_back(placed);
-        divider.Meet(Within(placed.Start));
     }
     std::ranges::stable_sort(notes, {}, &GridNote::Start);
     const bool endsCount = !part.Fingering.empty();
+    if (!endsCount && !part.IsDrum) GatherStrokes(notes, tempos);
+    for (const GridNote& note : notes) divider.Meet(Within(note.Start));
     std::vector<int> divisions(beats.size(), 0);
     std::map<std::size_t, std::vector<double>> endsOf;  // by beat
     const auto offset = [&](std::int64_t place, std::size_t beat) {
@@ -146,7 +151,8 @@ std::vector<GridNote> MidiGrid::NotesOf(const MidiPart& part) const {
         std::vector<double> starts;
         std::size_t behind = first;
         for (; behind < notes.size() && BeatAt(notes[behind].Start) == beat; ++behind) {
-            starts.push_back(offset(notes[behind].Start, beat));
+            const double start = offset(notes[behind].Start, beat);
+            if (starts.empty() || starts.back() != start) starts.push_back(start);
         }
         int division = 0;
         if (endsCount && endsOf.contains(beat)) {
@@ -160,6 +166,7 @@ std::vector<GridNote> MidiGrid::NotesOf(const MidiPart& part) const {
     }
     for (GridNote& note : notes) {
         const std::size_t beat = BeatAt(note.End);
+        if (divisions[beat] == 0 && endsCount) divisions[beat] = divider.Exact(endsOf[beat], beatLength(beat));
         if (divisions[beat] == 0) divisions[beat] = divider.ChooseForEnds(endsOf[beat], beatLength(beat));
         note.End = Snap(note.End, beat, divisions[beat]);
         if (note.End > note.Start) continue;

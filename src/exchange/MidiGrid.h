@@ -33,6 +33,12 @@ struct GridNote {
     int Index = 0;  ///< into the part's notes
 };
 
+/// How fast the grid goes by from a place on.
+struct GridTempo {
+    std::int64_t Start = 0;
+    double UnitsPerMillisecond = 0;
+};
+
 class MidiGrid {
 public:
     /// Raises "Overflow" for a song too long for a document of so many tracks.
@@ -62,6 +68,7 @@ private:
 
     std::vector<GridBar> bars;
     std::vector<std::int64_t> beats;
+    std::vector<GridTempo> tempos;
     int ticksPerQuarter;
     int mostBars = 0;
     int barsCut = 0;

@@ -1,5 +1,6 @@
 // Stretches of the grid as note values.
 #include <algorithm>
+#include <functional>
 #include <map>
 
 #include "core/mod_TabFileManipulation.h"
@@ -43,21 +44,47 @@ const NoteValue* ValueOf(std::int64_t units) {
     return found == Values().end() ? nullptr : &found->second;
 }
 
-bool Alike(const NoteValue& a, const NoteValue& b) {
-    return a.HasTuplet == b.HasTuplet && (!a.HasTuplet || a.Tuplet == b.Tuplet);
+constexpr std::int32_t Plain = -1;
+
+std::int32_t KindOf(const NoteValue& value) { return value.HasTuplet ? value.Tuplet : Plain; }
+
+/// Two values that last so long together, the longer first, if `allows` is true of both.
+bool FillByTwo(std::int64_t units, const std::function<bool(const NoteValue&)>& allows, std::vector<NoteValue>& out) {
+    for (auto first = Values().upper_bound(units); first != Values().end(); ++first) {
+        const NoteValue* const second = ValueOf(units - first->first);
+        if (!second || !allows(first->second) || !allows(*second)) continue;
+        out.push_back(first->second);
+        out.push_back(*second);
+        return true;
+    }
+    return false;
 }
 
-/// A stretch within a beat that no single value fills.
-void FillWithinBeat(std::int64_t units, std::vector<NoteValue>& out) {
-    for (const bool alike : {true, false}) {
-        for (auto first = Values().upper_bound(units); first != Values().end(); ++first) {
-            const NoteValue* const second = ValueOf(units - first->first);
-            if (!second || (alike && !Alike(first->second, *second))) continue;
-            out.push_back(first->second);
-            out.push_back(*second);
-            return;
-        }
+/// By as many plain values and triplets as it takes; false when a triplet of 64ths does not divide it.
+bool FillByTriplets(std::int64_t units, std::vector<NoteValue>& out) {
+    constexpr std::int64_t Shortest = UnitsPer64th * 2 / 3;
+    constexpr std::int32_t Triplet = 0;
+    if (units % Shortest != 0) return false;
+    for (const auto& [length, value] : Values()) {
+        if (KindOf(value) > Triplet || length % Shortest != 0) continue;
+        for (; length <= units; units -= length) out.push_back(value);
     }
+    return true;
+}
+
+/// A stretch within a beat that no single value fills: by plain values if possible, by the simplest tuplet else, and by
+/// different ones at the last.
+void FillWithinBeat(std::int64_t units, std::vector<NoteValue>& out) {
+    constexpr std::int32_t FirstRareTuplet = 1;
+    for (std::int32_t kind = Plain; kind < TupletKinds; ++kind) {
+        if (kind == FirstRareTuplet && FillByTriplets(units, out)) return;
+        if (FillByTwo(
+                units, [&](const NoteValue& value) { return KindOf(value) == kind; }, out))
+            return;
+    }
+    if (FillByTwo(
+            units, [](const NoteValue&) { return true; }, out))
+        return;
     const auto largest = Values().lower_bound(units);
     if (largest == Values().end()) return;
     out.push_back(largest->second);
@@ -76,6 +103,16 @@ void FillBeats(std::int64_t units, std::vector<NoteValue>& out) {
     }
 }
 
+/// Whether it is one of the three parts that two or more beats of the bar are divided into.
+bool IsThirdOfBeats(const MidiGrid& grid, std::int64_t start, std::int64_t end) {
+    const GridBar& bar = grid.Bars()[static_cast<std::size_t>(grid.BarAt(start))];
+    const std::int64_t third = end - start;
+    const std::int64_t whole = 3 * third;
+    const std::int64_t offset = start - bar.Start;
+    const std::int64_t first = offset / whole * whole;
+    return whole % UnitsPerBeat == 0 && (offset - first) % third == 0 && first + whole <= bar.Length;
+}
+
 void Fill(const MidiGrid& grid, std::int64_t start, std::int64_t end, std::vector<NoteValue>& out) {
     if (end <= start) return;
     const std::vector<std::int64_t>& beats = grid.Beats();
@@ -83,7 +120,7 @@ void Fill(const MidiGrid& grid, std::int64_t start, std::int64_t end, std::vecto
     const bool onBeat = beats[beat] == start;
     const bool withinBeat = end <= beats[beat + 1];
     const NoteValue* const single = ValueOf(end - start);
-    if (single && (!single->HasTuplet || withinBeat)) {
+    if (single && (!single->HasTuplet || withinBeat || IsThirdOfBeats(grid, start, end))) {
         out.push_back(*single);
     } else if (withinBeat) {
         FillWithinBeat(end - start, out);

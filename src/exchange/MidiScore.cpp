@@ -40,6 +40,9 @@ void NoteMeta(const SmfEvent& event, std::int64_t tick, MidiScore& score) {
     } else if (event.Data1 == SmfKeySignature && event.Bytes.size() >= 2) {
         const int sharps = static_cast<signed char>(event.Bytes[0]);
         if (sharps >= -7 && sharps <= 7) score.Keys.push_back({tick, sharps, byte(1) != 0});
+    } else if (event.Data1 >= SmfText && event.Data1 < 0x10 && event.Data1 != SmfTrackName &&
+               event.Data1 != SmfInstrumentName) {
+        ++score.Texts;
     }
 }
 

@@ -56,6 +56,7 @@ struct MidiScore {
     std::vector<Tempo> Tempos{};  ///< these three by tick, each tick once
     std::vector<Signature> Signatures{};
     std::vector<Key> Keys{};
+    int Texts = 0;  ///< lyrics, markers and the like, which are not read
 };
 
 /// Reads the tracks of these numbers, from 1, in their order; all when there are none. Tempo, signatures and keys are

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <map>
 
 #include "core/mod_TabFileManipulation.h"
@@ -105,7 +106,10 @@ TEST(AlignedImportTest, RhythmsAreWrittenAsTheyAreCounted) {
         FileMaker File;
         const char* Wanted;
     };
-    FileMaker triplets, quintuplets, byHand, swung;
+    FileMaker triplets, quintuplets, byHand, swung, halfTriplets, strummed;
+    for (int i = 0; i < 3; ++i) halfTriplets.Note(i * 64, i * 64 + 64, 64 + i);
+    for (int i = 0; i < 6; ++i)
+        strummed.Note(i * 3, 90, std::array{40, 47, 52, 56, 59, 64}.at(static_cast<std::size_t>(i)));
     for (int i = 0; i < 3; ++i) triplets.Note(i * 32, i * 32 + 32, 64 + i);
     for (int i = 0; i < 5; ++i) quintuplets.Note((i * 96 + 2) / 5, ((i + 1) * 96 + 2) / 5, 64 + i);
     for (int i = 0; i < 16; ++i) byHand.Note(i * 24 + (i * 7 % 5), i * 24 + 20, 64);
@@ -119,6 +123,12 @@ TEST(AlignedImportTest, RhythmsAreWrittenAsTheyAreCounted) {
          "0.0 2., 0.1 4 | ~0.1 4, 0.0 2."},
         {"a rest", FileMaker().Note(96, 192, 64).Note(288, 384, 64), "- 4, 0.0 4, - 4, 0.0 4"},
         {"a triplet", triplets, "0.0 8:3, 0.1 8:3, 0.2 8:3, - 2."},
+        {"three on two beats", halfTriplets, "0.0 4:3, 0.1 4:3, 0.2 4:3, - 2"},
+        {"a chord struck string by string", strummed, "0.0+1.0+2.1+3.2+4.2+5.0 4, - 2."},
+        {"32nds, tied where no plain value is long enough",
+         FileMaker().Note(0, 12, 64).Note(12, 96, 65).Note(96, 384, 64), "0.0 32, 0.1 8., ~0.1 32, 0.0 2."},
+        {"a finger lifted early from a long note", FileMaker().Note(0, 182, 64).Note(288, 384, 64),
+         "0.0 2, - 4, 0.0 4"},
         {"five in a beat", quintuplets, "0.0 8:5, 0.1 8:5, 0.2 8:5, 0.3 8:5, 0.4 8:5, - 2."},
         {"a bass note under a melody", FileMaker().Note(0, 384, 40).Note(0, 192, 64).Note(192, 384, 66),
          "0.0+5.0 2, 0.2+~5.0 2"},
@@ -183,6 +193,8 @@ TEST(AlignedImportTest, AHandThatCanPlayIsPreferred) {
     // A run high on the neck stays there instead of falling to open strings between.
     const Strings run = play({{{76}}, {{74}}, {{72}}, {{71}}, {{72}}, {{74}}, {{76}}});
     for (const auto& strings : run) EXPECT_LE(strings[0], 1);
+    const Strings open = play({{{76}}, {{72}}, {{69}}, {{64}}, {{69}}, {{72}}, {{76}}});
+    EXPECT_NE(open[3][0], 0) << "an open string between high frets";
     EXPECT_EQ(play({{{52}}, {{52, 0}, {64}}}), (Strings{{3}, {3, 0}})) << "a held note keeps its string";
 }
 
