@@ -18,11 +18,6 @@ constexpr int LastTuplet = 8;
 /// Thousandths of a 64th: finer than that, sums of tuplets are noise.
 double Thousandths(double length) { return Core::RoundHalfEven(length * 1000); }
 
-Fullness Compare(double filled, double asked) {
-    const double left = Thousandths(asked) - Thousandths(filled);
-    return left == 0 ? Fullness::Full : left < 0 ? Fullness::Over : Fullness::Under;
-}
-
 /// The largest value of the ladder that fits into what is left of a bar; below all of them a whole note.
 Strum LargestRest(double left) {
     Strum rest;
@@ -50,22 +45,27 @@ void CutBar(TabFile& file, int track, int bar) {
     double filled = Core::StrumLength(strums[0]);
     for (; keep < strums.Count(); ++keep) {
         const double longer = filled + Core::StrumLength(strums[keep]);
-        if (Compare(longer, asked) == Fullness::Over) break;
+        if (FullnessOf(longer, asked) == Fullness::Over) break;
         filled = longer;
     }
     auto& edited = file.Tracks[track].Bars.Edit(bar).EditStrums();
     edited.Resize(keep);
-    if (Compare(filled, asked) != Fullness::Over) return;
+    if (FullnessOf(filled, asked) != Fullness::Over) return;
     Strum& only = edited[0];
     only.Dotted = only.HasTuplet = false;
     only.Length = 0;
-    while (only.Length < SixtyFourth && Compare(Core::StrumLength(only), asked) == Fullness::Over) ++only.Length;
+    while (only.Length < SixtyFourth && FullnessOf(Core::StrumLength(only), asked) == Fullness::Over) ++only.Length;
 }
 
 }  // namespace
 
+Fullness FullnessOf(double filled, double asked) {
+    const double left = Thousandths(asked) - Thousandths(filled);
+    return left == 0 ? Fullness::Full : left < 0 ? Fullness::Over : Fullness::Under;
+}
+
 Fullness BarFullness(const TabFile& file, int track, int bar) {
-    return Compare(Core::BarLength64ths(file.Tracks[track].Bars[bar]), Core::BarLengthIn64ths(file, bar));
+    return FullnessOf(Core::BarLength64ths(file.Tracks[track].Bars[bar]), Core::BarLengthIn64ths(file, bar));
 }
 
 void FixBar(TabFile& file, int track, int bar) {
@@ -74,7 +74,7 @@ void FixBar(TabFile& file, int track, int bar) {
     double filled = Core::BarLength64ths(file.Tracks[track].Bars[bar]);
     Core::Bar fixed = file.Tracks[track].Bars[bar];
     auto& strums = fixed.EditStrums();
-    while (Compare(filled, asked) == Fullness::Under) {
+    while (FullnessOf(filled, asked) == Fullness::Under) {
         Core::ToInt16(strums.Count());
         strums.Add(LargestRest(asked - filled));
         filled += Core::StrumLength(strums[strums.UpperBound()]);

@@ -48,6 +48,8 @@ enum class Fullness { Under, Full, Over };
 /// Compares what the strums of a bar last with what its time signature asks for, in 64ths, both rounded to three
 /// decimals so that tuplets that add up do add up.
 Fullness BarFullness(const Core::TabFile& file, int track, int bar);
+/// The same of two lengths.
+Fullness FullnessOf(double filled, double asked);
 /// Fills a bar that is under with rests at its end, each the largest value that fits. What is less than the shortest
 /// tuplet of a 64th is filled with a whole note, over the bar's end: bars are told apart by thousandths, and no
 /// shorter value is there.

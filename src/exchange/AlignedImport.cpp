@@ -129,13 +129,14 @@ void WriteTempos(TabFile& file, const MidiGrid& grid, const MidiScore& score,
 bool WriteTracks(TabFile& file, int first, const MidiGrid& grid, const MidiScore& score,
                  const MidiImportOptions& options, ImportReport& report, const ImportProgress& progress,
                  std::vector<std::vector<StrumStart>>& starts) {
+    AlignedRoom room;
     std::map<int, int> partsOfTrack;
     for (const MidiPart& part : score.Parts) ++partsOfTrack[part.Track];
     file.Tracks.Resize(Core::ToInt16(first + std::ssize(score.Parts)));
     for (std::size_t index = 0; index < score.Parts.size(); ++index) {
         const MidiPart& part = score.Parts[index];
         const int number = first + static_cast<int>(index);
-        AlignedTrack made = AlignPart(grid, part, number, report);
+        AlignedTrack made = AlignPart(grid, part, number, room, report);
         NameTrack(made.Track, part, partsOfTrack[part.Track] > 1);
         made.Track.Reverb = options.Reverb;
         file.Tracks[number] = std::move(made.Track);
@@ -174,6 +175,7 @@ bool ImportAligned(TabFile& file, const SmfFile& midi, const std::string& title,
     std::vector<std::vector<StrumStart>> starts;
     file.Tracks.Resize(0);
     if (!WriteTracks(file, 0, grid, score, options, report, progress, starts)) return false;
+    CheckStrums(file);
     WriteKeys(file, grid, score);
     WriteTempos(file, grid, score, starts, report);
     report.Bars = file.BarInfos.Count();
@@ -197,7 +199,8 @@ bool AddAlignedTrack(TabFile& file, const SmfFile& midi, const MidiImportOptions
     const MidiGrid grid(score, file.Tracks.Count() + static_cast<int>(score.Parts.size()));
     std::vector<std::vector<StrumStart>> starts;
     if (!WriteTracks(file, file.Tracks.Count(), grid, score, options, report, progress, starts)) return false;
-    EvenOutBars(file, true);
+    if (!EvenOutBars(file, true, progress)) return false;
+    CheckStrums(file);
     report.Bars = file.BarInfos.Count();
     return true;
 }

@@ -104,8 +104,8 @@ std::array<int, 8> FitVolume(const MidiPart& part, Core::Track& track) {
 /// Writes the strums of a part into its track.
 class Writer {
 public:
-    Writer(const MidiGrid& on, const MidiPart& of, int number, ImportReport& to)
-        : grid(on), part(of), trackNumber(number), report(to), notes(on.NotesOf(of)) {}
+    Writer(const MidiGrid& on, const MidiPart& of, int number, AlignedRoom& has, ImportReport& to)
+        : grid(on), part(of), trackNumber(number), room(has), report(to), notes(on.NotesOf(of)) {}
 
     AlignedTrack Run() {
         Core::Track& track = made.Track;
@@ -115,6 +115,7 @@ public:
         velocities = FitVolume(part, track);
         const NoteEnds ends = told ? NoteEnds::Exact : part.IsDrum ? NoteEnds::Drums : NoteEnds::Played;
         pieces = StrumsOf(grid, notes, ends);
+        CountPieces();
         report.NotesFound += static_cast<int>(notes.size());
         if (part.IsDrum) {
             PlaceDrums();
@@ -127,6 +128,20 @@ public:
     }
 
 private:
+    static void Use(std::int64_t& left, std::int64_t wanted) {
+        left -= wanted;
+        if (left < 0) RaiseOverflow();
+    }
+    void CountPieces() {
+        Use(room.Pieces, std::ssize(pieces));
+        int sounding = -1;
+        for (std::size_t p = 0, first = 0; p < pieces.size(); ++p) {
+            if (pieces[p].Bar != pieces[first].Bar) first = p;
+            if (!pieces[p].Struck.empty() || !pieces[p].Held.empty()) sounding = pieces[p].Bar;
+            const bool endsBar = p + 1 == pieces.size() || pieces[p + 1].Bar != pieces[p].Bar;
+            if (endsBar && sounding == pieces[p].Bar) Use(room.Strums, static_cast<std::int64_t>(p - first) + 1);
+        }
+    }
     const GridNote& Note(int index) const { return notes[static_cast<std::size_t>(index)]; }
     int& StringOf(std::size_t piece, int note) { return strings[piece][static_cast<std::size_t>(note)]; }
 
@@ -144,7 +159,7 @@ private:
         if (told) {
             for (const StrumPiece& piece : pieces) strings.push_back(ToldStrings(piece, board));
         } else {
-            strings = FingerPath(board, FingerStrums());
+            strings = FingerPath(board, FingerStrums(), room.FingerSteps);
         }
         for (std::size_t p = 0; p < pieces.size(); ++p) {
             for (std::size_t n = 0; n < pieces[p].Struck.size(); ++n) {
@@ -281,6 +296,7 @@ private:
             }
             if (string == None) continue;
             if (!isHeld) ++report.NotesKept;
+            Use(room.Notes, 1);
             Core::Note& written = strum.Notes.Edit(string);
             written.Fret = part.IsDrum ? DrumLetter(note, string)
                                        : std::to_string(Note(note).Key - open.at(static_cast<std::size_t>(string)));
@@ -309,6 +325,7 @@ private:
     const MidiGrid& grid;
     const MidiPart& part;
     int trackNumber;
+    AlignedRoom& room;
     ImportReport& report;
     std::vector<GridNote> notes;
     AlignedTrack made;
@@ -329,8 +346,9 @@ bool IsBass(const MidiPart& part) {
     return Core::UpperAscii(part.Name + "\n" + part.Instrument).find("BASS") != std::string::npos;
 }
 
-AlignedTrack AlignPart(const MidiGrid& grid, const MidiPart& part, int number, ImportReport& report) {
-    return Writer(grid, part, number, report).Run();
+AlignedTrack AlignPart(const MidiGrid& grid, const MidiPart& part, int number, AlignedRoom& room,
+                       ImportReport& report) {
+    return Writer(grid, part, number, room, report).Run();
 }
 
 }  // namespace Quillon::Exchange

@@ -23,7 +23,17 @@ struct AlignedTrack {
     Core::Track Track;
     std::vector<StrumStart> Starts;
 };
-AlignedTrack AlignPart(const MidiGrid& grid, const MidiPart& part, int number, ImportReport& report);
+
+/// What the parts of one import may use together, counted down: a small file can ask for more than a machine has.
+struct AlignedRoom {
+    std::int64_t Pieces = 1 << 21;          ///< strums, those of silent bars too
+    std::int64_t Strums = 1 << 19;          ///< those of the others
+    std::int64_t Notes = 1 << 20;           ///< with what is tied to them
+    std::int64_t FingerSteps = 30'000'000;  ///< see FingerPath
+};
+
+/// Raises "Overflow" when there is no room left.
+AlignedTrack AlignPart(const MidiGrid& grid, const MidiPart& part, int number, AlignedRoom& room, ImportReport& report);
 
 /// True when the part wants the strings of a bass.
 bool IsBass(const MidiPart& part);

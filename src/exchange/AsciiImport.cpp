@@ -1,7 +1,6 @@
 #include "exchange/AsciiImport.h"
 
 #include <algorithm>
-#include <charconv>
 #include <utility>
 #include <vector>
 
@@ -22,12 +21,15 @@ namespace {
 
 constexpr std::int32_t SixtyFourth = 6;
 
+/// "4", and "4.0" too.
 std::optional<int> WholeNumber(std::string_view text) {
-    text = Core::TrimBlanks(text);
-    int number = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (error != std::errc() || end != text.data() + text.size()) return {};
-    return number;
+    try {
+        const double number = Core::ParseDouble(text);
+        const std::int32_t whole = Core::CLng(number);
+        if (whole == number) return whole;
+    } catch (const RunTimeError&) {  // no number at all, or a huge one
+    }
+    return {};
 }
 
 /// Position of a text in any case of ASCII letters; npos for none. `lower` is the text in lower case.
@@ -239,9 +241,13 @@ private:
     }
 
     void FinishStrum(int gap) {
-        Bar().EditStrums()[strum].Length = LengthOf(gap);
-        if (Editing::BarFullness(file, target, bar) == Editing::Fullness::Under) {
-            auto& strums = Bar().EditStrums();
+        auto& strums = Bar().EditStrums();
+        strums[strum].Length = LengthOf(gap);
+        const bool isLast = strum == strums.UpperBound();  // the first bar begins with rests behind its first strum
+        const double filled = isLast ? used + Core::StrumLength(strums[strum]) : Core::BarLength64ths(Bar());
+        if (Editing::FullnessOf(filled, Core::BarLengthIn64ths(file, bar)) == Editing::Fullness::Under) {
+            used = filled;
+            if (--strumsLeft < 0) RaiseOverflow();
             strum = Core::ToInt16(strums.Count());
             strums.Resize(strum + 1);
             stays = false;
@@ -249,6 +255,7 @@ private:
             AppendBar(file);
             ++bar;
             strum = 0;
+            used = 0;
             Bar().EditStrums().Resize(1);
             stays = false;
         } else {
@@ -265,6 +272,8 @@ private:
     ImportReport& report;
     int bar = 0;
     int strum = 0;
+    int strumsLeft = MostImportedStrums;
+    double used = 0;  ///< 64ths of the bar before its last strum
     bool stays = false;
     std::vector<bool> taken;  ///< by position: digits that were read
     int again = 0;            ///< frets read once more, of this system
@@ -332,7 +341,7 @@ bool Import(TabFile& file, int track, std::string text, const AsciiImportOptions
     RemoveNumberLines(text);
     RemoveDashLines(text);
     const bool done = ColumnReader(file, track, SystemText(text), options, told).Read(progress);
-    EvenOutBars(file, false);
+    if (!EvenOutBars(file, false, done ? progress : ImportProgress())) return false;
     told.Tracks = 1;
     told.Bars = file.Tracks[track].Bars.Count();
     told.NotesFound = told.NotesKept + told.NotesLost;

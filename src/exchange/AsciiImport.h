@@ -31,6 +31,9 @@ struct AsciiImportOptions {
     std::string AcceptedChars = "1234567890-";  ///< what of the text is read
 };
 
+constexpr int MostImportedStrums = 3 << 18;  ///< of one import, those of silent bars apart, which share theirs
+constexpr int MostStrumsInAll = 1 << 22;     ///< with those: what a document still can be written with
+
 /// Percent done, 33 to 99; false ends the import.
 using ImportProgress = std::function<bool(int percent)>;
 

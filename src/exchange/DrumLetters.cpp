@@ -1,21 +1,33 @@
 #include "exchange/DrumLetters.h"
 
+#include <algorithm>
 #include <string_view>
 
 #include "core/mod_Instruments.h"
 
 namespace Quillon::Exchange {
 
+namespace {
+
+const Core::PercussionLetter& Named(char letter) {
+    return *std::ranges::find_if(Core::PercussionLetters(),
+                                 [&](const Core::PercussionLetter& each) { return each.Letter[0] == letter; });
+}
+
+}  // namespace
+
 const char* LetterForDrum(Core::PercAssignment& sounds, std::int16_t sound) {
-    for (const Core::PercussionLetter& letter : Core::PercussionLetters()) {
+    // Two letters of a string may have one sound, and sound 0 is that of every letter that is free: the first one of
+    // this order counts. It is another one in which free letters are given away.
+    for (const char stored : std::string_view("XoxrfOsSc~tF")) {
+        const Core::PercussionLetter& letter = Named(stored);
         if (sounds.*letter.Sound == sound) return letter.Letter;
     }
     for (const char free : std::string_view("xoXOcfrsFSt~")) {
-        for (const Core::PercussionLetter& letter : Core::PercussionLetters()) {
-            if (letter.Letter[0] != free || sounds.*letter.Sound != 0) continue;
-            sounds.*letter.Sound = sound;
-            return letter.Letter;
-        }
+        const Core::PercussionLetter& letter = Named(free);
+        if (sounds.*letter.Sound != 0) continue;
+        sounds.*letter.Sound = sound;
+        return letter.Letter;
     }
     return nullptr;
 }

@@ -41,7 +41,8 @@ double HeightCost(int fret) {
 /// The fingerings of one set of keys.
 class Search {
 public:
-    Search(const Fretboard& of, const std::vector<int>& theKeys) : board(of), keys(theKeys) {}
+    Search(const Fretboard& of, const std::vector<int>& theKeys, std::int64_t& ofSteps)
+        : board(of), keys(theKeys), steps(ofSteps) {}
 
     std::vector<Fingering> Run() {
         int unreachable = 0;
@@ -57,8 +58,8 @@ public:
         }
         if (found.empty()) TakeFirstFree();
         std::ranges::stable_sort(found, {}, &Fingering::Cost);
-        if (found.size() > MostFingerings) found.resize(MostFingerings);
-        return std::move(found);
+        const auto kept = static_cast<std::ptrdiff_t>(std::min(found.size(), MostFingerings));
+        return {found.begin(), found.begin() + kept};  // without the room of thousands
     }
 
 private:
@@ -73,7 +74,7 @@ private:
     };
 
     void Try(std::size_t note, int lost, unsigned used, Hand hand) {
-        if (++tries > MostTries) return;
+        if (++tries > MostTries || --steps < 0) return;
         if (note == keys.size()) {
             if (lost == 0) Keep(hand);
             return;
@@ -125,6 +126,7 @@ private:
 
     const Fretboard& board;
     const std::vector<int>& keys;
+    std::int64_t& steps;
     std::vector<int> strings;
     std::vector<Fingering> found;
     int tries = 0;
@@ -171,7 +173,7 @@ double CutsCost(const FingerStrum& strum, const Fingering& before, const Fingeri
 /// Fingerings by their keys: music repeats itself.
 class Fingerings {
 public:
-    explicit Fingerings(const Fretboard& of) : board(of) {}
+    Fingerings(const Fretboard& of, std::int64_t& ofSteps) : board(of), steps(ofSteps) {}
 
     const std::vector<Fingering>& Of(const FingerStrum& strum) {
         std::vector<int> keys;
@@ -179,12 +181,13 @@ public:
             if (keys.size() < MostNotes) keys.push_back(note.Key);
         }
         const auto [place, isNew] = known.try_emplace(std::move(keys));
-        if (isNew) place->second = Search(board, place->first).Run();
+        if (isNew) place->second = Search(board, place->first, steps).Run();
         return place->second;
     }
 
 private:
     const Fretboard& board;
+    std::int64_t& steps;
     std::map<std::vector<int>, std::vector<Fingering>> known;
 };
 
@@ -198,15 +201,19 @@ bool Fretboard::Reaches(int key) const {
     return false;
 }
 
-std::vector<std::vector<int>> FingerPath(const Fretboard& board, const std::vector<FingerStrum>& strums) {
-    Fingerings known(board);
+std::vector<std::vector<int>> FingerPath(const Fretboard& board, const std::vector<FingerStrum>& strums,
+                                         std::int64_t& steps) {
+    Fingerings known(board, steps);
     std::vector<const std::vector<Fingering>*> choices;
     std::vector<std::vector<Stop>> stops(strums.size());
     for (std::size_t k = 0; k < strums.size(); ++k) {
         choices.push_back(&known.Of(strums[k]));
-        for (const Fingering& now : *choices[k]) {
+        const std::size_t followed = steps > 0 ? choices[k]->size() : 1;  // the cheapest comes first
+        for (std::size_t each = 0; each < followed; ++each) {
+            const Fingering& now = (*choices[k])[each];
             Stop best{now.Cost, 0, HandFor(now, 1)};
-            for (std::size_t c = 0; k > 0 && c < choices[k - 1]->size(); ++c) {
+            for (std::size_t c = 0; k > 0 && c < stops[k - 1].size(); ++c) {
+                --steps;
                 const Stop& before = stops[k - 1][c];
                 const int hand = HandFor(now, before.Hand);
                 const double cost = before.Cost + now.Cost + MoveCost(before.Hand, hand) + OpenCost(now, hand) +

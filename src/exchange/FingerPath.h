@@ -6,6 +6,7 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <vector>
 
 #include "core/mod_TabFileStructure.h"
@@ -30,7 +31,9 @@ struct FingerNote {
 };
 using FingerStrum = std::vector<FingerNote>;
 
-/// For each note of each strum its string, -1 for one without. No two notes of a strum share a string.
-std::vector<std::vector<int>> FingerPath(const Fretboard& board, const std::vector<FingerStrum>& strums);
+/// For each note of each strum its string, -1 for one without. No two notes of a strum share a string. `steps` is how
+/// much may be searched, counted down; what is left when it is used up takes the strings that come first.
+std::vector<std::vector<int>> FingerPath(const Fretboard& board, const std::vector<FingerStrum>& strums,
+                                         std::int64_t& steps);
 
 }  // namespace Quillon::Exchange

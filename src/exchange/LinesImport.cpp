@@ -55,7 +55,7 @@ public:
         Core::ToInt16(static_cast<std::int64_t>(bars.size()));
         FitBars();
         if (!WriteBars(progress)) return false;
-        EvenOutBars(file, true);
+        if (!EvenOutBars(file, true, progress)) return false;
         TellCounts();
         return true;
     }

@@ -53,7 +53,8 @@ MidiGrid::MidiGrid(const MidiScore& score, int tracks) : ticksPerQuarter(score.T
     }
     // The end of a track often stands a little behind that of its last bar.
     constexpr std::int64_t Slack = UnitsPerBeat / 4;
-    const std::int64_t end = std::max(PlaceOf(lastStart) + 1, PlaceOf(score.End) - Slack);
+    // A note a hair before a bar line means the bar behind it.
+    const std::int64_t end = std::max(PlaceOf(lastStart) + UnitsPer64th, PlaceOf(score.End) - Slack);
     MidiScore::Signature now;
     for (const MidiScore::Signature& signature : score.Signatures) {
         const std::int64_t place = PlaceOf(signature.Tick);
@@ -162,7 +163,12 @@ std::vector<GridNote> MidiGrid::NotesOf(const MidiPart& part) const {
         }
         if (division == 0) division = divider.Choose(starts, beatLength(beat));
         divisions[beat] = division;
-        for (; first < behind; ++first) notes[first].Start = Snap(notes[first].Start, beat, division);
+        for (; first < behind; ++first) {
+            std::int64_t& start = notes[first].Start;
+            start = Snap(start, beat, division);
+            // No strum begins where the song ends.
+            if (start == beats.back()) start -= (beats[beat + 1] - beats[beat]) / division;
+        }
     }
     for (GridNote& note : notes) {
         const std::size_t beat = BeatAt(note.End);

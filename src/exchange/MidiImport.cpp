@@ -3,15 +3,18 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <map>
+#include <optional>
+#include <utility>
 
 #include "core/mod_Common.h"
+#include "core/mod_Language.h"
 #include "core/mod_TabFileManipulation.h"
 #include "editing/mod_BarsAndTracks.h"
 #include "exchange/DrumLetters.h"
 #include "exchange/MidiScore.h"
 #include "exchange/NoteValues.h"
 #include "exchange/TrackBars.h"
-#include "platform/RunTimeError.h"
 
 namespace Quillon::Exchange {
 
@@ -93,19 +96,24 @@ std::int32_t DynamicOf(int velocity) {
 /// Walks one MIDI track and writes one track of the document, whose bars grow as it goes.
 class TrackWriter {
 public:
-    TrackWriter(TabFile& into, int number, const MidiImportOptions& how, ImportReport* to)
-        : file(into), target(number), options(how), report(to) {}
+    /// `strumsLeft` is what all tracks together may still have, and counted down.
+    TrackWriter(TabFile& into, int number, const MidiImportOptions& how, int& strumsLeft, ImportReport* to)
+        : file(into), target(number), options(how), left(strumsLeft), report(to) {
+        MeasureBar();
+        StartBar();
+    }
 
     /// A quarter note or a note of any length ends where this one starts, so many 64ths behind the start before.
     void Advance(double time) {
         wanted += time;
         if (options.Quantize) time = std::floor(time);
         while (time >= ShortestValue - Tolerance) {
+            if (IsSilent() && time >= asked + Beyond && TakeSilentBar(time)) continue;
             if (Room() < ShortestValue - Tolerance) {
                 NextBar();
                 continue;
             }
-            const NoteValue& value = LargestValue(std::min({time, Room(), Capacity()}));
+            const NoteValue& value = LargestValue(std::min({time, Room(), std::floor(asked)}));
             time -= value.Length;
             Close(value);
         }
@@ -144,10 +152,14 @@ public:
     /// The last strum has nothing behind it to end it: the longest plain value that fits.
     void Finish() {
         constexpr std::int32_t SixtyFourth = 6;
-        if (!Core::HasNotes(Current())) return;
         Core::Strum& last = Current();
-        last.Length = 0;
-        while (last.Length < SixtyFourth && Core::LengthCodeIn64ths(last.Length) > Room() + Tolerance) ++last.Length;
+        if (Core::HasNotes(last)) {
+            last.Length = 0;
+            while (last.Length < SixtyFourth && Core::LengthCodeIn64ths(last.Length) > Room() + Tolerance) {
+                ++last.Length;
+            }
+        }
+        WriteBar();
         if (report && moved > 0) {
             report->Add({ImportFate::Moved, moved, target, -1, 0, "str_ImportDrifted", {std::to_string(moved)}});
         }
@@ -156,9 +168,17 @@ public:
 private:
     static constexpr double Tolerance = 1e-9;
     static constexpr double ShortestValue = 2.0 / 13;
+    static constexpr double Beyond = 1;  ///< 64ths behind a bar with which its values no longer depend on what follows
+
+    /// A bar that nothing sounds in, as long silences bring them by the thousand: they share their strums.
+    struct SilentBar {
+        Core::Bar Written;
+        std::vector<const NoteValue*> Values;
+    };
 
     Track& Target() { return file.Tracks[target]; }
-    Core::Strum& Current() { return Target().Bars.Edit(bar).EditStrums()[strum]; }
+    Core::Strum& Current() { return strums.back(); }
+    bool IsSilent() const { return strums.size() == 1 && used == 0 && !Core::HasNotes(strums.front()); }
     void Keep() {
         if (!report) return;
         ++report->NotesFound;
@@ -171,8 +191,21 @@ private:
         ++report->NotesFound;
         report->Add({ImportFate::Lost, 1, target, bar, 0, "str_ImportNoString", {Core::NoteName(pitch)}});
     }
-    double Capacity() const { return std::floor(Core::BarLengthIn64ths(file, bar)); }
-    double Room() const { return Core::BarLengthIn64ths(file, bar) - used; }
+    double Room() const { return asked - used; }
+    void MeasureBar() { asked = Core::BarLengthIn64ths(file, bar); }
+
+    void AddStrum() {
+        if (left-- <= 0) RaiseOverflow();
+        Core::ToInt16(std::ssize(strums));
+        strums.emplace_back();
+    }
+    void StartBar() {
+        strums.clear();
+        AddStrum();
+        strums.front() = EmptyBar().Strums()[0];
+        used = 0;
+        silence.reset();
+    }
 
     void Close(const NoteValue& value) {
         Core::Strum& closed = Current();
@@ -182,34 +215,74 @@ private:
         if (options.Ties) closed.Notes.Edit(TiedString).Tied = true;
         used += Core::StrumLength(closed);
         written += Core::StrumLength(closed);
-        if (Editing::BarFullness(file, target, bar) != Editing::Fullness::Under) return NextBar();
-        auto& strums = Target().Bars.Edit(bar).EditStrums();
-        strum = strums.Count();
-        strums.Resize(strum + 1);
+        if (silence) silence->Values.push_back(&value);
+        if (Editing::FullnessOf(used, asked) != Editing::Fullness::Under) return NextBar();
+        AddStrum();
+    }
+
+    /// A whole bar of a silence that goes on behind it. False when there is none of this time signature yet: the bar is
+    /// then written as any other, and kept for the next time.
+    bool TakeSilentBar(double& time) {
+        const auto known = silentBars.find(Signature());
+        if (known == silentBars.end()) {
+            silence.emplace();
+            return false;
+        }
+        for (const NoteValue* const value : known->second.Values) {
+            time -= value->Length;
+            written += Core::StrumLength(value->Code, value->Tuplet, value->HasTuplet, value->Dotted);
+        }
+        Target().Bars.Edit(bar) = known->second.Written;
+        ++left;  // the one that was begun
+        GoOn();
+        return true;
+    }
+
+    std::pair<std::int32_t, std::int32_t> Signature() const {
+        return {file.BarInfos[bar].TimeSigTop, file.BarInfos[bar].TimeSigBottom};
+    }
+
+    void WriteBar() {
+        auto& into = Target().Bars.Edit(bar).EditStrums();
+        into.Resize(static_cast<int>(strums.size()));
+        std::move(strums.begin(), strums.end(), into.begin());
     }
 
     void NextBar() {
+        WriteBar();
+        if (silence) {
+            Editing::FixBar(file, target, bar);
+            silence->Written = Target().Bars[bar];
+            silentBars.emplace(Signature(), std::move(*silence));
+        }
+        GoOn();
+    }
+
+    void GoOn() {
         if (bar == file.BarInfos.UpperBound()) {
             Core::BarInfo info;
             info.TimeSigTop = file.BarInfos[bar].TimeSigTop;
             info.TimeSigBottom = file.BarInfos[bar].TimeSigBottom;
-            if ((file.BarInfos.Count() + 1) * file.Tracks.Count() > MostImportedBars) Core::ToInt16(MostImportedBars);
+            if ((file.BarInfos.Count() + 1) * file.Tracks.Count() > MostImportedBars) RaiseOverflow();
             Core::ToInt16(file.BarInfos.Count());
             file.BarInfos.Add(info);
         }
         ++bar;
-        strum = 0;
-        used = 0;
-        if (bar > Target().Bars.UpperBound()) Target().Bars.Add(EmptyBar());
-        Target().Bars.Edit(bar).EditStrums().Resize(1);
+        if (bar > Target().Bars.UpperBound()) Target().Bars.Add({});
+        MeasureBar();
+        StartBar();
     }
 
     TabFile& file;
     int target;
     const MidiImportOptions& options;
+    int& left;
     int bar = 0;
-    int strum = 0;
-    double used = 0;  ///< 64ths of the bar that end before the strum
+    std::vector<Core::Strum> strums;   ///< of the bar; the last one is under way
+    double asked = 0;                  ///< 64ths that the bar holds
+    double used = 0;                   ///< of them those that end before the last strum
+    std::optional<SilentBar> silence;  ///< while one is written for the first time
+    std::map<std::pair<std::int32_t, std::int32_t>, SilentBar> silentBars;  ///< by time signature
     ImportReport* report;
     double wanted = 0;   ///< 64ths from the start of the song, as the file has them
     double written = 0;  ///< as the document has them
@@ -220,8 +293,10 @@ private:
 Track TrackOf(SmfCursor& cursor, const MidiImportOptions& options) {
     Track track;
     track.Name.clear();
-    cursor.SetEventNumber(1);
-    if (cursor.IsMeta(SmfTrackName)) track.Name = MidiText(cursor.Text());
+    if (cursor.NumberOfEvents() > 0) {
+        cursor.SetEventNumber(1);
+        if (cursor.IsMeta(SmfTrackName)) track.Name = MidiText(cursor.Text());
+    }
     track.InstrumentName = FirstText(cursor, SmfInstrumentName).value_or("");
     for (const std::string& text : {track.Name, EntryOf(cursor), track.InstrumentName}) {
         if (Core::UpperAscii(text).find("BASS") == std::string::npos) continue;
@@ -275,10 +350,10 @@ bool WalkTrack(SmfCursor& cursor, TrackWriter& writer, Percent& percent) {
 }
 
 /// Fills the bars of a new track, and gives it a name where it has none.
-void FinishTrack(TabFile& file, int number) {
+void FinishTrack(TabFile& file, int number, RestBars& rests) {
     Track& track = file.Tracks[number];
-    while (track.Bars.Count() < file.BarInfos.Count()) track.Bars.Add(EmptyBar());
     for (int bar = 0; bar <= track.Bars.UpperBound(); ++bar) Editing::FixBar(file, number, bar);
+    rests.FillUp(file, number);
     if (track.Name.empty() && track.InstrumentName.empty()) {
         track.Name = "Untitled Track";
         track.InstrumentName = "A. Guitar (Nylon)";
@@ -295,6 +370,13 @@ void TellSize(const TabFile& file, int tracks, ImportReport* report) {
 
 }  // namespace
 
+std::string MidiFailureText(const RunTimeError& error) {
+    constexpr int Overflow = 6;
+    constexpr int BadFileFormat = 321;
+    if (error.Number == Overflow) return Core::LanguageText("str_MidiTooLong");
+    return error.Number == BadFileFormat ? Core::LanguageText("str_BadMidiFile") : error.Description();
+}
+
 std::vector<std::string> MidiTrackEntries(const SmfFile& midi) {
     SmfCursor cursor(midi);
     std::vector<std::string> entries;
@@ -308,10 +390,9 @@ std::vector<std::string> MidiTrackEntries(const SmfFile& midi) {
 bool ImportMidi(TabFile& file, const SmfFile& midi, const std::string& title, const MidiImportOptions& options,
                 const ImportProgress& progress, ImportReport* report) {
     SmfCursor cursor(midi);
-    std::vector<int> chosen = options.Tracks;
-    if (chosen.empty()) {
-        for (int track = 1; track <= cursor.NumberOfTracks(); ++track) chosen.push_back(track);
-    }
+    const std::vector<int> chosen = ChosenMidiTracks(midi, options.Tracks);
+    if (chosen.empty()) RaiseSubscriptOutOfRange();
+    Core::ToInt16(std::ssize(chosen) - 1);
     int events = 0;
     for (const int track : chosen) {
         cursor.SetTrackNumber(track);
@@ -324,13 +405,19 @@ bool ImportMidi(TabFile& file, const SmfFile& midi, const std::string& title, co
     file.BarInfos.Edit(0) = {.TimeSigTop = signature.Top, .TimeSigBottom = signature.Bottom};
     file.Tracks.Resize(static_cast<int>(chosen.size()));
     Percent percent(events, progress);
+    int strumsLeft = MostImportedStrums;
     for (int t = 0; t <= file.Tracks.UpperBound(); ++t) {
         cursor.SetTrackNumber(chosen[static_cast<std::size_t>(t)]);
         file.Tracks[t] = TrackOf(cursor, options);
-        TrackWriter writer(file, t, options, report);
+        TrackWriter writer(file, t, options, strumsLeft, report);
         if (!WalkTrack(cursor, writer, percent)) return false;
     }
-    for (int t = 0; t <= file.Tracks.UpperBound(); ++t) FinishTrack(file, t);
+    RestBars rests(true);
+    for (int t = 0; t <= file.Tracks.UpperBound(); ++t) {
+        if (progress && !progress(99)) return false;
+        FinishTrack(file, t, rests);
+    }
+    CheckStrums(file);
     TellSize(file, file.Tracks.Count(), report);
     return true;
 }
@@ -341,12 +428,16 @@ bool AddMidiTrack(TabFile& file, const SmfFile& midi, const MidiImportOptions& o
     if (options.Tracks.size() != 1) RaiseSubscriptOutOfRange();
     cursor.SetTrackNumber(options.Tracks.front());
     Percent percent(cursor.NumberOfEvents(), progress);
+    Core::ToInt16(file.Tracks.Count());
     file.Tracks.Add(TrackOf(cursor, options));
     const int number = file.Tracks.UpperBound();
-    TrackWriter writer(file, number, options, report);
+    int strumsLeft = MostImportedStrums;
+    TrackWriter writer(file, number, options, strumsLeft, report);
     if (!WalkTrack(cursor, writer, percent)) return false;
-    FinishTrack(file, number);
-    EvenOutBars(file, true);
+    RestBars rests(true);
+    FinishTrack(file, number, rests);
+    if (!EvenOutBars(file, true, progress)) return false;
+    CheckStrums(file);
     TellSize(file, 1, report);
     return true;
 }

@@ -178,33 +178,32 @@ void FindEffectChannels(std::vector<MidiPart>& parts) {
 
 std::string MidiText(const std::string& bytes) { return Core::IsUtf8(bytes) ? bytes : Core::FromWindows1252(bytes); }
 
+std::vector<int> ChosenMidiTracks(const SmfFile& midi, std::vector<int> numbers) {
+    const auto count = static_cast<int>(midi.Tracks.size());
+    if (numbers.empty()) {
+        for (int number = 1; number <= count; ++number) numbers.push_back(number);
+    }
+    std::ranges::sort(numbers);
+    numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
+    if (!numbers.empty() && (numbers.front() < 1 || numbers.back() > count)) RaiseSubscriptOutOfRange();
+    return numbers;
+}
+
 MidiScore ReadMidiScore(const SmfFile& midi, const std::vector<int>& tracks) {
     MidiScore score;
     score.TicksPerQuarter = midi.TicksPerQuarter;
-    const auto isChosen = [&](int number) {
-        return tracks.empty() || std::ranges::find(tracks, number) != tracks.end();
-    };
-    std::map<int, std::vector<MidiPart>> byTrack;
+    const std::vector<int> chosen = ChosenMidiTracks(midi, tracks);
     for (int number = 1; number <= static_cast<int>(midi.Tracks.size()); ++number) {
+        const bool isChosen = std::ranges::binary_search(chosen, number);
         TrackReader reader(number);
         std::int64_t tick = 0;
         for (const SmfEvent& event : midi.Tracks[static_cast<std::size_t>(number - 1)]) {
             tick += event.Delta;
             if (event.Status == SmfEvent::Meta) NoteMeta(event, tick, score);
-            if (isChosen(number)) reader.Take(event, tick);
+            if (isChosen) reader.Take(event, tick);
         }
         score.End = std::max(score.End, tick);
-        if (isChosen(number)) reader.Finish(tick, byTrack[number]);
-    }
-    const auto add = [&](std::vector<MidiPart>& parts) {
-        for (MidiPart& part : parts) score.Parts.push_back(part);
-    };
-    if (tracks.empty()) {
-        for (auto& [number, parts] : byTrack) add(parts);
-    }
-    for (const int number : tracks) {
-        if (number < 1 || number > static_cast<int>(midi.Tracks.size())) RaiseSubscriptOutOfRange();
-        add(byTrack[number]);
+        if (isChosen) reader.Finish(tick, score.Parts);
     }
     FindEffectChannels(score.Parts);
     SortByTick(score.Tempos);

@@ -59,8 +59,12 @@ struct MidiScore {
     int Texts = 0;  ///< lyrics, markers and the like, which are not read
 };
 
-/// Reads the tracks of these numbers, from 1, in their order; all when there are none. Tempo, signatures and keys are
-/// those of the whole file. A track without notes makes a part when it chooses a program, and else none. Raises
+/// Track numbers in the file's order, each once; all when there are none. Raises "Subscript out of range" for a track
+/// that the file lacks.
+std::vector<int> ChosenMidiTracks(const SmfFile& midi, std::vector<int> numbers);
+
+/// Reads the tracks of these numbers, from 1, in the file's order; all when there are none. Tempo, signatures and keys
+/// are those of the whole file. A track without notes makes a part when it chooses a program, and else none. Raises
 /// "Subscript out of range" for a track that the file lacks.
 MidiScore ReadMidiScore(const SmfFile& midi, const std::vector<int>& tracks);
 

@@ -186,7 +186,10 @@ TEST(AlignedImportTest, TracksProgramsKeysAndLossesAreTold) {
 TEST(AlignedImportTest, AHandThatCanPlayIsPreferred) {
     const Fretboard guitar{{64, 59, 55, 50, 45, 40, 35}, 6};
     using Strings = std::vector<std::vector<int>>;
-    const auto play = [&](const std::vector<FingerStrum>& strums) { return FingerPath(guitar, strums); };
+    const auto play = [&](const std::vector<FingerStrum>& strums) {
+        std::int64_t steps = 1'000'000;
+        return FingerPath(guitar, strums, steps);
+    };
     EXPECT_EQ(play({{{64}, {60}, {55}, {52}, {48}}}), (Strings{{0, 1, 2, 3, 4}})) << "an open C chord";
     EXPECT_EQ(play({{{40}, {40}}}), (Strings{{5, -1}})) << "one string alone has it";
     EXPECT_EQ(play({{{30}}}), (Strings{{-1}}));
@@ -327,6 +330,13 @@ TEST(AlignedImportTest, HugeTimesAreRefusedAndAnImportCanBeCancelled) {
     midi.TicksPerQuarter = 1;
     midi.Tracks[0].push_back({0x0FFFFFFF, 0x90, 64, 90, ""});
     EXPECT_THROW(ImportAligned(file, midi, "", {}, report), RunTimeError);
+}
+
+TEST(AlignedImportTest, WhatTakesTooLongToFingerTakesTheFirstStrings) {
+    const Fretboard guitar{{64, 59, 55, 50, 45, 40, 35}, 6};
+    std::int64_t steps = 0;
+    EXPECT_EQ(FingerPath(guitar, {{{64}, {59}, {20}}, {{52}}}, steps),
+              (std::vector<std::vector<int>>{{0, 1, -1}, {3}}));
 }
 
 }  // namespace

@@ -229,7 +229,7 @@ TEST(LinesImportTest, WhatIsLostIsTold) {
     const std::string text = "Just a remark.\n\n|--5-------|\n\n" + OneBar("-0-q-3-5-");
     const Imported read = Import(text);
     const std::string report = ReportText(read.Report);
-    EXPECT_THAT(report, HasSubstr("line 3: A line like a string belongs to no system: its 1 notes are left out."));
+    EXPECT_THAT(report, HasSubstr("line 3: A line like a string belongs to no system; notes left out: 1"));
     EXPECT_THAT(report, HasSubstr("Signs without a meaning here are left out: q"));
     EXPECT_THAT(report, HasSubstr("line 1: Lines of words that are left out, from here on: 1"));
     EXPECT_EQ(read.Report.NotesLost, 1);

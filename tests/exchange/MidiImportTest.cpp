@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "core/mod_TabFileManipulation.h"
+#include "exchange/AlignedImport.h"
 #include "exchange/JsonDocument.h"
 #include "platform/RunTimeError.h"
 #include "platform/headless/MemoryStore.h"
@@ -82,26 +83,99 @@ TEST(MidiImportTest, DamageIsRefusedWhole) {
     }
 }
 
-TEST(MidiImportTest, HugeTimesAreRefusedAndChosenTracksComeInTheirOrder) {
+TEST(MidiImportTest, ChosenTracksComeOnceInTheFilesOrderAndAnEmptyOneIsATrack) {
     const MemoryStore store;
     SmfFile midi;
     midi.TicksPerQuarter = 1;
-    midi.Tracks.resize(2);
+    midi.Tracks.resize(3);
     midi.Tracks[0] = {{0, SmfEvent::Meta, SmfTrackName, 0, "One"}, {0, 0x90, 64, 90, ""}};
     midi.Tracks[1] = {{0, SmfEvent::Meta, SmfTrackName, 0, ""}, {0, 0x90, 65, 90, ""}};
-    EXPECT_EQ(MidiTrackEntries(midi), (std::vector<std::string>{"One", "Track 2 (null)"}));
+    EXPECT_EQ(MidiTrackEntries(midi), (std::vector<std::string>{"One", "Track 2 (null)", "Track 3"}));
     Core::TabFile file = Core::MakeNewTabFile(store);
     MidiImportOptions options;
-    options.Tracks = {2, 1};
+    options.Tracks = {3, 2, 1, 2};
     ImportMidi(file, midi, "T", options);
+    ASSERT_EQ(file.Tracks.Count(), 3);
+    EXPECT_EQ(file.Tracks[0].Name, "One");
+    EXPECT_EQ(file.Tracks[1].Bars[0].Strums()[0].Notes[0].Fret, "1");
+    EXPECT_EQ(file.Tracks[2].Name, "Untitled Track");
+    ImportReport report;
+    options.Tracks = {2, 1, 2};
+    ImportAligned(file, midi, "T", options, report);
     ASSERT_EQ(file.Tracks.Count(), 2);
-    EXPECT_EQ(file.Tracks[0].Bars[0].Strums()[0].Notes[0].Fret, "1");
-    EXPECT_EQ(file.Tracks[1].Name, "One");
-    options.Tracks = {3};
+    EXPECT_EQ(file.Tracks[0].Name, "One");
+    options.Tracks = {4};
     EXPECT_THROW(ImportMidi(file, midi, "T", options), RunTimeError);
-    midi.Tracks[0].push_back({0x0FFFFFFF, 0x90, 64, 90, ""});
-    options.Tracks = {1};
-    EXPECT_THROW(ImportMidi(file, midi, "T", options), RunTimeError);
+}
+
+/// One track for each list of notes, as pairs of ticks since the one before and pitch.
+SmfFile Notes(const std::vector<std::vector<std::pair<std::uint32_t, std::uint8_t>>>& tracks, char top = 4,
+              std::uint8_t channel = 0) {
+    SmfFile midi;
+    midi.TicksPerQuarter = 16;  // a tick is a 64th
+    for (const auto& track : tracks) {
+        midi.Tracks.push_back({{0, SmfEvent::Meta, SmfTimeSignature, 0, std::string{top, '\1'}}});
+        for (const auto& [delta, pitch] : track) {
+            midi.Tracks.back().push_back({delta, static_cast<std::uint8_t>(0x90 | channel), pitch, 90, ""});
+        }
+    }
+    return midi;
+}
+
+TEST(MidiImportTest, LongSilencesShareTheirBarsAndAreAsAnyOther) {
+    const MemoryStore store;
+    for (const bool ties : {false, true}) {
+        MidiImportOptions options;
+        options.Ties = ties;
+        // 5:2 is a dotted whole, a whole and rests: bars 1 to 3 of the first track, and all of the second one's.
+        const SmfFile midi = Notes({{{0, 64}, {160 * 4 + 5, 64}}, {{0, 64}}}, 5);
+        Core::TabFile file = Core::MakeNewTabFile(store);
+        ImportMidi(file, midi, "T", options);
+        ASSERT_EQ(file.BarInfos.Count(), 5);
+        const auto& bars = file.Tracks[0].Bars;
+        EXPECT_TRUE(bars[1].SharesStrums(bars[3]));
+        EXPECT_TRUE(file.Tracks[1].Bars[2].SharesStrums(file.Tracks[1].Bars[4]));
+        ASSERT_EQ(bars[3].Strums().Count(), 2);
+        EXPECT_EQ(bars[3].Strums()[0].Length, 0);
+        EXPECT_TRUE(bars[3].Strums()[0].Dotted);
+        EXPECT_EQ(bars[3].Strums()[1].Notes[5].Tied, ties);
+        ASSERT_GE(bars[4].Strums().Count(), 3);
+        EXPECT_EQ(bars[4].Strums()[0].Length, 4) << "five 64ths behind four whole bars";
+        EXPECT_EQ(bars[4].Strums()[2].Notes[0].Fret, "0");
+    }
+}
+
+TEST(MidiImportTest, WhatASongCantHoldIsRefused) {
+    const MemoryStore store;
+    const auto refused = [&](const SmfFile& midi) {
+        Core::TabFile file = Core::MakeNewTabFile(store);
+        try {
+            ImportMidi(file, midi, "T", {});
+            return 0;
+        } catch (const RunTimeError& error) {
+            return error.Number;
+        }
+    };
+    constexpr int Overflow = 6;
+    EXPECT_EQ(refused(Notes({{{0, 64}, {0x0FFFFFFF, 64}}})), Overflow) << "bars";
+    EXPECT_EQ(refused(Notes(std::vector(32769, std::vector{std::pair{0U, std::uint8_t{64}}}))), Overflow) << "tracks";
+    std::vector<std::pair<std::uint32_t, std::uint8_t>> close(33000, {1, 64});
+    SmfFile fine = Notes({close}, '\xFF');
+    fine.TicksPerQuarter = 104;
+    EXPECT_EQ(refused(fine), Overflow) << "strums of a bar";
+    close.assign(32000, {257, 64});  // four strums each
+    EXPECT_EQ(refused(Notes({close}, 4)), Overflow) << "bars again";
+}
+
+TEST(MidiImportTest, LettersOfDrumsAreSearchedInTheirStoredOrder) {
+    const MemoryStore store;
+    Core::TabFile file = Core::MakeNewTabFile(store);
+    // The sound of 34 is 0, which each free letter has; 36 then takes the first one that is given away.
+    ImportMidi(file, Notes({{{0, 34}, {16, 36}, {16, 34}}}, 4, 9), "T", {});
+    const auto& strums = file.Tracks[0].Bars[0].Strums();
+    EXPECT_EQ(strums[0].Notes[0].Fret, "X");
+    EXPECT_EQ(strums[1].Notes[0].Fret, "x");
+    EXPECT_EQ(strums[2].Notes[0].Fret, "X");
 }
 
 }  // namespace
