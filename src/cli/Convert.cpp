@@ -1,8 +1,11 @@
 // quillon-cli convert IN OUT
 #include <CLI/CLI.hpp>
+#include <filesystem>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "cli/Commands.h"
 #include "cli/DocumentFiles.h"
@@ -17,19 +20,36 @@ struct Arguments {
     std::string Out;
     ConvertOptions Options;
     ImportOptions Import;
-    std::string Timing;
+    std::optional<std::string> Timing;
+    std::string Reader = "classic";
     bool Report = false;
+    std::vector<const CLI::Option*> TextOnly;  ///< options that say how a text tab is read
+    std::vector<const CLI::Option*> MidiOnly;
 };
 
-const std::map<std::string, ImportReader> ReaderNames = {
+const std::map<std::string, ImportReader> Readers = {
     {"classic", ImportReader::Classic}, {"lines", ImportReader::Lines}, {"aligned", ImportReader::Aligned}};
+
+/// An option that the input has no use for would be passed over in silence.
+void RefuseStrangeOptions(const Arguments& arguments) {
+    const ImportReader other = ReaderFor(arguments.In).Other;
+    const auto refuse = [&](const std::vector<const CLI::Option*>& options, const char* kind) {
+        for (const CLI::Option* const option : options) {
+            if (option->count() > 0) throw UsageError(arguments.In + ": " + option->get_name() + " is for " + kind);
+        }
+    };
+    if (other != ImportReader::Lines) refuse(arguments.TextOnly, "text tabs");
+    if (other != ImportReader::Aligned) refuse(arguments.MidiOnly, "MIDI files");
+}
 
 int Convert(const Arguments& arguments) {
     const DocumentWriter& writer = WriterFor(arguments.Out);  // a wrong ending is told before anything is opened
     if (arguments.Options.Engraved && writer.Ending != ".pdf") throw UsageError("--engraved goes with OUT of .pdf");
+    RefuseStrangeOptions(arguments);
     ImportOptions import = arguments.Import;
-    if (!arguments.Timing.empty()) {
-        import.Text.Timing = Exchange::ParseTiming(arguments.Timing);
+    import.Reader = Readers.at(arguments.Reader);
+    if (arguments.Timing) {
+        import.Text.Timing = Exchange::ParseTiming(*arguments.Timing);
         if (!import.Text.Timing) throw CommandFailure(Core::LanguageText("str_ValidTSPlease"));
     }
     Exchange::ImportReport report;
@@ -58,21 +78,26 @@ void AddConvert(CLI::App& app, Work& work) {
         ->type_name("");
     command->add_option("--track", arguments->Options.Track, "Current track, from 0, for outputs that show one")
         ->type_name("N");
-    command->add_option("--dash", arguments->Import.Text.Dash, "What a column of a text tab is worth; 4 without it")
-        ->type_name("0-6")
-        ->check(CLI::Range(0, 6));
-    command->add_flag("--same-length", arguments->Import.Text.SameLength, "Give all notes of a text tab that length");
-    command->add_option("--timing", arguments->Timing, "Time signature of a text tab, as 3:4")->type_name("N:D");
-    command->add_flag("--details", arguments->Import.Text.Details, "Look for title and names in a text tab");
-    command->add_flag("--quantize", arguments->Import.Midi.Quantize, "Cut times of a MIDI file to whole 64ths");
-    command->add_flag("--ties", arguments->Import.Midi.Ties, "Tie the strums of a MIDI file");
-    command->add_flag("--reverb", arguments->Import.Midi.Reverb, "Turn reverb on for the tracks of a MIDI file");
-    command->add_option("--midi-track", arguments->Import.Midi.Tracks, "Take this MIDI track, from 1, and no other")
-        ->type_name("K")
-        ->allow_extra_args(false);
-    command->add_option("--reader", arguments->Import.Reader, "Who reads a text tab or MIDI file; classic without it")
+    arguments->TextOnly = {
+        command->add_option("--dash", arguments->Import.Text.Dash, "What a column of a text tab is worth; 4 without it")
+            ->type_name("0-6")
+            ->check(CLI::Range(0, 6)),
+        command->add_flag("--same-length", arguments->Import.Text.SameLength,
+                          "Give all notes of a text tab that length"),
+        command->add_option("--timing", arguments->Timing, "Time signature of a text tab, as 3:4")->type_name("N:D"),
+        command->add_flag("--details", arguments->Import.Text.Details, "Look for title and names in a text tab")};
+    arguments->MidiOnly = {
+        command->add_flag("--quantize", arguments->Import.Midi.Quantize, "Cut times of a MIDI file to whole 64ths"),
+        command->add_flag("--ties", arguments->Import.Midi.Ties, "Tie the strums of a MIDI file"),
+        command->add_flag("--reverb", arguments->Import.Midi.Reverb, "Turn reverb on for the tracks of a MIDI file"),
+        command
+            ->add_option("--midi-track", arguments->Import.Midi.Tracks,
+                         "Take this MIDI track, from 1, and no other; may stand more than once")
+            ->type_name("K")
+            ->allow_extra_args(false)};
+    command->add_option("--reader", arguments->Reader, "Who reads a text tab or MIDI file; classic without it")
         ->type_name("NAME")
-        ->transform(CLI::CheckedTransformer(ReaderNames));
+        ->check(CLI::IsMember({"classic", "lines", "aligned"}));
     command
         ->add_option("--into", arguments->Import.Into, "Add to this document: a text as --track, a MIDI track behind")
         ->type_name("DOC");

@@ -1,6 +1,7 @@
 #include "cli/DocumentFiles.h"
 
 #include <algorithm>
+#include <new>
 
 #include "cli/Commands.h"
 #include "cli/PictureFiles.h"
@@ -104,7 +105,7 @@ Core::OpenOutcome OpenMidi(const fs::path& path, const ImportOptions& options) {
         const std::string name = path.filename().string();
         ReadMidi(file, midi, name.substr(0, name.size() - std::min<std::size_t>(name.size(), 4)), options);
     } catch (const RunTimeError& error) {
-        throw CommandFailure(path.string() + ": " + Core::LanguageText("str_BadMidiFile", {error.Description()}));
+        throw CommandFailure(path.string() + ": " + Exchange::MidiFailureText(error));
     }
     Core::Open = {};
     Core::Open.TabFile = std::move(file);
@@ -159,7 +160,7 @@ const Row& RowFor(std::span<const Row> rows, const fs::path& path, const char* w
 
 /// Opens the document that is added to; only what an import reads can be added.
 void OpenToAddTo(const fs::path& path, const ImportOptions& options) {
-    const auto open = RowFor(DocumentReaders(), path, "input").Open;
+    const auto open = ReaderFor(path).Open;
     if (open != &OpenText && open != &OpenMidi) throw UsageError(path.string() + ": only what is imported goes --into");
     OpenWholeDocument(options.Into);
     ChooseTrack(options.IntoTrack);
@@ -175,12 +176,19 @@ void OpenToAddTo(const fs::path& path, const ImportOptions& options) {
 std::span<const DocumentReader> DocumentReaders() { return Readers; }
 std::span<const DocumentWriter> DocumentWriters() { return Writers; }
 
+const DocumentReader& ReaderFor(const fs::path& path) { return RowFor(DocumentReaders(), path, "input"); }
+
 Core::OpenOutcome OpenDocument(const fs::path& path, const ImportOptions& options) {
-    const DocumentReader& row = RowFor(DocumentReaders(), path, "input");
+    const DocumentReader& row = ReaderFor(path);
     if (options.Reader != ImportReader::Classic && options.Reader != row.Other) {
         throw UsageError(path.string() + ": the reader is not for this kind of file");
     }
-    const Core::OpenOutcome outcome = row.Open(path, options);
+    Core::OpenOutcome outcome = Core::OpenOutcome::Opened;
+    try {
+        outcome = row.Open(path, options);
+    } catch (const std::bad_alloc&) {
+        throw CommandFailure(path.string() + ": Out of memory");
+    }
     if (outcome != Core::OpenOutcome::Opened && outcome != Core::OpenOutcome::Damaged) {
         throw CommandFailure(path.string() + ": not opened");  // a box told why
     }
@@ -197,7 +205,11 @@ void OpenWholeDocument(const fs::path& path, const ImportOptions& options) {
 const DocumentWriter& WriterFor(const fs::path& path) { return RowFor(DocumentWriters(), path, "output"); }
 
 void SaveDocument(const fs::path& path, const ConvertOptions& options) {
-    if (path.empty() || WriterFor(path).Write(path, options)) return;
+    try {
+        if (path.empty() || WriterFor(path).Write(path, options)) return;
+    } catch (const std::bad_alloc&) {
+        throw CommandFailure(path.string() + ": Out of memory");
+    }
     throw CommandFailure(path.string() + ": not written; --yes would go on");
 }
 

@@ -54,6 +54,8 @@ struct DocumentWriter {
 std::span<const DocumentReader> DocumentReaders();
 std::span<const DocumentWriter> DocumentWriters();
 
+/// Raises UsageError for an ending without a row.
+const DocumentReader& ReaderFor(const std::filesystem::path& path);
 /// Opens a document by its ending, in capital or small letters. Raises UsageError for an ending without a row or a
 /// reader that is not for it, and CommandFailure when nothing was opened. The outcome is Opened or Damaged.
 Core::OpenOutcome OpenDocument(const std::filesystem::path& path, const ImportOptions& options = {});

@@ -42,3 +42,27 @@ TEST(MidiStories, OneTrackGoesIntoASongThatIsThere) {
     }
     EXPECT_EQ(story.Run({"convert", "2-song.qlm", "x.json", "--into", "2-song.qlm", "--yes"}).Status, 2);
 }
+
+TEST(MidiStories, OptionsThatTheInputHasNoUseForAreRefused) {
+    const CliStory story;
+    story.Bring("2-song.qlm");
+    ASSERT_EQ(story.Run({"convert", "2-song.qlm", "song.mid"}).Status, 0);
+    ASSERT_EQ(story.Run({"convert", "2-song.qlm", "song.txt"}).Status, 0);
+    const std::vector<std::string> texts[] = {{"--timing", "4.0:4"}, {"--dash", "4"}, {"--details"}, {"--same-length"}};
+    const std::vector<std::string> midis[] = {{"--midi-track", "1"}, {"--ties"}, {"--quantize"}, {"--reverb"}};
+    const auto statuses = [&](const auto& options, const std::string& input) {
+        std::vector<int> found;
+        for (std::vector<std::string> line : options) {
+            line.insert(line.begin(), {"convert", input, "x.json"});
+            found.push_back(story.Run(line).Status);
+        }
+        return found;
+    };
+    EXPECT_THAT(statuses(texts, "song.txt"), testing::Each(0));
+    EXPECT_THAT(statuses(midis, "song.txt"), testing::Each(2));
+    EXPECT_THAT(statuses(texts, "song.mid"), testing::Each(2));
+    EXPECT_THAT(statuses(midis, "song.mid"), testing::Each(0));
+    EXPECT_EQ(story.Run({"convert", "song.txt", "x.json", "--timing", ""}).Status, 1);
+    Spill(story / "bad.mid", "MThd");
+    EXPECT_THAT(story.Run({"convert", "bad.mid", "x.json"}).Err, HasSubstr("bad.mid: This is no MIDI file"));
+}

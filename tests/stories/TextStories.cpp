@@ -42,7 +42,7 @@ TEST(TextStories, AReportTellsWhatAnImportLeftOut) {
     const auto told = story.Run({"convert", "two.txt", "two.qlm", "--report", "--reader", "classic"});
     EXPECT_EQ(told.Status, 0);
     EXPECT_THAT(told.Out, StartsWith("Systems: 2\nTracks: 1\nBars: 2\nNotes found: 5\nNotes kept: 3\n"));
-    EXPECT_THAT(told.Out, HasSubstr("System 2 has no two empty lines behind it: its 2 notes are left out.\n"));
+    EXPECT_THAT(told.Out, HasSubstr("System 2 has no two empty lines behind it; notes left out: 2\n"));
     EXPECT_EQ(story.Run({"convert", "two.qlm", "two.json", "--report"}).Out, "");
     EXPECT_EQ(story.Run({"convert", "two.txt", "x.qlm", "--reader", "other"}).Status, 2);
 }
