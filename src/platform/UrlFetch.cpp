@@ -4,6 +4,9 @@
 
 namespace Quillon {
 
+FetchMoved::FetchMoved(const std::string& from, const std::string& to)
+    : RunTimeError(68, from + ": it was moved to " + HostOfUrl(to)), Url(to) {}
+
 std::string HostOfUrl(std::string_view url) {
     const auto startsWith = [&](std::string_view scheme) {
         return url.size() > scheme.size() && std::equal(scheme.begin(), scheme.end(), url.begin(), [](char a, char b) {

@@ -3,6 +3,8 @@
 #include <curl/curl.h>
 #include <dlfcn.h>
 
+#include <algorithm>
+#include <chrono>
 #include <memory>
 #include <type_traits>
 
@@ -18,6 +20,7 @@ struct Curl {
     CURL* (*Init)();
     CURLcode (*Set)(CURL*, CURLoption, ...);
     CURLcode (*Perform)(CURL*);
+    CURLcode (*Info)(CURL*, CURLINFO, ...);
     void (*Cleanup)(CURL*);
     const char* (*Text)(CURLcode);
     bool Complete = false;
@@ -36,6 +39,7 @@ Curl Load() {
     find("curl_easy_init", curl.Init);
     find("curl_easy_setopt", curl.Set);
     find("curl_easy_perform", curl.Perform);
+    find("curl_easy_getinfo", curl.Info);
     find("curl_easy_cleanup", curl.Cleanup);
     find("curl_easy_strerror", curl.Text);
     curl.Complete = complete && curl.GlobalInit(CURL_GLOBAL_DEFAULT) == CURLE_OK;
@@ -78,16 +82,11 @@ std::optional<std::string> CurlFetch::Fetch(const std::string& url, const std::f
     if (!transfer) Refuse(url, "out of memory");
     Fetched fetched;
     fetched.GoOn = &goOn;
-    constexpr long mostRedirects = 5;
     const auto set = [&](CURLoption option, auto value) { curl.Set(transfer.get(), option, value); };
-    set(CURLOPT_URL, url.c_str());
     set(CURLOPT_PROTOCOLS_STR, "http,https");
-    set(CURLOPT_REDIR_PROTOCOLS_STR, "http,https");
-    set(CURLOPT_FOLLOWLOCATION, 1L);
-    set(CURLOPT_MAXREDIRS, mostRedirects);
+    set(CURLOPT_FOLLOWLOCATION, 0L);  // by hand, below
     set(CURLOPT_FAILONERROR, 1L);
     set(CURLOPT_NOSIGNAL, 1L);
-    set(CURLOPT_TIMEOUT, LongestFetch);
     set(CURLOPT_MAXFILESIZE_LARGE, static_cast<curl_off_t>(MostFetchedBytes));
     set(CURLOPT_ACCEPT_ENCODING, "");
     set(CURLOPT_USERAGENT, "Quillon/" QUILLON_VERSION);
@@ -96,11 +95,28 @@ std::optional<std::string> CurlFetch::Fetch(const std::string& url, const std::f
     set(CURLOPT_NOPROGRESS, 0L);
     set(CURLOPT_XFERINFOFUNCTION, &Progress);
     set(CURLOPT_XFERINFODATA, static_cast<void*>(&fetched));
-    const CURLcode outcome = curl.Perform(transfer.get());
-    if (fetched.Stopped) return {};
-    if (fetched.TooLong) Refuse(url, "more than 16 MiB");
-    if (outcome != CURLE_OK) Refuse(url, curl.Text(outcome));
-    return std::move(fetched.Bytes);
+    std::string at = url;
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(LongestFetch);
+    constexpr int mostRedirects = 5;
+    for (int redirects = 0; redirects <= mostRedirects; ++redirects) {
+        const auto left = end - std::chrono::steady_clock::now();
+        const long milliseconds = std::chrono::duration_cast<std::chrono::milliseconds>(left).count();
+        set(CURLOPT_URL, at.c_str());
+        set(CURLOPT_TIMEOUT_MS, std::max(milliseconds, 1L));
+        fetched.Bytes.clear();
+        const CURLcode outcome = curl.Perform(transfer.get());
+        if (fetched.Stopped) return {};
+        if (fetched.TooLong) Refuse(url, "more than 16 MiB");
+        if (outcome != CURLE_OK) Refuse(url, curl.Text(outcome));
+        const char* next = nullptr;
+        curl.Info(transfer.get(), CURLINFO_REDIRECT_URL, &next);
+        if (!next) return std::move(fetched.Bytes);
+        const std::string to = next;
+        if (HostOfUrl(to).empty()) Refuse(url, "it was moved to what is not an http or https address");
+        if (HostOfUrl(to) != HostOfUrl(at)) throw FetchMoved(url, to);
+        at = to;
+    }
+    Refuse(url, "it was moved too often");
 }
 
 }  // namespace Quillon
