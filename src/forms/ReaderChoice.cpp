@@ -2,6 +2,7 @@
 
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QLabel>
 #include <QPlainTextEdit>
 #include <QRadioButton>
 #include <QTableWidget>
@@ -56,6 +57,10 @@ ReaderChoice::ReaderChoice(ImportModel& edited, QWidget* parent)
     }
     choice->addStretch();
     column->addLayout(choice);
+    lblAbout = new QLabel(this);
+    lblAbout->setObjectName("lblAbout");
+    lblAbout->setWordWrap(true);
+    column->addWidget(lblAbout);
 
     lstCounts->setObjectName("lstCounts");
     lstCounts->setAccessibleName(Text("str_ImportCounts"));
@@ -123,10 +128,11 @@ void ReaderChoice::Try() {
 }
 
 void ReaderChoice::ShowChosen() {
+    lblAbout->setText(Text(model.About(model.Reader)));
     const ImportModel::Trial* const trial = model.Tried(model.Reader);
     QStringList remarks;
     if (!trial) {
-        remarks << Text("str_ImportNoSource");
+        remarks << Text(model.Missing());
     } else if (!trial->Failure.empty()) {
         remarks << ToQString(trial->Failure);
     } else {

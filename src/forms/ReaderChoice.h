@@ -33,6 +33,7 @@ private:
 
     Shell::ImportModel& model;
     std::array<QRadioButton*, Shell::ImportModel::Readers> optReaders{};
+    QLabel* lblAbout = nullptr;
     QTableWidget* lstCounts;
     QPlainTextEdit* txtRemarks;
     picPreview* preview;

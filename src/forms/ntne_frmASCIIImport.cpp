@@ -2,22 +2,17 @@
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QCoreApplication>
 #include <QFileDialog>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
 
-#include "forms/ElidedLabel.h"
-#include "forms/ReaderChoice.h"
 #include "forms/Text.h"
-#include "forms/WindowPlace.h"
 #include "shell/AsciiImportModel.h"
 
 namespace Quillon::Forms {
@@ -25,49 +20,26 @@ namespace Quillon::Forms {
 using Shell::AsciiImportModel;
 using Source = AsciiImportModel::Source;
 
-ntne_frmASCIIImport::ntne_frmASCIIImport(AsciiImportModel& edited, QWidget* parent) : QDialog(parent), model(edited) {
+ntne_frmASCIIImport::ntne_frmASCIIImport(AsciiImportModel& edited, QWidget* parent)
+    : ImportDialog(edited, parent, edited.Caption(), "AsciiImportWindowDetails"), model(edited) {
     setObjectName("ntne_frmASCIIImport");
-    setWindowTitle(Text(model.Caption()));
-    auto* const body = new QVBoxLayout(this);
-    fields = new QWidget(this);
-    auto* const column = new QVBoxLayout(fields);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->addWidget(MakeSource());
-    column->addWidget(MakeOptions());
-    preview = new ReaderChoice(model, this);
-    column->addWidget(preview, 1);
-    body->addWidget(fields, 1);
-    body->addWidget(MakeButtons());
-    connect(this, &QDialog::finished, this, [this] { KeepPlace(*this, "AsciiImportWindowDetails"); });
-    RestorePlace(*this, "AsciiImportWindowDetails", sizeHint().expandedTo(QSize(640, 640)));
+    QWidget* const source = MakeSource();
+    Build(source, MakeOptions());
 }
 
 QWidget* ntne_frmASCIIImport::MakeSource() {
+    if (model.From == Source::File) {
+        QWidget* const file = MakeFileRow(model.IntoNew ? "" : "str_AsciiImportNote");
+        file->setObjectName("picASCII");
+        ShowFile(PathText(model.FileName));
+        return file;
+    }
     auto* const panel = new QWidget(this);
     auto* const row = new QHBoxLayout(panel);
     row->setContentsMargins(0, 0, 0, 0);
     if (model.From == Source::Clipboard) {
         panel->setObjectName("picClipboard");
         row->addWidget(new QLabel(Text("str_ClipboardImportNote"), panel));
-        return panel;
-    }
-    if (model.From == Source::File) {
-        panel->setObjectName("picASCII");
-        auto* const note = new QLabel(Text("str_AsciiImportNote"), panel);
-        note->setWordWrap(true);
-        lblFile = new ElidedLabel(panel);
-        lblFile->setObjectName("lblFile");
-        lblFile->setText(PathText(model.FileName));
-        lblFile->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-        auto* const Command1 = new QPushButton(Text("str_ImportOpen"), panel);
-        Command1->setObjectName("Command1");
-        connect(Command1, &QPushButton::clicked, this, &ntne_frmASCIIImport::Command1_Click);
-        auto* const texts = new QVBoxLayout;
-        if (!model.IntoNew) texts->addWidget(note);
-        note->setVisible(!model.IntoNew);
-        texts->addWidget(lblFile);
-        row->addLayout(texts, 1);
-        row->addWidget(Command1);
         return panel;
     }
     panel->setObjectName("picHTTP");
@@ -133,7 +105,7 @@ QWidget* ntne_frmASCIIImport::MakeOptions() {
     const auto changed = [this] {
         ShowTiming();
         StoreOptions();
-        preview->Refresh();
+        Refresh();
     };
     connect(cmbLen, &QComboBox::currentTextChanged, this, changed);
     connect(txtTiming, &QLineEdit::textEdited, this, changed);
@@ -142,32 +114,6 @@ QWidget* ntne_frmASCIIImport::MakeOptions() {
     }
     ShowTiming();
     return group;
-}
-
-QWidget* ntne_frmASCIIImport::MakeButtons() {
-    auto* const panel = new QWidget(this);
-    auto* const row = new QHBoxLayout(panel);
-    row->setContentsMargins(0, 0, 0, 0);
-    Label5 = new QLabel(panel);
-    Label5->setObjectName("Label5");
-    barProgress = new QProgressBar(panel);
-    barProgress->setObjectName("barProgress");
-    barProgress->setAccessibleName(windowTitle());
-    barProgress->setRange(0, 100);
-    barProgress->hide();
-    Command2 = new QPushButton(Text("str_ImportDo"), panel);
-    Command2->setObjectName("Command2");
-    Command2->setDefault(true);
-    auto* const Command3 = new QPushButton(Text("str_Cancel"), panel);
-    Command3->setObjectName("Command3");
-    connect(Command2, &QPushButton::clicked, this, &ntne_frmASCIIImport::Command2_Click);
-    connect(Command3, &QPushButton::clicked, this, &ntne_frmASCIIImport::reject);
-    row->addWidget(Label5);
-    row->addWidget(barProgress, 1);
-    row->addStretch();
-    row->addWidget(Command2);
-    row->addWidget(Command3);
-    return panel;
 }
 
 /// The time signature looks like what it is: while it isn't enforced it can't be typed.
@@ -192,53 +138,18 @@ void ntne_frmASCIIImport::StoreOptions() {
     if (txtURL) model.Url = txtURL->text().trimmed().toStdString();
 }
 
-template <class Work>
-bool ntne_frmASCIIImport::Run(Work work) {
-    StoreOptions();
-    cancelled = false;
-    working = true;
-    fields->setEnabled(false);
-    Command2->setEnabled(false);
-    const bool done = work([this](int percent) {
-        barProgress->show();
-        barProgress->setValue(percent);
-        Label5->setText(ToQString(model.Status));
-        QCoreApplication::processEvents();
-        return !cancelled;
-    });
-    working = false;
-    barProgress->hide();
-    Label5->setText(ToQString(model.Status));
-    fields->setEnabled(true);
-    Command2->setEnabled(true);
-    return done;
-}
-
 void ntne_frmASCIIImport::Command1_Click() {
     const QString filters = Text("str_FilterTextTabs") + " (*.txt *.TXT *.tab *.TAB *.html *.HTML *.htm *.HTM);;" +
                             Text("str_FilterAll") + " (*)";
     const QString folder = PathText(model.FileName.parent_path());
     const QString chosen = QFileDialog::getOpenFileName(this, Text("str_OpenTitle"), folder, filters);
     if (chosen.isEmpty() || !model.ChooseFile(ToPath(chosen))) return;
-    lblFile->setText(PathText(model.FileName));
-    preview->Refresh();
+    ShowFile(PathText(model.FileName));
+    Refresh();
 }
 
 void ntne_frmASCIIImport::cmdLook_Click() {
-    if (Run([this](const auto& progress) { return model.Look(progress); })) preview->Refresh();
-}
-
-void ntne_frmASCIIImport::Command2_Click() {
-    if (Run([this](const auto& progress) { return model.Command2_Click(progress); })) return accept();
-    preview->Refresh();  // it may have been fetched, or have failed on the way
-}
-
-void ntne_frmASCIIImport::reject() {
-    if (working) {
-        cancelled = true;
-        return;
-    }
-    QDialog::reject();
+    if (Run([this](const auto& progress) { return model.Look(progress); })) Refresh();
 }
 
 }  // namespace Quillon::Forms

@@ -1,11 +1,9 @@
 // Which tracks of a MIDI file become tracks of the song, and by which reader.
 #pragma once
 
-#include "forms/ModelDialog.h"
+#include "forms/ImportDialog.h"
 
-class QGroupBox;
 class QListWidget;
-class QPlainTextEdit;
 
 namespace Quillon::Shell {
 struct MidiImportModel;
@@ -13,29 +11,23 @@ struct MidiImportModel;
 
 namespace Quillon::Forms {
 
-class ImportPreview;
-
-class ntne_frmMIDIImport : public ModelDialog {
+class ntne_frmMIDIImport : public ImportDialog {
     Q_OBJECT
 
 public:
-    ntne_frmMIDIImport(Shell::MidiImportModel& edited, QWidget* parent);
+    ntne_frmMIDIImport(Shell::MidiImportModel& model, QWidget* parent);
+
+protected:
+    void StoreOptions() override {}  // they are stored as they change
+    void Command1_Click() override;
 
 private:
-    void AddFile(QFormLayout* page);
-    void AddTracks(QFormLayout* page);
-    void AddReaders(QFormLayout* page);
-    void ChooseFile();
+    QWidget* MakeOptions();
     void FillTracks();
-    void ShowOutcomes();
+    void StoreTracks();
 
     Shell::MidiImportModel& model;
-    QLineEdit* txtFile = nullptr;
-    QGroupBox* Frame1 = nullptr;
     QListWidget* TrackList = nullptr;
-    ImportPreview* classic = nullptr;
-    ImportPreview* aligned = nullptr;
-    QPlainTextEdit* txtReport = nullptr;
     bool filling = false;
 };
 

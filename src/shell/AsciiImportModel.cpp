@@ -9,7 +9,6 @@
 #include "core/mod_Language.h"
 #include "core/mod_MusicFile.h"
 #include "core/mod_Settings.h"
-#include "core/mod_TabFileManipulation.h"
 #include "exchange/LinesImport.h"
 #include "platform/FileSystem.h"
 #include "platform/MessageBox.h"
@@ -37,11 +36,22 @@ void Tell(std::string_view key) {
     Services.Messages->Show(LanguageText(key), LanguageText("str_Error"), Buttons::Ok, BoxIcon::Exclamation);
 }
 
-/// What an address holds; nothing when it was cancelled. Raises when it can't be fetched.
+/// What an address holds; nothing when it was cancelled. Raises when it can't be fetched. Where it leads on to another
+/// host, that one is asked about too.
 std::optional<std::string> FetchBytes(const std::string& url, const Exchange::ImportProgress& progress) {
     constexpr int cantBeFetched = 68;
     if (!Services.Fetch) throw RunTimeError(cantBeFetched, url);
-    return Services.Fetch->Fetch(url, [&] { return !progress || progress(0); });
+    constexpr int mostMoves = 5;
+    std::string at = url;
+    for (int moves = 0;; ++moves) {
+        try {
+            return Services.Fetch->Fetch(at, [&] { return !progress || progress(0); });
+        } catch (const FetchMoved& moved) {
+            if (moves == mostMoves) throw;
+            if (!AskYesNo(LanguageText("str_FetchFrom", {HostOfUrl(moved.Url)}), "str_Download")) return {};
+            at = moved.Url;
+        }
+    }
 }
 
 constexpr std::string_view StoreSection = "Import";
@@ -90,13 +100,13 @@ bool AsciiImportModel::ChooseFile(const std::filesystem::path& path) {
     return true;
 }
 
-Core::TabFile AsciiImportModel::Start() const {
-    return IntoNew ? Core::MakeNewTabFile(*Services.Settings) : Open.TabFile;
+std::string_view AsciiImportModel::About(int reader) const {
+    return reader == Classic ? "str_TextClassicAbout" : "str_TextLinesAbout";
 }
 
 int AsciiImportModel::ShownTrack() const { return IntoNew ? 0 : Open.CurTrack; }
 
-std::string AsciiImportModel::FailureText(const std::string&) const { return LanguageText("str_ErrorImporting"); }
+std::string AsciiImportModel::FailureText(const RunTimeError&) const { return LanguageText("str_ErrorImporting"); }
 
 std::string AsciiImportModel::SourceText() const {
     return From == Source::File ? FileName.string() : From == Source::Web ? Url : "";
@@ -192,9 +202,7 @@ bool OpenTextTab(const std::filesystem::path& path) {
     model.Details = true;
     if (!model.ChooseFile(path)) return false;
     if (!Program.Dialogs->Edit(model)) return false;
-    Open.FileName.clear();
-    Open.FileChanged = true;
-    DocumentReplaced();
+    BecomeNewSong();
     return true;
 }
 

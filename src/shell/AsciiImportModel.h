@@ -25,7 +25,6 @@ struct AsciiImportModel : ImportModel {
     bool Details = false;
     bool AutoSettings = false;
     std::int16_t Instrument = 0;  ///< guitar or bass, or drums. Both are read alike, which is meant
-    std::string Status;           ///< what is under way, for a label
 
     /// Text keys of what one dash is worth, from a whole note to a 64th.
     static std::span<const std::string_view> Dashes();
@@ -42,20 +41,19 @@ struct AsciiImportModel : ImportModel {
     /// has told.
     bool Look(const Exchange::ImportProgress& progress);
 
-    /// Asks what is to be asked, and imports. True when the dialog is done with. `progress` shows percent, and false
-    /// from it cancels: then the document is as it was.
-    bool Command2_Click(const Exchange::ImportProgress& progress);
+    bool Command2_Click(const Exchange::ImportProgress& progress) override;
 
     std::string_view OtherName() const override { return "str_ReaderLines"; }
-    bool HasSource() const override { return !bytes.empty(); }
+    std::string_view About(int reader) const override;
+    std::string_view Missing() const override { return bytes.empty() ? "str_ImportNoSource" : ""; }
 
 protected:
     bool Read(int reader, Core::TabFile& file, Exchange::ImportReport& report,
               const Exchange::ImportProgress& progress) const override;
-    Core::TabFile Start() const override;
+    bool ReplacesSong() const override { return IntoNew; }
     int ShownTrack() const override;
     bool KeepsHalf(int reader) const override { return reader == Classic && !IntoNew; }
-    std::string FailureText(const std::string& description) const override;
+    std::string FailureText(const RunTimeError& error) const override;
 
 private:
     enum class Step : std::uint8_t { GoOn, Stay, Close };

@@ -136,7 +136,7 @@ void ForceNewFile() {
 
 bool NeedsImport(const fs::path& path) {
     const std::string ending = Core::LowerAscii(path.extension().string());
-    return ending == ".txt" || ending == ".tab" || ending == ".html" || ending == ".htm";
+    return IsMidi(path) || ending == ".txt" || ending == ".tab" || ending == ".html" || ending == ".htm";
 }
 
 bool OpenFileByEnding(const fs::path& path) {

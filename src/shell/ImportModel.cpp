@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <chrono>
+#include <new>
 
 #include "core/mod_Language.h"
+#include "core/mod_TabFileManipulation.h"
 #include "editing/mod_Cursor.h"
 #include "editing/mod_Selection.h"
 #include "platform/FileSystem.h"
@@ -12,6 +14,7 @@
 #include "platform/Services.h"
 #include "playback/mod_TabPlayer.h"
 #include "shell/EditCommands.h"
+#include "shell/Recovery.h"
 #include "shell/mod_Shell.h"
 
 namespace Quillon::Shell {
@@ -26,12 +29,25 @@ namespace {
 /// A look beforehand must not make one wait.
 constexpr std::chrono::milliseconds LongestTrial{1500};
 
+constexpr const char* OutOfMemory = "Out of memory";
+
+/// The first bar of a track that has notes; nothing without any.
+std::optional<int> FirstNotes(const Core::Track& track) {
+    for (int bar = 0; bar <= track.Bars.UpperBound(); ++bar) {
+        const auto& strums = track.Bars[bar].Strums();
+        if (std::any_of(strums.begin(), strums.end(), Core::HasNotes)) return bar;
+    }
+    return {};
+}
+
 }  // namespace
 
-Core::TabFile ImportModel::Start() const { return Open.TabFile; }
+Core::TabFile ImportModel::Start() const {
+    return ReplacesSong() ? Core::MakeNewTabFile(*Services.Settings) : Open.TabFile;
+}
 
 const ImportModel::Trial* ImportModel::Tried(int reader) {
-    if (!HasSource() || reader < 0 || reader >= Readers) return nullptr;
+    if (!Missing().empty() || reader < 0 || reader >= Readers) return nullptr;
     auto& trial = trials[static_cast<std::size_t>(reader)];
     if (trial) return &*trial;
     trial.emplace();
@@ -41,7 +57,9 @@ const ImportModel::Trial* ImportModel::Tried(int reader) {
     try {
         if (!Read(reader, trial->File, trial->Report, goOn)) trial->Failure = LanguageText("str_PreviewTooLong");
     } catch (const RunTimeError& error) {
-        trial->Failure = FailureText(error.Description());
+        trial->Failure = FailureText(error);
+    } catch (const std::bad_alloc&) {
+        trial->Failure = OutOfMemory;
     }
     return &*trial;
 }
@@ -50,12 +68,26 @@ Drawing::Excerpt ImportModel::Sheet(int reader) {
     const Trial* const trial = Tried(reader);
     if (!trial || !trial->Failure.empty()) return {};
     // Of the bars that may be seen alone: a song of thousands is not laid out for a glance.
-    return {trial->File, {.Track = ShownTrack(), .Bar = 0, .TabAlone = true}};
+    Drawing::ExcerptOf shown{.Track = ReplacesSong() ? 0 : ShownTrack(), .Bar = 0, .TabAlone = true};
+    const int last = ReplacesSong() ? trial->File.Tracks.UpperBound() : shown.Track;
+    for (int track = shown.Track; track <= last; ++track) {
+        const auto bar = FirstNotes(trial->File.Tracks[track]);
+        if (!bar) continue;
+        shown.Track = track;
+        shown.Bar = *bar;
+        break;
+    }
+    return {trial->File, shown};
 }
 
 bool ImportModel::Import(const std::string& source, const Exchange::ImportProgress& progress) {
     Core::TabFile file = Start();
     Exchange::ImportReport report;
+    const auto tell = [&](const std::string& why) {
+        Services.Messages->Show(source.empty() ? why : source + ": " + why, LanguageText("str_Error"), Buttons::Ok,
+                                BoxIcon::Critical);
+        return false;
+    };
     try {
         if (!Read(Reader, file, report, progress)) {
             Program.View->ShowStatus(LanguageText("str_ImportCancelled"));
@@ -63,9 +95,9 @@ bool ImportModel::Import(const std::string& source, const Exchange::ImportProgre
         }
     } catch (const RunTimeError& error) {
         if (KeepsHalf(Reader)) Take(std::move(file));
-        Services.Messages->Show(FailureText(error.Description()), LanguageText("str_Error"), Buttons::Ok,
-                                BoxIcon::Critical);
-        return false;
+        return tell(FailureText(error));
+    } catch (const std::bad_alloc&) {
+        return tell(OutOfMemory);
     }
     LastImport = {source, report};
     Take(std::move(file));
@@ -76,12 +108,19 @@ bool ImportModel::Import(const std::string& source, const Exchange::ImportProgre
 
 void ImportModel::Take(Core::TabFile file) {
     if (Playback::IsPlaying()) Playback::StopTab();
-    const int track = std::clamp(ShownTrack(), 0, file.Tracks.UpperBound());
+    const int track = ReplacesSong() ? 0 : std::clamp(ShownTrack(), 0, file.Tracks.UpperBound());
     Open.TabFile = std::move(file);
     Editing::ResetCursor(Open, track);
     Editing::ClearSelection();
     MarkEdited();
     ShowEdited();
+}
+
+void BecomeNewSong() {
+    Open.FileName.clear();
+    RemoveRecovery();
+    DocumentReplaced();
+    Open.FileChanged = true;
 }
 
 std::string LastReportText() {

@@ -1,16 +1,10 @@
 // Standard MIDI files, out and in.
 #include "core/mod_Language.h"
 #include "core/mod_TabFileStructure.h"
-#include "editing/mod_Cursor.h"
 #include "exchange/MidiExport.h"
 #include "platform/MessageBox.h"
 #include "platform/Services.h"
-#include "playback/mod_TabPlayer.h"
-#include "shell/EditCommands.h"
-#include "shell/ImportModel.h"
-#include "shell/LongWork.h"
 #include "shell/MidiImportModel.h"
-#include "shell/Recovery.h"
 #include "shell/mod_Shell.h"
 
 namespace Quillon::Shell {
@@ -29,25 +23,9 @@ std::optional<fs::path> AskMidiFile() {
     return Program.View->AskImportFile("str_MidiImportTitle", "str_FilterMidi", {".mid", ".midi"});
 }
 
-/// Asks how to read a file, and reads it. False when that was cancelled or failed; the song is as it was.
+/// Has a file imported by the dialog. False when that was cancelled or failed; the song is as it was.
 bool ImportByDialog(MidiImportModel& model, const std::optional<fs::path>& path) {
-    if (!path || !OpenMIDIFile(model, *path) || !Program.Dialogs->Edit(model)) return false;
-    if (Playback::IsPlaying()) Playback::StopTab();
-    const std::string name = model.File.filename().string();
-    Exchange::ImportReport report;
-    bool done = false;
-    const bool told = !Guarded([&] {
-        const LongWork work(LanguageText("str_MidiReading", {name}));
-        done = model.Import([&work](int percent) { return work.GoOn(percent); }, report);
-    });
-    if (!done) {
-        if (!told) Program.View->ShowStatus(LanguageText("str_MidiStopped", {name}));
-        return false;
-    }
-    LastImport = {path->string(), report};
-    Program.View->ShowStatus(
-        LanguageText("str_MidiRead", {name, std::to_string(report.NotesKept), std::to_string(report.NotesFound)}));
-    return true;
+    return path && OpenMIDIFile(model, *path) && Program.Dialogs->Edit(model);
 }
 
 }  // namespace
@@ -57,7 +35,7 @@ bool OpenMIDIFile(MidiImportModel& model, const fs::path& path) {
         model.OpenMIDIFile(path);
         return true;
     } catch (const RunTimeError& error) {
-        Tell(path.string() + ": " + LanguageText("str_BadMidiFile", {error.Description()}));
+        Tell(path.string() + ": " + Exchange::MidiFailureText(error));
         return false;
     }
 }
@@ -75,9 +53,7 @@ void mnuFileExportMIDI_Click() {
 bool OpenMidiAsSong(const fs::path& path) {
     MidiImportModel model;
     if (!ImportByDialog(model, path)) return false;
-    Open.FileName.clear();
-    RemoveRecovery();
-    DocumentReplaced();
+    BecomeNewSong();
     return true;
 }
 
@@ -90,10 +66,7 @@ void mnuImportMIDITrack_Click() {
     if (!PasswordCorrect()) return;
     MidiImportModel model;
     model.SingleTrack = true;
-    if (!ImportByDialog(model, AskMidiFile())) return;
-    Open.CurBar = Open.CurStrum = Open.CurString = 0;
-    MarkEdited();
-    ShowEdited();
+    ImportByDialog(model, AskMidiFile());
 }
 
 }  // namespace Quillon::Shell

@@ -3,13 +3,16 @@
 #include <algorithm>
 #include <utility>
 
-#include "core/mod_TabFileManipulation.h"
+#include "core/mod_Language.h"
+#include "core/mod_TabFileStructure.h"
 #include "exchange/AlignedImport.h"
 #include "platform/FileSystem.h"
+#include "platform/MessageBox.h"
 #include "platform/Services.h"
 
 namespace Quillon::Shell {
 
+using Core::LanguageText;
 using Core::Open;
 
 void MidiImportModel::OpenMIDIFile(const std::filesystem::path& path) {
@@ -19,7 +22,7 @@ void MidiImportModel::OpenMIDIFile(const std::filesystem::path& path) {
     TrackList = Exchange::MidiTrackEntries(midi);
     Chosen.assign(TrackList.size(), true);
     ChosenTrack = 0;
-    previews = {};
+    Changed();
 }
 
 Exchange::MidiImportOptions MidiImportModel::Options() const {
@@ -31,54 +34,39 @@ Exchange::MidiImportOptions MidiImportModel::Options() const {
     return options;
 }
 
-std::string_view MidiImportModel::Validate() const {
+std::string_view MidiImportModel::About(int reader) const {
+    return reader == Classic ? "str_MidiClassicAbout" : "str_MidiAlignedAbout";
+}
+
+std::string_view MidiImportModel::Missing() const {
     if (File.empty()) return "str_MidiNoFile";
     return Options().Tracks.empty() ? "str_MidiNoTrack" : "";
 }
 
-bool MidiImportModel::Run(Reader reader, Core::TabFile& into, Exchange::ImportReport& report,
-                          const Exchange::ImportProgress& goOn) const {
-    report = {};
+int MidiImportModel::ShownTrack() const { return SingleTrack ? Open.TabFile.Tracks.Count() : 0; }
+
+std::string MidiImportModel::FailureText(const RunTimeError& error) const { return Exchange::MidiFailureText(error); }
+
+bool MidiImportModel::Read(int reader, Core::TabFile& file, Exchange::ImportReport& report,
+                           const Exchange::ImportProgress& progress) const {
     const Exchange::MidiImportOptions options = Options();
     if (SingleTrack) {
-        return reader == Aligned ? Exchange::AddAlignedTrack(into, midi, options, report, goOn)
-                                 : Exchange::AddMidiTrack(into, midi, options, goOn, &report);
+        return reader == Other ? Exchange::AddAlignedTrack(file, midi, options, report, progress)
+                               : Exchange::AddMidiTrack(file, midi, options, progress, &report);
     }
     const std::string name = File.filename().string();
     // Without the ending's four characters, whatever they are.
     const std::string title = name.substr(0, name.size() - std::min<std::size_t>(name.size(), 4));
-    return reader == Aligned ? Exchange::ImportAligned(into, midi, title, options, report, goOn)
-                             : Exchange::ImportMidi(into, midi, title, options, goOn, &report);
+    return reader == Other ? Exchange::ImportAligned(file, midi, title, options, report, progress)
+                           : Exchange::ImportMidi(file, midi, title, options, progress, &report);
 }
 
-const MidiImportModel::Outcome& MidiImportModel::Preview(Reader reader) {
-    std::string key;
-    for (const int track : Options().Tracks) key += std::to_string(track) + " ";
-    if (reader == Classic) key += std::string(Ties ? "t" : "") + (Quantize ? "q" : "");
-    auto& kept = previews.at(static_cast<std::size_t>(reader));
-    if (kept && kept->Options == key) return kept->Made;
-    Outcome made;
-    made.File = SingleTrack ? Open.TabFile : Core::MakeNewTabFile(*Services.Settings);
-    made.FirstTrack = SingleTrack ? made.File.Tracks.Count() : 0;
-    if (Validate().empty()) {
-        try {
-            Run(reader, made.File, made.Report, {});
-        } catch (const RunTimeError& error) {
-            made.Failure = error.Description();
-        }
+bool MidiImportModel::Command2_Click(const Exchange::ImportProgress& progress) {
+    if (const std::string_view missing = Missing(); !missing.empty()) {
+        Services.Messages->Show(LanguageText(missing), LanguageText("str_Error"), Buttons::Ok, BoxIcon::Exclamation);
+        return false;
     }
-    kept = Kept{std::move(key), std::move(made)};
-    return kept->Made;
-}
-
-bool MidiImportModel::Import(const Exchange::ImportProgress& goOn, Exchange::ImportReport& report) {
-    Core::TabFile made = SingleTrack ? Open.TabFile : Core::MakeNewTabFile(*Services.Settings);
-    const int first = SingleTrack ? made.Tracks.Count() : 0;
-    if (!Run(static_cast<Reader>(ChosenReader), made, report, goOn)) return false;
-    Open.TabFile = std::move(made);
-    Open.FileChanged = true;
-    if (SingleTrack) Open.CurTrack = static_cast<std::int16_t>(first);
-    return true;
+    return Import(File.string(), progress);
 }
 
 }  // namespace Quillon::Shell

@@ -1,33 +1,19 @@
-// The dialog that imports a standard MIDI file: which tracks, by which reader, and what would come of it.
+// The import of a standard MIDI file, as its dialog shows it: which tracks, by which reader.
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <filesystem>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "core/mod_TabFileStructure.h"
-#include "exchange/ImportReport.h"
 #include "exchange/MidiImport.h"
 #include "platform/SmfCursor.h"
-#include "shell/DialogModel.h"
+#include "shell/ImportModel.h"
 
 namespace Quillon::Shell {
 
-struct MidiImportModel : DialogModel {
-    enum Reader : std::int16_t { Classic, Aligned };
-
-    /// What a reader makes of the file with the options as they are.
-    struct Outcome {
-        Core::TabFile File;
-        Exchange::ImportReport Report;
-        int FirstTrack = 0;   ///< of those that were made
-        std::string Failure;  ///< why there is nothing; "" when all is well
-    };
-
+struct MidiImportModel : ImportModel {
     bool SingleTrack = false;  ///< one track joins the song; else the song is replaced
     std::filesystem::path File;
     std::vector<std::string> TrackList;  ///< the file's tracks, as the list names them
@@ -36,29 +22,27 @@ struct MidiImportModel : DialogModel {
     bool Ties = false;
     bool Reverb = false;
     bool Quantize = false;
-    std::int16_t ChosenReader = Classic;
 
     /// Reads a file and fills the list. Raises what the file system raises, and "Bad file format" for what is no MIDI
     /// file; then the model is as it was.
     void OpenMIDIFile(const std::filesystem::path& path);
-    /// Worked out anew when an option that matters to the reader has changed.
-    const Outcome& Preview(Reader reader);
-    std::string_view Validate() const;
-    /// Makes the file the song, or adds its track, on a copy that takes the song's place at the end. False when `goOn`,
-    /// asked with percent, ended it; the song is then as it was. Raises "Overflow" for more bars than there can be.
-    bool Import(const Exchange::ImportProgress& goOn, Exchange::ImportReport& report);
+    bool Command2_Click(const Exchange::ImportProgress& progress) override;
+
+    std::string_view OtherName() const override { return "str_ReaderAligned"; }
+    std::string_view About(int reader) const override;
+    std::string_view Missing() const override;
+
+protected:
+    bool Read(int reader, Core::TabFile& file, Exchange::ImportReport& report,
+              const Exchange::ImportProgress& progress) const override;
+    bool ReplacesSong() const override { return !SingleTrack; }
+    int ShownTrack() const override;
+    std::string FailureText(const RunTimeError& error) const override;
 
 private:
     Exchange::MidiImportOptions Options() const;
-    bool Run(Reader reader, Core::TabFile& into, Exchange::ImportReport& report,
-             const Exchange::ImportProgress& goOn) const;
 
     SmfFile midi;
-    struct Kept {
-        std::string Options;
-        Outcome Made;
-    };
-    std::array<std::optional<Kept>, 2> previews;
 };
 
 /// Opens a file in the model. A file that can't be read is told in a box, and false.

@@ -32,6 +32,7 @@ struct Pages : UrlFetch {
     std::optional<std::string> Fetch(const std::string& url, const std::function<bool()>& goOn) override {
         Asked.push_back(url);
         if (!goOn()) return {};
+        if (url == "http://example.org/moved") throw FetchMoved(url, "https://elsewhere.net/a");
         if (!Held.contains(url)) throw RunTimeError(68, url);
         return Held[url];
     }
@@ -72,7 +73,7 @@ TEST_F(ImportTest, AFileComesOntoTheCurrentTrackAfterAQuestion) {
     EXPECT_TRUE(Open.FileChanged);
     ASSERT_TRUE(HasImportReport());
     EXPECT_THAT(LastReportText(), HasSubstr("Notes kept: 5\n"));
-    EXPECT_THAT(Window().Status.back(), StartsWith("Imported: 5 notes kept"));
+    EXPECT_THAT(Window().Status.back(), StartsWith("Imported. Notes kept: 5, lost: 0."));
     Window().SaveAnswer = folder / "report.txt";
     ImportReportModel report;
     report.Load();
@@ -114,7 +115,7 @@ TEST_F(ImportTest, WhatIsWrongIsSaidAndTheDialogStays) {
     ASSERT_TRUE(model.ChooseFile(Spilled("bad.txt", "a < b")));
     model.EnforceTiming = true;
     EXPECT_FALSE(model.Command2_Click({}));
-    EXPECT_THAT(Box().Shown.back(), StartsWith("The text could not be imported."));
+    EXPECT_THAT(Box().Shown.back(), HasSubstr("bad.txt: The text could not be imported."));
     EXPECT_EQ(Open.TabFile.BarInfos[0].TimeSigTop, 3);
 }
 
@@ -155,6 +156,16 @@ TEST_F(ImportTest, APageIsFetchedAfterAQuestionThatNamesItsHost) {
     EXPECT_EQ(Box().Shown.back(), "Fetch this page from example.org?");
     EXPECT_EQ(Fret(), "0");
     EXPECT_THAT(pages.Asked, ElementsAre("http://example.org/a"));
+
+    AsciiImportModel moved;
+    moved.Load(AsciiImportModel::Source::Web);
+    moved.Url = "http://example.org/moved";
+    pages.Held["https://elsewhere.net/a"] = Tab;
+    EXPECT_TRUE(moved.Look({}));
+    EXPECT_EQ(Box().Shown.back(), "Fetch this page from elsewhere.net?");
+    Box().Answers.assign(1, Answer::Yes);
+    EXPECT_FALSE(moved.Look({})) << "a yes for the first host is none for the other";
+    Box().Answers.assign(40, Answer::Yes);
 
     AsciiImportModel missing;
     missing.Load(AsciiImportModel::Source::Web);

@@ -3,8 +3,9 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QListWidget>
-#include <QPlainTextEdit>
+#include <QPushButton>
 #include <QRadioButton>
+#include <QTableWidget>
 
 #include "exchange/MidiExport.h"
 #include "forms/ntne_frmMIDIImport.h"
@@ -27,19 +28,22 @@ TEST_F(MidiImportDialog, TracksOptionsAndReadersGoIntoTheModelAndShowWhatComesOf
     EXPECT_EQ(list.selectedItems().size(), 5) << "every entry is selected at first";
     EXPECT_EQ(In<QGroupBox>(dialog, "Frame1").title(), "Tracks to import");
     EXPECT_TRUE(In<QRadioButton>(dialog, "optClassic").isChecked());
-    const QString counts = In<QLabel>(dialog, "optAlignedCounts").text();
-    EXPECT_TRUE(counts.contains("Tracks: 4"));
-    EXPECT_TRUE(In<QPlainTextEdit>(dialog, "txtReport").toPlainText().contains("Notes found"));
-
-    In<QRadioButton>(dialog, "optAligned").setChecked(true);
-    EXPECT_EQ(model.ChosenReader, Shell::MidiImportModel::Aligned);
+    auto& counts = In<QTableWidget>(dialog, "lstCounts");
+    constexpr int systemsRow = 0;
+    constexpr int tracksRow = 1;
+    EXPECT_TRUE(counts.isRowHidden(systemsRow));
+    EXPECT_EQ(counts.item(tracksRow, Shell::ImportModel::Other)->text(), "4");
+    In<QRadioButton>(dialog, "optOther").click();
+    EXPECT_EQ(model.Reader, Shell::ImportModel::Other);
+    EXPECT_TRUE(In<QLabel>(dialog, "lblAbout").text().startsWith("The file's own bars"));
     In<QCheckBox>(dialog, "Check1").setChecked(true);
     EXPECT_TRUE(model.Ties);
-    list.item(1)->setSelected(false);
-    EXPECT_NE(In<QLabel>(dialog, "optAlignedCounts").text(), counts);
     list.clearSelection();
-    dialog.accept();
-    EXPECT_EQ(In<QLabel>(dialog, "lblComplaint").text(), "Choose a track to import.");
+    In<QPushButton>(dialog, "Command2").click();
+    EXPECT_EQ(box.Shown.back(), "Choose a track to import.");
+    list.item(1)->setSelected(true);
+    In<QPushButton>(dialog, "Command2").click();
+    EXPECT_EQ(Core::Open.TabFile.Tracks.Count(), 1);
 
     model.SingleTrack = true;
     ntne_frmMIDIImport single(model, nullptr);
