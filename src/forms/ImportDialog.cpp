@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QVBoxLayout>
 #include <utility>
 
@@ -33,7 +34,9 @@ void ImportDialog::Build(QWidget* source, QWidget* options) {
     body->addWidget(fields, 1);
     body->addWidget(MakeButtons());
     connect(this, &QDialog::finished, this, [this] { KeepPlace(*this, place); });
-    RestorePlace(*this, place, sizeHint().expandedTo(QSize(640, 640)));
+    // On a small screen the buttons must stay on it.
+    const QSize frame(20, 40);
+    RestorePlace(*this, place, sizeHint().expandedTo(QSize(640, 640)).boundedTo(screen()->availableSize() - frame));
 }
 
 QWidget* ImportDialog::MakeFileRow(std::string_view noteKey) {

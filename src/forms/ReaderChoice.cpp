@@ -86,11 +86,10 @@ ReaderChoice::ReaderChoice(ImportModel& edited, QWidget* parent)
     report->addWidget(lstCounts, 3);
     report->addWidget(txtRemarks, 4);
     column->addLayout(report);
-    const int rowHeight = fontMetrics().lineSpacing() + 6;
     lstCounts->setMinimumWidth(fontMetrics().averageCharWidth() * 52);
-    lstCounts->setFixedHeight(rowHeight * (static_cast<int>(std::size(Counts)) + 1) + 12);
-    txtRemarks->setFixedHeight(lstCounts->height());
 
+    constexpr int leastPaper = 90;  // pixels: on a small screen it gives way first
+    preview->setMinimumHeight(leastPaper);
     column->addWidget(preview, 1);
     // Typing an option changes it letter by letter; what it comes to is tried once.
     constexpr int pause = 150;  // ms
@@ -124,6 +123,10 @@ void ReaderChoice::Try() {
     // Texts have systems, MIDI files have tracks.
     const ImportModel::Trial* const trial = model.Tried(ImportModel::Other);
     lstCounts->setRowHidden(0, trial && trial->Report.Systems == 0 && trial->Report.Tracks > 0);
+    int height = lstCounts->horizontalHeader()->sizeHint().height() + 2 * lstCounts->frameWidth();
+    for (int row = 0; row < lstCounts->rowCount(); ++row) height += lstCounts->rowHeight(row);  // 0 for a hidden one
+    lstCounts->setFixedHeight(height);
+    txtRemarks->setFixedHeight(height);
     ShowChosen();
 }
 

@@ -6,6 +6,7 @@
 #include <QHBoxLayout>
 #include <QListWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "forms/Text.h"
 #include "shell/MidiImportModel.h"
@@ -35,8 +36,6 @@ QWidget* ntne_frmMIDIImport::MakeOptions() {
     TrackList->setAccessibleName(Frame1->title());
     TrackList->setSelectionMode(model.SingleTrack ? QAbstractItemView::SingleSelection
                                                   : QAbstractItemView::MultiSelection);
-    constexpr int rows = 5;
-    TrackList->setFixedHeight(fontMetrics().lineSpacing() * rows);
     connect(TrackList, &QListWidget::itemSelectionChanged, this, &ntne_frmMIDIImport::StoreTracks);
     (new QVBoxLayout(Frame1))->addWidget(TrackList);
     auto* const group = new QGroupBox(Text("str_ImportOptions"), panel);
@@ -90,6 +89,9 @@ void ntne_frmMIDIImport::FillTracks() {
         TrackList->item(i)->setSelected(model.SingleTrack ? i == model.ChosenTrack
                                                           : model.Chosen[static_cast<std::size_t>(i)]);
     }
+    constexpr int rows = 5;
+    const int rowHeight = std::max(TrackList->sizeHintForRow(0), fontMetrics().lineSpacing());
+    TrackList->setFixedHeight(rowHeight * rows + 2 * TrackList->frameWidth());
     filling = false;
 }
 
