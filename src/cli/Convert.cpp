@@ -92,7 +92,7 @@ void AddConvert(CLI::App& app, Work& work) {
         command->add_flag("--reverb", arguments->Import.Midi.Reverb, "Turn reverb on for the tracks of a MIDI file"),
         command
             ->add_option("--midi-track", arguments->Import.Midi.Tracks,
-                         "Take this MIDI track, from 1, and no other; may stand more than once")
+                         "Take only this MIDI track, from 1; may be given more than once")
             ->type_name("K")
             ->allow_extra_args(false)};
     command->add_option("--reader", arguments->Reader, "Who reads a text tab or MIDI file; classic without it")
