@@ -5,7 +5,7 @@ from importlib import import_module
 from pathlib import Path
 
 SONGS = ["greensleeves", "fiddle_set", "back_porch_blues", "amazing_grace", "mountain_king",
-         "seven_gestures"]
+         "seven_gestures", "rising_sun"]
 
 if __name__ == "__main__":
     for name in SONGS:

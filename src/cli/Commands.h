@@ -41,6 +41,8 @@ void AddTrace(CLI::App& app, Work& work);
 void AddKeys(CLI::App& app, Work& work);
 void AddEdit(CLI::App& app, Work& work);
 void AddLibraries(CLI::App& app, Work& work);
+/// What is done with chords, below their own command.
+void AddChordWork(CLI::App& chords, Work& work);
 
 /// Runs the program; the arguments and result are those of main.
 int Run(int argumentCount, const char* const* arguments);

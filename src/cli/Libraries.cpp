@@ -166,7 +166,7 @@ void AddLibraries(CLI::App& app, Work& work) {
                    "Makes them anew; chords of your own go, scales and tunings of your own stay");
     init->callback([restore, &work] { work = [restore] { return InitLibraries(*restore); }; });
 
-    CLI::App* const chords = app.add_subcommand("chords", "Looks chords up, and names them");
+    CLI::App* const chords = app.add_subcommand("chords", "Looks chords up, names them, adds them to songs");
     chords->require_subcommand(1);
     const auto chordFilters = std::make_shared<Filters>();
     CLI::App* const chordList = AddList(*chords, "Prints the names of the library's chords", *chordFilters);
@@ -184,6 +184,8 @@ void AddLibraries(CLI::App& app, Work& work) {
         ->required()
         ->type_name("");
     name->callback([shape, &work] { work = [shape] { return NameChord(*shape); }; });
+
+    AddChordWork(*chords, work);
 
     CLI::App* const scales = app.add_subcommand("scales", "Looks scales up");
     scales->require_subcommand(1);

@@ -3,9 +3,12 @@
 #include <typeindex>
 #include <unordered_map>
 
+#include "forms/frmChordBatch.h"
+#include "forms/frmChordPrinter.h"
 #include "forms/frmFileProperties.h"
 #include "forms/frmImportReport.h"
 #include "forms/frmMain.h"
+#include "forms/frmNewChord.h"
 #include "forms/frmOptions.h"
 #include "forms/frmTrackProperties.h"
 #include "forms/ntne_frmASCIIImport.h"
@@ -51,6 +54,9 @@
 #include "shell/PrintModel.h"
 #include "shell/TextExportModel.h"
 #include "shell/TuningModel.h"
+#include "tools/ChordBatch.h"
+#include "tools/ChordEditor.h"
+#include "tools/ChordSheet.h"
 
 namespace Quillon::Forms {
 
@@ -103,6 +109,9 @@ const std::unordered_map<std::type_index, bool (*)(DialogModel&, QWidget*)>& Win
         Row<ntne_frmASCIIImport, Shell::AsciiImportModel>(),
         Row<frmImportReport, Shell::ImportReportModel>(),
         Row<ntne_frmExport, Shell::TextExportModel>(),
+        Row<frmNewChord, Tools::ChordEditorModel>(),
+        Row<frmChordBatch, Tools::ChordBatchModel>(),
+        Row<frmChordPrinter, Tools::ChordSheetModel>(),
     };
     return table;
 }

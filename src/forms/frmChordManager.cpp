@@ -1,10 +1,12 @@
 #include "forms/frmChordManager.h"
 
+#include <QAction>
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QSignalBlocker>
 #include <QStackedWidget>
@@ -55,6 +57,8 @@ frmChordManager::frmChordManager(frmMain& main)
     setWidget(content);
     connect(picView, &picChordView::Left, this, &LibraryWindow::Left);
     connect(picView, &picChordView::Typed, this, &frmChordManager::Search);
+    connect(picView, &picChordView::EditAsked, findChild<QAction*>("mnuEditChord"), &QAction::trigger);
+    connect(picView, &picChordView::DeleteAsked, findChild<QAction*>("mnuDeleteChords"), &QAction::trigger);
     connect(picView, &picChordView::UnreadableSeen, this, &frmChordManager::ShowCount, Qt::QueuedConnection);
     connect(picView, &picChordView::MenuAsked, this, [this](QPoint at) {
         ShowEntries();

@@ -15,6 +15,7 @@ class QHBoxLayout;
 class QLabel;
 class QLineEdit;
 class QMenu;
+class QPushButton;
 class QRadioButton;
 class QStackedWidget;
 class QToolButton;
@@ -74,7 +75,7 @@ private:
     QLabel* lblCount = nullptr;
     QToolButton* cmdCursor = nullptr;
     QToolButton* cmdLefty = nullptr;
-    QToolButton* cmdMenu = nullptr;
+    QPushButton* cmdMenu = nullptr;
     QMenu* mnuChords = nullptr;  ///< of the window
     QMenu* lblMenu = nullptr;    ///< of the chosen chords
     QMenu* mnuSearch = nullptr;

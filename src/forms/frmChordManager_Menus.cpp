@@ -2,6 +2,7 @@
 #include <QActionGroup>
 #include <QHBoxLayout>
 #include <QMenu>
+#include <QPushButton>
 #include <QToolButton>
 
 #include "core/mod_Settings.h"
@@ -11,6 +12,9 @@
 #include "forms/picChordView.h"
 #include "shell/mod_Shell.h"
 #include "shell/mod_Sound.h"
+#include "tools/ChordBatch.h"
+#include "tools/ChordEditor.h"
+#include "tools/ChordSheet.h"
 
 namespace Quillon::Forms {
 
@@ -61,9 +65,22 @@ void frmChordManager::BuildMenus() {
     withKey(AddEntry(*lblMenu, "mnuPlayChord", "str_PlayChord", Tools::PlayCurrentChord, "play", CanPlay),
             Qt::Key_Return);
 
+    lblMenu->addSeparator();
+    withKey(AddEntry(*lblMenu, "mnuEditChord", "str_ChordEdit", Tools::mnuEditChord_Click, "chord", HasCurrent),
+            Qt::Key_F2);
+    AddEntry(*lblMenu, "mnuPrintChords", "str_ChordPrint", Tools::PrintChord, "print", HasCurrent);
+    withKey(AddEntry(*lblMenu, "mnuDeleteChords", "str_ChordDeleteChosen", Tools::DeleteChosenChords, "", HasCurrent),
+            Qt::Key_Delete);
+
     mnuChords = new QMenu(this);
     mnuChords->setObjectName("mnuChords");
     connect(mnuChords, &QMenu::aboutToShow, this, &frmChordManager::ShowEntries);
+    AddEntry(*mnuChords, "mnuAddChord", "str_ChordAddNew", Tools::mnuAddNewChord_Click, "chord-new");
+    mnuChords->addAction(findChild<QAction*>("mnuEditChord"));
+    AddEntry(*mnuChords, "mnuBatch", "str_ChordBatch", Tools::mnuBatchOperations_Click, "", HasCurrent);
+    mnuChords->addAction(findChild<QAction*>("mnuPrintChords"));
+    AddEntry(*mnuChords, "mnuResetChords", "str_ChordRestore", Tools::mnuResetChords_Click);
+    mnuChords->addSeparator();
     mnuSearch = mnuChords->addMenu(QString());
     AddEntry(*mnuSearch, "mnuSearchName", "str_SearchName", Tools::mnuSearchName_Click, "", nullptr,
              Searches<Kind::Name>);
@@ -112,17 +129,15 @@ QHBoxLayout* frmChordManager::BuildButtons() {
         row->addWidget(button);
         return button;
     };
-    for (const char* const name : {"mnuPlayChord", "mnuAddAsNotes", "mnuAddAsDiagram"}) {
+    for (const char* const name : {"mnuPlayChord", "mnuAddAsNotes", "mnuAddAsDiagram", "mnuAddChord"}) {
         add(findChild<QAction*>(name));
     }
     cmdLefty = add(findChild<QAction*>("mnuViewLefty"));
     row->addStretch();
-    cmdMenu = new QToolButton(this);
+    cmdMenu = new QPushButton(this);
     cmdMenu->setObjectName("cmdMenu");
-    cmdMenu->setAutoRaise(true);
-    cmdMenu->setFocusPolicy(Qt::TabFocus);
-    cmdMenu->setPopupMode(QToolButton::InstantPopup);
-    cmdMenu->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    cmdMenu->setFlat(true);
+    cmdMenu->setAutoDefault(false);
     cmdMenu->setMenu(mnuChords);
     row->addWidget(cmdMenu);
     return row;

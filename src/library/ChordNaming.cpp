@@ -132,12 +132,7 @@ std::vector<int> Listed(unsigned long bits, int root) {
 
 /// "m7 (2)" without the number of its voicing and without blanks.
 std::string WithoutVoicing(std::string_view text) {
-    const std::size_t open = text.rfind(" (");
-    if (open != std::string_view::npos && text.ends_with(')') &&
-        text.find_first_not_of("0123456789", open + 2) == text.size() - 1) {
-        text = text.substr(0, open);
-    }
-    std::string result(text);
+    std::string result(VoicingBase(text));
     std::erase(result, ' ');
     return result;
 }
@@ -214,6 +209,39 @@ bool ParseChordSymbol(std::string_view symbol, ChordTones& tones) {
         return ParseChordSymbol(std::string_view(text).substr(mark + 1), tones);
     }
     return false;
+}
+
+std::string_view VoicingBase(std::string_view name) {
+    const std::size_t open = name.rfind(" (");
+    const bool numbered = open != std::string_view::npos && name.ends_with(')') && open + 3 < name.size() &&
+                          name.find_first_not_of("0123456789", open + 2) == name.size() - 1;
+    return numbered ? name.substr(0, open) : name;
+}
+
+std::string TransposedName(std::string_view name, int semitones, bool flats) {
+    // "G#5-Gaug" is a G with a sharp fifth, told twice: only what comes second can be read once it is moved.
+    const std::size_t mark = name.find('-');
+    if (name.size() > 3 && (name[1] == '#' || name[1] == 'b') && name[2] == '5' && mark != std::string_view::npos &&
+        mark + 1 < name.size() && name[mark + 1] == name[0]) {
+        name.remove_prefix(mark + 1);
+    }
+    std::string moved;
+    bool mayBegin = true;
+    while (!name.empty()) {
+        std::string_view rest = name;
+        const int root = mayBegin ? TakeRoot(rest) : -1;
+        if (root < 0) {
+            mayBegin = name.front() == '-' || name.front() == '/';
+            moved += name.front();
+            name.remove_prefix(1);
+            continue;
+        }
+        const bool wasFlat = name.substr(0, name.size() - rest.size()).find('b') != std::string_view::npos;
+        moved += PitchClassName(root + semitones, flats || wasFlat);
+        name = rest;
+        mayBegin = false;
+    }
+    return moved;
 }
 
 }  // namespace Quillon::Library

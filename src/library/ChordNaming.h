@@ -28,4 +28,10 @@ struct ChordTones {
 /// "G-Gmaj (2)". False for a symbol that is not known.
 bool ParseChordSymbol(std::string_view symbol, ChordTones& tones);
 
+/// A symbol, or a name of the chord library, with every note in it so many semitones on: "G-Gmaj (2)" two up is
+/// "A-Amaj (2)". A note that was written with a flat stays one, also with `flats`; what is no note stays.
+std::string TransposedName(std::string_view name, int semitones, bool flats = false);
+/// The name without the number of its voicing: "G-Gmaj" of "G-Gmaj (2)".
+std::string_view VoicingBase(std::string_view name);
+
 }  // namespace Quillon::Library

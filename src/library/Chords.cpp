@@ -115,6 +115,11 @@ std::string FileNameOf(std::string_view name) {
     return result;
 }
 
+void SaveChord(const std::string& name, const ChordRec& chord) {
+    Services.Files->MakeFolder(Chords.Folder());
+    Services.Files->Replace(Chords.FileOf(name), WriteChord(chord));
+}
+
 std::vector<NamedBytes> DefaultChords() {
     std::vector<NamedBytes> files;
     for (const auto& row : TableRows("Chords")) {

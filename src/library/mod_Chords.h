@@ -43,6 +43,11 @@ std::string FingerText(const ChordRec& chord, int string);
 /// Raises "Type mismatch" for what is none.
 ChordRec MakeChord(int strings, bool flag, const Row<std::string, StringCount>& frets);
 
+/// The shape so many frets further up the neck, or down; by octaves more or less where it would leave the frets 0 to
+/// MostNeckFret. Nothing where no octave helps, or for one without frets. What was open is held then, by other fingers.
+std::optional<ChordRec> TransposedChord(const ChordRec& chord, int semitones);
+constexpr int MostNeckFret = 24;
+
 /// The 24 lines of a chord file.
 std::string WriteChord(const ChordRec& chord);
 /// Nothing for bytes that are no chord. Missing last lines are taken for unused strings in standard tuning.
@@ -53,6 +58,13 @@ extern ChordLibrary Chords;
 
 /// A chord's name as a file may be called: without the characters that no file name can hold, "" when nothing is left.
 std::string FileNameOf(std::string_view name);
+
+/// Writes a chord under its name, in the place of one that has it.
+void SaveChord(const std::string& name, const ChordRec& chord);
+
+/// Chords as a text for people, a line each: name, frets and notes from the lowest string on. Those that can't be read
+/// are left out.
+std::string ChordsAsText(ChordLibrary& library, const std::vector<std::string>& names);
 
 /// The default library, 1,555 chords in the order that they are made.
 std::vector<NamedBytes> DefaultChords();

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <map>
 
 #include "core/mod_Common.h"
 #include "core/mod_Language.h"
@@ -10,10 +11,12 @@
 #include "drawing/mod_NotationDrawing.h"
 #include "library/ChordBoxes.h"
 #include "library/ChordNaming.h"
+#include "platform/MessageBox.h"
 #include "platform/RunTimeError.h"
 #include "platform/Services.h"
 #include "platform/SettingsStore.h"
 #include "shell/CursorState.h"
+#include "shell/mod_Shell.h"
 
 namespace Quillon::Tools {
 
@@ -247,9 +250,42 @@ void ChooseChord(int index, Choose how) {
     if (other && how == Choose::Only && Core::Settings.PlayChordsOnLoad) PlayCurrentChord();
 }
 
+void ShowChord(const std::string& name) {
+    const auto indexOf = [&name] {
+        const auto found = std::ranges::find(ChordManager.lstChords, name);
+        return found == ChordManager.lstChords.end() ? -1 : static_cast<int>(found - ChordManager.lstChords.begin());
+    };
+    if (indexOf() < 0) mnuSearchClear_Click();
+    ChooseChord(indexOf(), Choose::Only);
+}
+
 void ChooseAllChords() {
     ChordManager.Chosen = {ChordManager.lstChords.begin(), ChordManager.lstChords.end()};
     if (ChordManager.View) ChordManager.View->RefreshChosen();
+}
+
+// Restoring ----------------------------------------------------------------------------------------------------------
+
+void mnuResetChords_Click() {
+    // A person's own are those of other names, and those that were changed.
+    std::size_t others = 0;
+    std::map<std::string, std::string> defaults;
+    for (NamedBytes& file : Library::DefaultChords()) defaults.emplace(std::move(file.Name), std::move(file.Bytes));
+    Chords.Refresh();
+    for (const std::string& name : Chords.Names()) {
+        const auto known = defaults.find(name);
+        if (known == defaults.end() || Services.Files->Read(Chords.FileOf(name)) != known->second) ++others;
+    }
+    const std::string question =
+        others == 0 ? LanguageText("str_ChordsRestore", {WithThousands(defaults.size()), Chords.Folder().string()})
+                    : LanguageText("str_ChordsRestoreLosing",
+                                   {WithThousands(defaults.size()), Chords.Folder().string(), WithThousands(others)});
+    const Answer answer = Services.Messages->Show(question, LanguageText("str_TitleQuestion"), Buttons::YesNo,
+                                                  others == 0 ? BoxIcon::Question : BoxIcon::Exclamation);
+    if (answer != Answer::Yes) return;
+    Library::CreateAllChords();
+    ChordFolderChanged();
+    Shell::Program.View->ShowStatus(LanguageText("str_ChordsRestored", {WithThousands(defaults.size())}));
 }
 
 }  // namespace Quillon::Tools

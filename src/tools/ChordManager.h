@@ -77,10 +77,15 @@ enum class Choose : std::uint8_t { Only, Toggle, Range, Move };
 /// heard when the setting says so.
 void ChooseChord(int index, Choose how);
 void ChooseAllChords();
+/// Goes to a chord by its name; a filter that hides it is cleared.
+void ShowChord(const std::string& name);
 /// The current chord's name; "" without one.
 std::string CurrentChord();
 /// The chosen ones in the library's order, of those that are shown.
 std::vector<std::string> ChosenChords();
+
+/// "&Restore Chords": the program's own chords again, after a question that tells what would go.
+void mnuResetChords_Click();
 
 // What is done with them ---------------------------------------------------------------------------------------------
 

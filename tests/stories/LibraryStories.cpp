@@ -7,6 +7,7 @@
 
 using namespace Quillon::Testing;
 using testing::HasSubstr;
+using testing::Not;
 
 TEST(LibraryStories, LibrariesAreMadeSearchedAndNamed) {
     const CliStory story;
@@ -40,5 +41,25 @@ TEST(LibraryStories, LibrariesAreMadeSearchedAndNamed) {
         const Finished run = story.Run(wrong);
         EXPECT_EQ(run.Status, 2) << wrong.back();
         EXPECT_EQ(run.Out, "");
+    }
+}
+
+TEST(LibraryStories, ChordsGoIntoASongAndOntoPaper) {
+    const CliStory story;
+    const std::string song = (std::filesystem::path(QUILLON_SOURCE_DIR) / "examples/greensleeves.json").string();
+    const std::string out = (story / "song.json").string();
+    EXPECT_EQ(story.Run({"chords", "add", song, "A m@0,0,0", "C-Cmaj@0,1,0", "--out", out}).Status, 0);
+    EXPECT_THAT(Slurp(out), HasSubstr("\"ChordName\": \"C-Cmaj\""));
+    EXPECT_EQ(story.Run({"chords", "add", song, "G-Gmaj (2)@0,0,0", "--notes", "--out", out}).Status, 0);
+    EXPECT_THAT(Slurp(out), Not(HasSubstr("G-Gmaj")));
+    EXPECT_EQ(story.Run({"chords", "export", (story / "c.txt").string(), "--name", "G-Gmaj (2)"}).Status, 0);
+    EXPECT_EQ(Slurp(story / "c.txt"), "G-Gmaj (2)  3  2  0  0  0  3      G  B  D  G  B  G\r\n");
+    EXPECT_EQ(story.Run({"chords", "print", (story / "c.pdf").string(), "--name", "cm7"}).Status, 0);
+    EXPECT_TRUE(Slurp(story / "c.pdf").starts_with("%PDF"));
+    for (const char* const wrong : {"A m@0,0", "A m@x,0,0", "A m@0,0,0,0"}) {
+        EXPECT_EQ(story.Run({"chords", "add", song, wrong, "--out", out}).Status, 2) << wrong;
+    }
+    for (const char* const missing : {"Nowhere@0,0,0", "A m@9,0,0", "A m@0,999,0"}) {
+        EXPECT_EQ(story.Run({"chords", "add", song, missing, "--out", out}).Status, 1) << missing;
     }
 }

@@ -4,10 +4,13 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPushButton>
 #include <QToolButton>
+#include <QTreeWidget>
 
 #include "core/mod_TabFileManipulation.h"
 #include "forms/frmChordManager.h"
+#include "forms/picChordBox.h"
 #include "forms/picChordView.h"
 #include "library/NoteRun.h"
 #include "shell/ToolWindows.h"
@@ -29,6 +32,19 @@ protected:
     void Act(const char* name) {
         tool->findChild<QAction*>(name)->trigger();
         Settle();
+    }
+    /// Has `act` work on the dialog of an entry of the window's menus.
+    void WithDialogOf(const char* name, const std::function<void(QDialog&)>& act) {
+        bool seen = false;
+        QTimer::singleShot(0, window.get(), [&] {
+            auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            if (!dialog) return;
+            seen = true;
+            act(*dialog);
+            if (dialog->isVisible()) dialog->reject();
+        });
+        Act(name);
+        EXPECT_TRUE(seen) << name;
     }
     static std::string Fret(int string) { return Core::ReadStrum(0, 0, 0).Notes[string].Fret; }
 
@@ -141,6 +157,57 @@ TEST_F(ToolWindowsTest, BoxesTakeTheMouseAndShowJustWhatIsInView) {
     In<QComboBox>(*tool, "cmbSearch").activated(1);
     QTest::keyClicks(&In<QLineEdit>(*tool, "txtTabSearch0"), "3");
     EXPECT_LT(ChordManager.lstChords.size(), 1555U);
+}
+
+TEST_F(ToolWindowsTest, AChordIsMadeByClicksRenamedAndPrinted) {
+    Start();
+    Open();
+    WithDialogOf("mnuAddChord", [this](QDialog& dialog) {
+        auto& neck = In<picChordBox>(dialog, "picChordBox");
+        const auto click = [&neck](int string, int row) {
+            const QPointF at(neck.Box().X(string), neck.Box().Y(row));
+            QTest::mouseClick(&neck, Qt::LeftButton, {}, at.toPoint());
+        };
+        click(5, 2);
+        click(4, 1);
+        for (const int open : {1, 2, 3}) click(open, -1);
+        neck.setFocus();
+        QTest::keyClick(&neck, Qt::Key_Home);  // means nothing here
+        click(0, 2);
+        EXPECT_EQ(In<QLineEdit>(dialog, "txtFrets").text(), "3 2 0 0 0 3");
+        EXPECT_EQ(In<QLineEdit>(dialog, "txtName").text(), "G") << "the name follows the shape";
+        QTest::keyClick(&neck, Qt::Key_4);
+        auto& frets = In<QLineEdit>(dialog, "txtFrets");
+        frets.setFocus();
+        frets.selectAll();
+        QTest::keyClicks(&frets, "x32010");
+        EXPECT_EQ(In<QLineEdit>(dialog, "txtName").text(), "C");
+        EXPECT_EQ(In<QComboBox>(dialog, "cmbNames").currentText(), "C");
+        In<QPushButton>(dialog, "cmdPlay").click();
+        EXPECT_TRUE(Library::IsRunPlaying());
+        In<QLineEdit>(dialog, "txtName").setText("My C");
+        dialog.accept();
+    });
+    EXPECT_FALSE(Library::IsRunPlaying()) << "it ends with its window";
+    EXPECT_EQ(Tools::CurrentChord(), "My C");
+    WithDialogOf("mnuBatch", [](QDialog& dialog) {
+        EXPECT_EQ(In<QLineEdit>(dialog, "txtFind").text(), "My C");
+        In<QLineEdit>(dialog, "txtReplace").setText("C-Cmaj");
+        dialog.accept();
+        EXPECT_TRUE(dialog.isVisible()) << "another chord has this name";
+        In<QLineEdit>(dialog, "txtReplace").setText("Your C");
+        EXPECT_EQ(In<QTreeWidget>(dialog, "lstPlan").topLevelItem(0)->text(1), "Your C");
+        dialog.accept();
+    });
+    EXPECT_EQ(Tools::CurrentChord(), "Your C");
+    Tools::txtSearch_Change("Cm7");
+    Tools::ChooseAllChords();
+    WithDialogOf("mnuPrintChords", [](QDialog& dialog) {
+        EXPECT_EQ(In<QLabel>(dialog, "lblPage").text(), "Page 1 of 1");
+        const QImage before = dialog.grab().toImage();
+        In<QComboBox>(dialog, "cmbDisplay").activated(0);
+        EXPECT_NE(dialog.grab().toImage(), before);
+    });
 }
 
 }  // namespace

@@ -1,0 +1,209 @@
+#include "tools/ChordBatch.h"
+
+#include <algorithm>
+#include <map>
+#include <set>
+
+#include "core/mod_Common.h"
+#include "core/mod_Language.h"
+#include "library/ChordNaming.h"
+#include "library/mod_Chords.h"
+#include "platform/MessageBox.h"
+#include "platform/Services.h"
+#include "shell/LongWork.h"
+#include "shell/mod_Shell.h"
+#include "tools/ChordManager.h"
+
+namespace Quillon::Tools {
+
+using Core::LanguageText;
+using Library::Chords;
+
+namespace {
+
+std::set<std::string> Taken() { return {Chords.Names().begin(), Chords.Names().end()}; }
+
+std::string WithReplaced(const std::string& name, const std::string& find, const std::string& replace) {
+    if (find.empty()) return replace + name;
+    std::string result;
+    std::size_t from = 0;
+    for (std::size_t at = name.find(find); at != std::string::npos; at = name.find(find, from)) {
+        result += name.substr(from, at - from) + replace;
+        from = at + find.size();
+    }
+    return result + name.substr(from);
+}
+
+/// The name, or with the next number of a voicing that is free.
+std::string FreeName(const std::string& name, const std::set<std::string>& taken) {
+    if (!taken.contains(name)) return name;
+    const std::string base(Library::VoicingBase(name));
+    for (int voicing = 2;; ++voicing) {
+        std::string numbered = base + " (" + std::to_string(voicing) + ")";
+        if (!taken.contains(numbered)) return numbered;
+    }
+}
+
+}  // namespace
+
+void ChordBatchModel::Load() {
+    Names = ChosenChords();
+    // One chord is simply given another name.
+    if (Names.size() == 1) Find = Replace = Names.front();
+}
+
+std::vector<ChordBatchModel::Change> ChordBatchModel::Renamed() const {
+    const std::set<std::string> going(Names.begin(), Names.end());
+    const std::set<std::string> taken = Taken();
+    std::set<std::string> given;
+    std::vector<Change> plan;
+    for (const std::string& name : Names) {
+        Change change{name, WithReplaced(name, Find, Replace)};
+        const bool free = !taken.contains(change.To) || going.contains(change.To);
+        if (change.To == name) {
+            change.Why = "str_BatchSame";
+        } else if (change.To.empty() || Library::FileNameOf(change.To) != change.To) {
+            change.Why = "str_BatchNoName";
+        } else if (!free || given.contains(change.To)) {
+            change.Why = "str_BatchTaken";
+        }
+        given.insert(*change.Why == 0 ? change.To : name);
+        plan.push_back(std::move(change));
+    }
+    return plan;
+}
+
+std::vector<ChordBatchModel::Change> ChordBatchModel::Transposed() const {
+    std::set<std::string> taken = Taken();
+    if (!KeepOld) {
+        for (const std::string& name : Names) taken.erase(name);
+    }
+    std::vector<Change> plan;
+    for (const std::string& name : Names) {
+        Change change{name};
+        const Library::ChordRec* const chord = Chords.Find(name);
+        if (!chord) {
+            change.Why = "str_BatchUnreadable";
+        } else if (!Library::TransposedChord(*chord, Semitones)) {
+            change.Why = "str_BatchOffNeck";
+        } else {
+            change.To = FreeName(Library::TransposedName(name, Semitones, Flats), taken);
+        }
+        // What stays keeps its name.
+        taken.insert(*change.Why == 0 ? change.To : name);
+        plan.push_back(std::move(change));
+    }
+    return plan;
+}
+
+std::vector<ChordBatchModel::Change> ChordBatchModel::Plan() const {
+    switch (Do) {
+        case Operation::Rename:
+            return Renamed();
+        case Operation::Transpose:
+            return Transposed();
+        default:
+            return {};
+    }
+}
+
+std::string_view ChordBatchModel::Validate() const {
+    if (Names.empty()) return "str_BatchNoChords";
+    if (Do == Operation::Delete || Do == Operation::Export) return "";
+    const auto plan = Plan();
+    const bool any = std::ranges::any_of(plan, [](const Change& change) { return *change.Why == 0; });
+    return any ? "" : "str_BatchNothing";
+}
+
+int ChordBatchModel::Apply(const std::function<bool(int)>& goOn) const {
+    if (Do == Operation::Export) return 0;
+    if (Do == Operation::Delete) {
+        for (const std::string& name : Names) Services.Files->Delete(Chords.FileOf(name));
+        return static_cast<int>(Names.size());
+    }
+    std::map<std::string, std::string> going;  // old names and what their files held
+    std::vector<NamedBytes> files;
+    for (const Change& change : Plan()) {
+        if (*change.Why != 0) continue;
+        std::string bytes = Services.Files->Read(Chords.FileOf(change.From));
+        if (Do == Operation::Rename || !KeepOld) going[change.From] = bytes;
+        if (Do == Operation::Transpose) {
+            bytes = Library::WriteChord(*Library::TransposedChord(*Chords.Find(change.From), Semitones));
+        }
+        files.push_back({change.To, std::move(bytes)});
+    }
+    for (std::size_t done = 0; done < files.size(); ++done) {
+        constexpr std::size_t Percent = 100;
+        if (goOn && !goOn(static_cast<int>(Percent * done / files.size()))) {
+            for (std::size_t each = 0; each < done; ++each) {
+                const auto old = going.find(files[each].Name);
+                if (old == going.end())
+                    Services.Files->Delete(Chords.FileOf(files[each].Name));
+                else
+                    Services.Files->Replace(Chords.FileOf(old->first), old->second);
+            }
+            return 0;
+        }
+        Services.Files->Replace(Chords.FileOf(files[done].Name), files[done].Bytes);
+    }
+    for (const NamedBytes& file : files) going.erase(file.Name);
+    for (const auto& [name, bytes] : going) Services.Files->Delete(Chords.FileOf(name));
+    return static_cast<int>(files.size());
+}
+
+namespace {
+
+void ExportChords(const std::vector<std::string>& names) {
+    const auto target = Shell::Program.View->AskFileToWrite(LanguageText("str_ChordManagerTitle") + ".txt",
+                                                            {{"str_FilterText", {"txt"}}});
+    if (!target) return;
+    Services.Files->Replace(*target, Core::ToWindows1252(Library::ChordsAsText(Chords, names)));
+    Shell::Program.View->ShowStatus(LanguageText("str_BatchExported", {target->filename().string()}));
+}
+
+bool MayDelete(const std::vector<std::string>& names) {
+    const std::string number = std::to_string(names.size());
+    const std::string question = names.size() == 1
+                                     ? LanguageText("str_ChordDelete", {Chords.FileOf(names.front()).string()})
+                                     : LanguageText("str_ChordsDelete", {number, Chords.Folder().string()});
+    return Services.Messages->Show(question, LanguageText("str_TitleQuestion"), Buttons::YesNo, BoxIcon::Question) ==
+           Answer::Yes;
+}
+
+void Run(const ChordBatchModel& model) {
+    using Operation = ChordBatchModel::Operation;
+    if (model.Do == Operation::Export) return ExportChords(model.Names);
+    if (model.Do == Operation::Delete && !MayDelete(model.Names)) return;
+    const auto plan = model.Plan();
+    int done = 0;
+    {
+        const Shell::LongWork work(LanguageText("str_BatchTitle"));
+        done = model.Apply([](int percent) { return Shell::Program.View->GoOnWithWork(percent); });
+    }
+    ChordFolderChanged();
+    if (!plan.empty() && done > 0) {
+        const auto last = std::ranges::find_if(plan, [](const auto& change) { return *change.Why == 0; });
+        if (last != plan.end()) ShowChord(last->To);
+    }
+    const char* const text = model.Do == Operation::Rename      ? "str_BatchRenamed"
+                             : model.Do == Operation::Transpose ? "str_BatchTransposed"
+                                                                : "str_BatchDeleted";
+    Shell::Program.View->ShowStatus(LanguageText(text, {std::to_string(done)}));
+}
+
+}  // namespace
+
+void mnuBatchOperations_Click() {
+    ChordBatchModel model;
+    model.Load();
+    if (Shell::Program.Dialogs->Edit(model)) Run(model);
+}
+
+void DeleteChosenChords() {
+    ChordBatchModel model;
+    model.Load();
+    model.Do = ChordBatchModel::Operation::Delete;
+    if (model.Validate().empty()) Run(model);
+}
+
+}  // namespace Quillon::Tools
