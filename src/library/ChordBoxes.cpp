@@ -132,7 +132,7 @@ double LeftFor(const ChordRec& chord, double left, double step) {
     return left + (UsualStrings - chord.NumStrings) * step / 2;
 }
 
-void DrawNotes(Picture& picture, const ChordRec& chord, double left, double top, bool lefthanded,
+void DrawNotes(Picture& picture, const ChordRec& chord, double left, double top, bool lefthanded, bool flats,
                const BoxColors& colors) {
     const double step = chord.NumStrings > UsualStrings ? Unit * UsualStrings / chord.NumStrings : Unit;
     const double first = LeftFor(chord, left, step) + step / 2 - 3;
@@ -149,7 +149,7 @@ void DrawNotes(Picture& picture, const ChordRec& chord, double left, double top,
                                                : "",
                       Anchor::Center);
         picture.SetColor(colors.Ink);
-        if (pitch) picture.Print(x, top + noteLine, PitchClassName(*pitch), Anchor::Center);
+        if (pitch) picture.Print(x, top + noteLine, PitchClassName(*pitch, flats), Anchor::Center);
     }
 }
 
@@ -219,7 +219,7 @@ void DrawChordCell(Picture& picture, double x, double y, const std::string& name
     box(shows.Box, BoxScale, smallFret, false);
     box(shows.Fingers, FingersScale, largeFret, true);
     if (shows.Notes) {
-        DrawNotes(picture, *chord, x + shows.Notes->Left, y + shows.Notes->Top, lefthanded, colors);
+        DrawNotes(picture, *chord, x + shows.Notes->Left, y + shows.Notes->Top, lefthanded, PrefersFlats(name), colors);
     }
 }
 

@@ -58,7 +58,7 @@ std::string ChordsAsText(ChordLibrary& library, const std::vector<std::string>& 
             const auto pitch = PitchOn(*chord, string);
             constexpr std::size_t Column = 3;
             frets += Padded(fret ? std::to_string(*fret) : IsMuted(*chord, string) ? "x" : "-", Column);
-            notes += Padded(pitch ? PitchClassName(*pitch) : "-", Column);
+            notes += Padded(pitch ? PitchClassName(*pitch, PrefersFlats(name)) : "-", Column);
         }
         std::string line = Padded(name, width + 2) + Padded(frets, 3U * StringCount + 1) + notes;
         while (line.ends_with(' ')) line.pop_back();

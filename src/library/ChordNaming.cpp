@@ -211,6 +211,16 @@ bool ParseChordSymbol(std::string_view symbol, ChordTones& tones) {
     return false;
 }
 
+bool PrefersFlats(std::string_view symbol) {
+    ChordTones tones;
+    const std::string_view name = Core::TrimBlanks(symbol);
+    if (!ParseChordSymbol(name, tones)) return false;
+    if (name.size() > 1 && (name[1] == '#' || name[1] == 'b')) return name[1] == 'b';
+    constexpr int C = 0, D = 2, F = 5, G = 7, MinorThird = 3;
+    const bool minor = std::ranges::count(tones.Needed, Wrap(tones.Root + MinorThird)) > 0;
+    return tones.Root == C || tones.Root == F || (minor && (tones.Root == D || tones.Root == G));
+}
+
 std::string_view VoicingBase(std::string_view name) {
     const std::size_t open = name.rfind(" (");
     const bool numbered = open != std::string_view::npos && name.ends_with(')') && open + 3 < name.size() &&

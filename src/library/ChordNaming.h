@@ -28,6 +28,10 @@ struct ChordTones {
 /// "G-Gmaj (2)". False for a symbol that is not known.
 bool ParseChordSymbol(std::string_view symbol, ChordTones& tones);
 
+/// Whether a chord's notes are better told with flats: where its name or the usual key of its root has them, as "Bb",
+/// "F7" or "Cm7". False for a symbol that is not known.
+bool PrefersFlats(std::string_view symbol);
+
 /// A symbol, or a name of the chord library, with every note in it so many semitones on: "G-Gmaj (2)" two up is
 /// "A-Amaj (2)". A note that was written with a flat stays one, also with `flats`; what is no note stays.
 std::string TransposedName(std::string_view name, int semitones, bool flats = false);

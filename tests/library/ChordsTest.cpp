@@ -144,6 +144,12 @@ TEST(ChordNaming, NamesWhatAHandPlays) {
     }
     EXPECT_TRUE(ChordNames(std::vector<int>{60, 61, 62, 63}).empty());
     EXPECT_EQ(ChordNames(PitchesOf(Shape("x 1 3 3 3 1")), true).front(), "Bb");
+    for (const char* const flat : {"Bb", "F 7", "Cm7-Cmin7 (2)", "Gm", "Dm7b5", "Eb-Ebmaj"}) {
+        EXPECT_TRUE(PrefersFlats(flat)) << flat;
+    }
+    for (const char* const sharp : {"G", "A m7", "D7", "F#m", "C#-C#maj", "E", "what"}) {
+        EXPECT_FALSE(PrefersFlats(sharp)) << sharp;
+    }
     ChordTones tones;
     for (const char* const unknown : {"", "H", "Cfoo", "C/Q", "-"}) EXPECT_FALSE(ParseChordSymbol(unknown, tones));
 }
