@@ -63,7 +63,8 @@ void picChordBox::paintEvent(QPaintEvent*) {
         look.Fingers = true;
         look.Lefthanded = box.Lefthanded;
         look.Frets = Library::BoxFrets{model.Top, ChordEditorModel::Rows};
-        look.Colors = {ToColor(palette().color(QPalette::Text)), ToColor(palette().color(QPalette::PlaceholderText)),
+        look.Colors = {ToColor(palette().color(QPalette::Text)),
+                       ToColor(Between(palette().color(QPalette::Text), ground)),
                        ToColor(palette().color(QPalette::Highlight))};
         Library::DrawChordBox(picture, model.Chord(), look);
         picture.SetColor(look.Colors.Faint);
