@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <vector>
 
 #include "core/mod_TabFileStructure.h"
@@ -74,7 +75,6 @@ private:
     QLabel* lblInTrack = nullptr;
     QLabel* lblCount = nullptr;
     QToolButton* cmdCursor = nullptr;
-    QToolButton* cmdLefty = nullptr;
     QPushButton* cmdMenu = nullptr;
     QMenu* mnuChords = nullptr;  ///< of the window
     QMenu* lblMenu = nullptr;    ///< of the chosen chords
@@ -83,6 +83,7 @@ private:
     QActionGroup* displays = nullptr;
     std::vector<Entry> entries;
     std::string atCursor;
+    std::optional<bool> shownHand;  ///< whether the left one's icon stands on the button
 };
 
 }  // namespace Quillon::Forms

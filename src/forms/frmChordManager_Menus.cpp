@@ -132,7 +132,7 @@ QHBoxLayout* frmChordManager::BuildButtons() {
     for (const char* const name : {"mnuPlayChord", "mnuAddAsNotes", "mnuAddAsDiagram", "mnuAddChord"}) {
         add(findChild<QAction*>(name));
     }
-    cmdLefty = add(findChild<QAction*>("mnuViewLefty"));
+    add(findChild<QAction*>("mnuViewLefty"));
     row->addStretch();
     cmdMenu = new QPushButton(this);
     cmdMenu->setObjectName("cmdMenu");
@@ -149,6 +149,8 @@ void frmChordManager::ShowEntries() {
         if (entry.Checked) entry.Action->setChecked(entry.Checked());
     }
     displays->actions().at(ChordManager.DisplayMode)->setChecked(true);
+    if (shownHand == ChordManager.Lefthanded) return;
+    shownHand = ChordManager.Lefthanded;
     findChild<QAction*>("mnuViewLefty")->setIcon(SvgIcon(ChordManager.Lefthanded ? "lhand" : "rhand"));
 }
 

@@ -164,16 +164,16 @@ TEST_F(ChordEditingTest, ManyAreRenamedTransposedAndDeleted) {
     ASSERT_GT(many, 2U);
     run->Window.On<ChordBatchModel>([](ChordBatchModel& model) {
         model.Find = "G-Gmaj";
-        model.Replace = "My G";
+        model.Replace = "G-Mine";
         return model.Validate().empty();
     });
     mnuBatchOperations_Click();
-    EXPECT_TRUE(Has("My G (2)"));
+    EXPECT_TRUE(Has("G-Mine (2)"));
     EXPECT_FALSE(Has("G-Gmaj (2)"));
     EXPECT_EQ(Library::Chords.Names().size(), 1555U);
 
     // What can't be named so is told, and nothing is lost.
-    ChooseAll("My G");
+    ChooseAll("G-Mine");
     ChordBatchModel model;
     model.Load();
     const auto why = [&](const char* find, const char* replace) {
@@ -183,34 +183,34 @@ TEST_F(ChordEditingTest, ManyAreRenamedTransposedAndDeleted) {
     };
     EXPECT_EQ(why("nowhere", "x"), "str_BatchSame");
     EXPECT_EQ(model.Validate(), "str_BatchNothing");
-    EXPECT_EQ(why("My G", "a/b"), "str_BatchNoName");
-    EXPECT_EQ(why("My G", "A-Amaj"), "str_BatchTaken");
+    EXPECT_EQ(why("G-Mine", "a/b"), "str_BatchNoName");
+    EXPECT_EQ(why("G-Mine", "A-Amaj"), "str_BatchTaken");
     EXPECT_EQ(why("", "Old "), "");
 
-    ChooseAll("My G");
+    ChooseAll("G-Mine");
     run->Window.On<ChordBatchModel>([](ChordBatchModel& each) {
         each.Do = Operation::Transpose;
         each.Semitones = 2;
         return true;
     });
-    const std::string shape = FretsOf("My G (2)");
+    const std::string shape = FretsOf("G-Mine (2)");
     EXPECT_EQ(shape, "3 2 0 0 0 3");
     mnuBatchOperations_Click();
     EXPECT_EQ(Library::Chords.Names().size(), 1555U + many);
-    EXPECT_EQ(FretsOf("My A (2)"), "5 4 2 2 2 5");
-    const auto down = Library::TransposedChord(*Library::Chords.Find("My G (2)"), -1);
+    EXPECT_EQ(FretsOf("A-Mine (2)"), "5 4 2 2 2 5");
+    const auto down = Library::TransposedChord(*Library::Chords.Find("G-Mine (2)"), -1);
     ASSERT_TRUE(down);
     EXPECT_EQ(Library::AbsoluteFret(*down, 5), 14) << "below the nut it goes on an octave up";
     EXPECT_FALSE(Library::TransposedChord(Library::MakeChord(6, false, {"x", "x", "x", "x", "x", "x"}), 1));
     EXPECT_FALSE(Library::TransposedChord(Library::MakeChord(6, false, {"0", "24", "x", "x", "x", "x"}), 1));
 
-    ChooseAll("My A");
+    ChooseAll("A-Mine");
     run->Box.Answers = {Answer::No};
     DeleteChosenChords();
-    EXPECT_TRUE(Has("My A (2)"));
+    EXPECT_TRUE(Has("A-Mine (2)"));
     run->Box.Answers = {Answer::Yes};
     DeleteChosenChords();
-    EXPECT_FALSE(Has("My A (2)"));
+    EXPECT_FALSE(Has("A-Mine (2)"));
     EXPECT_EQ(Library::Chords.Names().size(), 1555U);
 }
 
@@ -226,19 +226,19 @@ TEST_F(ChordEditingTest, ChordsAreToldAsTextAndPrinted) {
     Testing::CheckGolden("library/ChordsAsText.txt", Testing::Slurp(folder / "chords.txt"));
 
     mnuSearchClear_Click();
+    ChooseChord(0, Choose::Only);
     ChordSheetModel sheet;
     sheet.Load();
     EXPECT_EQ(sheet.Names.size(), 1555U) << "one chosen chord is no sheet";
-    int cells = 0;
-    for (int page = 0; page < sheet.Pages(); ++page) {
+    const auto logOf = [&sheet](int page) {
         PictureLog log;
         sheet.Draw(log, page);
-        for (std::size_t at = log.Text().find("w2\n"); at != std::string::npos; at = log.Text().find("w2\n", at + 1)) {
-            ++cells;  // a nut each
-        }
-        EXPECT_NE(log.Text().find("\"Chords\""), std::string::npos);
-    }
-    EXPECT_GT(cells, 600) << "all pages together hold the chords of the first frets";
+        return log.Text();
+    };
+    EXPECT_GT(sheet.Pages(), 20);
+    EXPECT_NE(logOf(0).find("\"A +\""), std::string::npos);
+    EXPECT_NE(logOf(sheet.Pages() - 1).find("\"" + sheet.Names.back() + "\""), std::string::npos);
+    EXPECT_EQ(logOf(0).find("\"" + sheet.Names.back() + "\""), std::string::npos);
     ChooseAll("C m7");
     bool handed = false;
     run->Window.On<ChordSheetModel>([&handed](ChordSheetModel& model) {
