@@ -194,7 +194,9 @@ void frmChordManager::SetTexts() {
     }
     for (const Entry& entry : entries) {
         entry.Action->setText(Text(entry.Text));
-        entry.Action->setToolTip(Text(entry.Text).remove('&').remove("..."));
+        const QString key = entry.Action->shortcut().toString(QKeySequence::NativeText);
+        const QString caption = Text(entry.Text).remove('&').remove("...");
+        entry.Action->setToolTip(key.isEmpty() ? caption : QString("%1 (%2)").arg(caption, key));
     }
     cmdMenu->setText(Text("str_ChordMenu"));
     cmdMenu->setAccessibleName(Text("str_ChordMenu"));
