@@ -190,7 +190,7 @@ void frmChordManager::SetTexts() {
     mnuDisplay->setTitle(Text("str_ChordDisplay"));
     int mode = 0;
     for (QAction* const action : displays->actions()) {
-        action->setText(Text("str_ChordShows" + std::to_string(mode++)));
+        action->setText(ToQString(Tools::DisplayModeText(mode++)));
     }
     for (const Entry& entry : entries) {
         entry.Action->setText(Text(entry.Text));

@@ -21,6 +21,7 @@
 #include "platform/qt/PaintedPages.h"
 #include "platform/qt/PainterPicture.h"
 #include "shell/mod_Shell.h"
+#include "tools/ChordManager.h"
 #include "tools/ChordSheet.h"
 
 namespace Quillon::Forms {
@@ -97,7 +98,7 @@ frmChordPrinter::frmChordPrinter(Tools::ChordSheetModel& shown, QWidget* parent)
     auto* const display = new QComboBox(this);
     display->setObjectName("cmbDisplay");
     for (int mode = 0; mode < Library::DisplayModes; ++mode) {
-        display->addItem(Text("str_ChordShows" + std::to_string(mode)).remove('&'));
+        display->addItem(ToQString(Tools::DisplayModeText(mode)).remove('&'));
     }
     display->setCurrentIndex(model.DisplayMode);
     display->setAccessibleName(Text("str_ChordDisplay").remove('&'));
