@@ -55,8 +55,11 @@ public:
                 SkipTag();
             } else if (page[at] == '&') {
                 ReadEntity();
+                lineHasText = true;
             } else {
+                lineHasText = lineHasText || std::string_view(" \t\r\n").find(page[at]) == None;
                 text += page[at++];
+                if (text.back() == '\n') lineHasText = false;
             }
         }
         return std::move(text);
@@ -90,11 +93,25 @@ private:
         std::size_t name = at + 1;
         while (name < page.size() && (IsLetter(page[name]) || page[name] == '/')) ++name;
         const std::string_view tag = Lower(at + 1).substr(0, name - at - 1);
-        if (tag == "br" || tag == "br/" || tag == "p" || tag == "/p" || tag == "div" || tag == "/div" ||
-            tag == "/pre" || tag == "/tr" || tag == "/li" || tag == "/title" || tag == "/h") {
-            text += '\n';
-        }
         at = end == None ? page.size() : end + 1;
+        BreakLine(tag);
+    }
+
+    /// Tags that end a line; line ends of the page itself right behind them show nothing. A paragraph of several lines
+    /// stands apart from the next one; where each line is a paragraph they belong together.
+    void BreakLine(std::string_view tag) {
+        const bool line = tag == "br" || tag == "br/";
+        const bool paragraph = tag == "p" || tag == "/p";
+        const bool block = paragraph || tag == "div" || tag == "/div" || tag == "/pre" || tag == "/tr" ||
+                           tag == "/li" || tag == "/title" || tag == "/h";
+        if (!line && !block) return;
+        if (line || lineHasText) text += '\n';
+        if (paragraph && breaks > 0) text += '\n';
+        breaks = line ? breaks + 1 : 0;
+        lineHasText = false;
+        const std::size_t next = page.find_first_not_of(" \t\r\n", at);
+        const std::size_t lineEnd = page.substr(at, next - std::min(at, next)).rfind('\n');
+        if (lineEnd != None) at += lineEnd + 1;
     }
 
     void ReadEntity() {
@@ -113,6 +130,8 @@ private:
     std::string lower;
     std::string text;
     std::size_t at = 0;
+    bool lineHasText = false;
+    int breaks = 0;                  ///< within this paragraph
     std::size_t noTagBehind = None;  ///< from here on no ">" ends anything
 };
 
