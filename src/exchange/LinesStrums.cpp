@@ -79,7 +79,8 @@ TimedBar ByColumns(const TabBar& bar, double barLength, const BarMargins& margin
         return writer.Take();
     }
     writer.AddRests(0, times.Slots.front() * times.Unit, times.Unit);
-    const int end = std::max(static_cast<int>(std::lround(barLength / times.Unit)), times.Slots.back() + 1);
+    const int filled = std::max(static_cast<int>(std::lround(barLength / times.Unit)), times.Slots.back() + 1);
+    const int end = times.End > 0 ? times.End : filled;
     for (std::size_t i = 0; i < times.Slots.size(); ++i) {
         const int to = i + 1 < times.Slots.size() ? times.Slots[i + 1] : end;
         const double room = (to - times.Slots[i]) * times.Unit;
@@ -87,6 +88,7 @@ TimedBar ByColumns(const TabBar& bar, double barLength, const BarMargins& margin
         writer.AddNotes(columns.Columns[i], value);
         writer.AddRests(columns.Columns[i], room - value.Length, times.Unit);
     }
+    if (times.End > 0) writer.AddRests(columns.Columns.back(), barLength - end * times.Unit, times.Unit / 2);
     return writer.Take();
 }
 

@@ -24,6 +24,7 @@ constexpr Unit Units[] = {
 constexpr int MostLead = 4;
 constexpr int MostTrail = 3;
 constexpr double OtherMargin = 0.05;  ///< for each column that a bar's margins differ from the common ones
+constexpr double FirstRest = 0.1;     ///< for a rest at the beginning that the margins may explain as well
 
 /// Slots of a bar under one reading of its margins and unit; nothing when they have no room.
 std::optional<BarTimes> Fit(const BarColumns& bar, double barLength, const BarMargins& margins, const Unit& unit) {
@@ -47,6 +48,8 @@ std::optional<BarTimes> Fit(const BarColumns& bar, double barLength, const BarMa
         before = slot;
     }
     times.Cost = sum / static_cast<double>(std::max<std::size_t>(bar.Columns.size(), 1)) + unit.Penalty;
+    const bool mayBegin = !bar.Columns.empty() && bar.Columns.front() <= MostLead && !margins.Exact;
+    if (mayBegin && times.Slots.front() > 0) times.Cost += FirstRest;
     return times;
 }
 
@@ -58,6 +61,69 @@ std::optional<BarTimes> BestFit(const BarColumns& bar, double barLength, const B
         if (fit && (!best || fit->Cost < best->Cost)) best = std::move(fit);
     }
     return best;
+}
+
+/// The columns from each note to the next where all are the same; 0 where they differ or are too few to tell.
+int EvenStep(const std::vector<int>& columns) {
+    constexpr std::size_t fewest = 4;
+    if (columns.size() < fewest) return 0;
+    const int step = columns[1] - columns[0];
+    for (std::size_t i = 2; i < columns.size(); ++i) {
+        if (columns[i] - columns[i - 1] != step) return 0;
+    }
+    return step;
+}
+
+bool IsProportional(const BarTimes& times, const std::vector<int>& columns) {
+    for (std::size_t i = 2; i < columns.size(); ++i) {
+        const int steps = times.Slots[i] - times.Slots[i - 1];
+        const int firstSteps = times.Slots[1] - times.Slots[0];
+        if (steps * (columns[1] - columns[0]) != firstSteps * (columns[i] - columns[i - 1])) return false;
+    }
+    return true;
+}
+
+/// What each of so many even steps lasts in a bar, 64ths: what fills it, else the plain value that leaves the shorter
+/// part of it to rests, else the triplet. 0 for more steps than there are values.
+double StepLength(int steps, double barLength) {
+    constexpr double plain[] = {32, 16, 8, 4, 2, 1};
+    constexpr double triplets[] = {32.0 / 3, 16.0 / 3, 8.0 / 3, 4.0 / 3};
+    constexpr double hair = 1e-9, longerPart = 0.6;
+    for (const double length : triplets) {
+        if (std::fabs(steps * length - barLength) < hair) return length;
+    }
+    for (const double length : plain) {
+        const double filled = steps * length;
+        if (filled <= barLength + hair && filled >= longerPart * barLength) return length;
+    }
+    for (const double length : triplets) {
+        if (steps * length <= barLength + hair) return length;
+    }
+    return 0;
+}
+
+/// Notes that are written evenly last equally, and the bar rests behind them: whoever wrote them so had no thought of
+/// filling it. Nothing for bars that are not so.
+std::optional<BarTimes> EvenTimes(const BarColumns& bar, double barLength, int lead) {
+    const int step = EvenStep(bar.Columns);
+    if (step == 0) return {};
+    const auto steps = [&](int columns) { return static_cast<int>(std::lround(static_cast<double>(columns) / step)); };
+    const int first = bar.Columns.front();
+    const int begin = first <= MostLead ? first : lead;
+    BarTimes times;
+    for (const int column : bar.Columns) times.Slots.push_back(steps(first - begin) + (column - first) / step);
+    const int last = times.Slots.back() + 1;
+    times.End = std::max(last, steps(bar.Width - begin));
+    // The bar line may have taken the room of a step, or two of them may have been drawn around it.
+    for (const int other : {times.End + 1, times.End - 1}) {
+        const double length = barLength / other;
+        const double power = std::log2(length);
+        if (other >= last && length >= 1 && power == std::floor(power)) times.End = other;
+    }
+    times.Unit = StepLength(times.End, barLength);
+    if (times.Unit == 0) times.Unit = StepLength(times.End = last, barLength);
+    if (times.Unit == 0) return {};
+    return times;
 }
 
 int FirstColumn(const BarColumns& bar) { return bar.Columns.empty() ? 0 : bar.Columns.front(); }
@@ -102,7 +168,13 @@ BarTimes TimesOf(const BarColumns& bar, double barLength, const BarMargins& marg
     const bool many = static_cast<double>(bar.Columns.size()) > barLength;
     std::optional<BarTimes> best;
     if (!many && margins.Lead <= first) best = BestFit(bar, barLength, margins);
-    if (best && best->Cost <= goodFit) return *std::move(best);
+    if (best && margins.Exact) return *std::move(best);
+    const auto settled = [&](BarTimes fit) {
+        if (IsProportional(fit, bar.Columns)) return fit;
+        auto even = EvenTimes(bar, barLength, margins.Lead);
+        return even ? *std::move(even) : fit;
+    };
+    if (best && best->Cost <= goodFit) return settled(*std::move(best));
     for (int lead = 0; !many && lead <= std::min(MostLead, first); ++lead) {
         for (int trail = -1; trail <= MostTrail; ++trail) {
             auto fit = BestFit(bar, barLength, {lead, trail});
@@ -111,7 +183,7 @@ BarTimes TimesOf(const BarColumns& bar, double barLength, const BarMargins& marg
             if (!best || fit->Cost < best->Cost) best = std::move(fit);
         }
     }
-    if (best) return *std::move(best);
+    if (best) return settled(*std::move(best));
     BarTimes times;
     times.Unit = 1;
     for (std::size_t i = 0; i < bar.Columns.size(); ++i) times.Slots.push_back(static_cast<int>(i));

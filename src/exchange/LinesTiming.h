@@ -10,6 +10,8 @@ namespace Quillon::Exchange {
 struct BarMargins {
     int Lead = 1;   ///< before its first beat
     int Trail = 0;  ///< behind its last; -1 where the bar line itself takes the time of a column
+    /// The columns are times already, as where bars were cut by them: no other margins are tried.
+    bool Exact = false;
 };
 
 /// The columns of a bar with notes in them.
@@ -21,6 +23,7 @@ struct BarColumns {
 struct BarTimes {
     double Unit = 0;         ///< 64ths; every time is a whole number of them
     std::vector<int> Slots;  ///< by column: units from the bar's beginning, ascending
+    int End = 0;             ///< units behind which the bar rests; 0 where its last note lasts to the end
     double Cost = 0;         ///< how little the columns fit them
 };
 
