@@ -75,7 +75,9 @@ public:
         }
         // A heading stands apart from what it heads.
         while (line >= last && Line(line).IsBlank()) --line;
-        if (line >= last && !used[At(line)] && above.Section.empty() && ReadSection(line)) above.Used.push_back(line);
+        if (line >= last && !used[At(line)] && above.Section.empty() && (ReadSection(line) || ReadTimes(line))) {
+            above.Used.push_back(line);
+        }
         std::ranges::reverse(above.Lyrics);
         if (above.Lyrics.size() > Core::LyricLines) above.Lyrics.resize(Core::LyricLines);
         MarkTriplets();
@@ -88,14 +90,22 @@ private:
 
     bool ReadLine(int line) {
         const std::vector<Word> words = WordsOf(Line(line).Columns);
-        return ReadBrackets(words) || ReadLengths(words) || ReadSigns(words) || ReadChords(words, line) ||
-               IsCount(words) || ReadSection(line) || ReadLyrics(words, line);
+        return ReadBrackets(words) || ReadEndings(line) || ReadLengths(words) || ReadSigns(words) ||
+               ReadChords(words, line) || IsCount(words) || ReadSection(line) || ReadTimes(line) ||
+               ReadLyrics(words, line);
     }
 
     bool ReadBrackets(const std::vector<Word>& words) {
         const bool all = std::ranges::all_of(words, [](const Word& word) { return IsTripletBracket(word.Text); });
         if (!all || words.empty()) return false;
         brackets.insert(brackets.end(), words.begin(), words.end());
+        return true;
+    }
+
+    bool ReadEndings(int line) {
+        std::vector<EndingAbove> endings = EndingsOf(Line(line).Columns);
+        if (endings.empty()) return false;
+        above.Endings = std::move(endings);
         return true;
     }
 
@@ -137,11 +147,10 @@ private:
                 return upper.starts_with(name) && upper.find_first_not_of("-|.>~", name.size()) == std::string::npos;
             };
             if (isDashed("P.M") || isDashed("PM") || upper == "M") {
-                signs.push_back({word.Column, word.End() - 1, Core::PalmMute});
+                signs.push_back({word.Column, EndOfDashes(words, i) - 1, Core::PalmMute});
             } else if (upper == "LET" && i + 1 < words.size() &&
                        Core::UpperAscii(words[i + 1].Text).starts_with("RING")) {
-                signs.push_back({word.Column, words[i + 1].End() - 1, 0});
-                ++i;
+                signs.push_back({word.Column, EndOfDashes(words, ++i) - 1, 0});
             } else if (upper.find_first_not_of("~V") == std::string::npos) {
                 signs.push_back({word.Column, word.End() - 1, Core::Vibrato});
             } else if (upper == "T." || upper == "T") {
@@ -159,6 +168,11 @@ private:
         above.Repeats.insert(above.Repeats.end(), repeats.begin(), repeats.end());
         return true;
     }
+    /// The column behind a word and the dashes parted from it: "P.M. - - - -|". Goes on to the last of them.
+    static int EndOfDashes(const std::vector<Word>& words, std::size_t& at) {
+        while (at + 1 < words.size() && words[at + 1].Text.find_first_not_of("-|") == None) ++at;
+        return words[at].End();
+    }
     static bool IsBendHeight(std::string_view word) {
         const std::string lower = Core::LowerAscii(word);
         return lower == "full" || lower == "1/2" || lower == "1/4" || lower == "1" || lower == "\x01" ||
@@ -173,7 +187,7 @@ private:
             return 0;
         int times = 0;
         const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), times);
-        constexpr int most = 32767;
+        constexpr int most = 99;  // more are the frets of a chord's shape
         return error == std::errc() && end == word.data() + word.size() && times <= most ? times : 0;
     }
 
@@ -213,16 +227,28 @@ private:
         }
         const std::string lower = Core::LowerAscii(text.Columns.substr(from, to - from));
         const bool known = std::ranges::any_of(
-            std::initializer_list<std::string_view>{"intro",     "verse",      "chorus",    "bridge",    "solo",
-                                                    "outro",     "pre-chorus", "prechorus", "interlude", "riff",
-                                                    "ending",    "coda",       "refrain",   "strophe",   "part ",
-                                                    "main riff", "break",      "fill",      "lead",      "theme"},
+            std::initializer_list<std::string_view>{
+                "intro",     "verse", "chorus", "bridge", "solo",    "outro",   "pre-chorus", "prechorus",
+                "interlude", "riff",  "ending", "coda",   "refrain", "strophe", "part ",      "main riff",
+                "break",     "fill",  "lead",   "theme",  "gtr",     "guitar",  "bass"},
             [&](std::string_view name) { return lower.starts_with(name); });
         constexpr std::ptrdiff_t mostWords = 4;
         const bool fewWords = std::ranges::count(lower, ' ') < mostWords;
         if (!(bracket || known) || !fewWords || lower.empty()) return false;
         above.Section = text.Between(from, to);
+        above.Times = std::max(above.Times, TimesIn(text.Columns));
         std::erase_if(above.Section, [](char c) { return c == '<' || c == '>'; });
+        return true;
+    }
+
+    /// "Play 3 times", "(repeat 3x)".
+    bool ReadTimes(int line) {
+        const std::string lower = Core::LowerAscii(Line(line).Columns);
+        constexpr std::size_t longest = 40;
+        if (lower.find("play") == None && lower.find("repeat") == None) return false;
+        const int times = lower.size() > longest ? 0 : TimesIn(lower);
+        if (times < 2) return false;
+        above.Times = times;
         return true;
     }
 
@@ -230,7 +256,14 @@ private:
     bool ReadLyrics(const std::vector<Word>& words, int line) {
         const TextColumns& text = Line(line);
         if (text.Columns.ends_with(':') || !IsSung(words)) return false;
-        std::vector<WordAbove> syllables;
+        LyricLine sung;
+        sung.Line = line;
+        sung.Words = static_cast<int>(words.size());
+        const auto isNear = [&](const Word& word) { return IsNear(columns, word.Column, 1); };
+        sung.OverNotes = static_cast<int>(std::ranges::count_if(words, isNear));
+        const auto string = std::ranges::find_if(system.Strings, [](const StringLine& s) { return s.Line >= 0; });
+        sung.Indented = string != system.Strings.end() && words.front().Column >= string->Body;
+        std::vector<WordAbove>& syllables = sung.Syllables;
         for (const Word& word : words) {
             for (std::size_t from = 0; from < word.Text.size();) {
                 std::size_t to =
@@ -247,7 +280,7 @@ private:
             }
         }
         if (syllables.empty()) return false;
-        above.Lyrics.push_back(std::move(syllables));
+        above.Lyrics.push_back(std::move(sung));
         return true;
     }
     /// Remarks to the player are not sung.

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "exchange/LinesBars.h"
+#include "exchange/LinesEndings.h"
 #include "exchange/NoteValues.h"
 
 namespace Quillon::Exchange {
@@ -35,13 +36,24 @@ struct TimesAbove {
     int Times = 0;
 };
 
+/// Words over a system that may be sung, or say something else.
+struct LyricLine {
+    std::vector<WordAbove> Syllables;
+    int Line = 0;  ///< of the text, from 0
+    int Words = 0;
+    int OverNotes = 0;      ///< words that begin at a column with notes
+    bool Indented = false;  ///< they begin no further left than the strings
+};
+
 struct AboveSystem {
     std::vector<LengthAbove> Lengths;
     std::vector<WordAbove> Chords;
-    std::vector<std::vector<WordAbove>> Lyrics;  ///< by line from the top, at most Core::LyricLines
+    std::vector<LyricLine> Lyrics;  ///< from the top, at most Core::LyricLines
     std::vector<SignAbove> Signs;
     std::vector<TimesAbove> Repeats;
+    std::vector<EndingAbove> Endings;
     std::string Section;    ///< "Chorus"; "" for none
+    int Times = 0;          ///< that the system is played, 0 for no word of it
     std::vector<int> Used;  ///< lines that went into it, from 0
 };
 
@@ -49,6 +61,12 @@ struct AboveSystem {
 /// them, ascending, in columns of the lines.
 AboveSystem AboveOf(const std::vector<TextColumns>& lines, const TabSystem& system, int from,
                     const std::vector<bool>& used, const std::vector<int>& columns);
+
+/// Words are sung where they stand over notes, unless they are a single line of a whole text that begins further left
+/// than the strings: those head their systems, as do words over no notes.
+void SettleWords(const std::vector<TextColumns>& lines, std::vector<AboveSystem>& above);
+/// The systems right below that of another player, as their headings name them: both sound at once.
+std::vector<int> OtherPlayers(const std::vector<TabSystem>& systems, const std::vector<AboveSystem>& above);
 
 /// True for what is written for chords: "Am7", "F#m7b5", "C/G", "N.C.".
 bool IsChordName(std::string_view word);

@@ -40,28 +40,6 @@ std::vector<Span> SpansOf(std::string_view body) {
     return spans;
 }
 
-/// How often words such as "x4", "(3x)" or "4 times" say that something is played; 0 when they don't.
-int TimesIn(std::string_view words) {
-    for (std::size_t at = words.find_first_of("0123456789"); at != None;) {
-        std::size_t end = at;
-        while (end < words.size() && IsDigit(words[end])) ++end;
-        const auto isTimes = [](char c) { return c == 'x' || c == 'X'; };
-        std::size_t before = at;
-        while (before > 0 && words[before - 1] == ' ') --before;
-        std::size_t behind = end;
-        while (behind < words.size() && words[behind] == ' ') ++behind;
-        const bool said =
-            (before > 0 && isTimes(words[before - 1])) ||
-            (behind < words.size() && (isTimes(words[behind]) || words.substr(behind).starts_with("time")));
-        int times = 0;
-        const auto error = std::from_chars(words.data() + at, words.data() + end, times).ec;
-        constexpr int mostTimes = 99;
-        if (said && error == std::errc() && times > 0 && times <= mostTimes) return times;
-        at = words.find_first_of("0123456789", end);
-    }
-    return 0;
-}
-
 class SystemReader {
 public:
     SystemReader(const std::vector<TextColumns>& lines, const TabSystem& of) {
@@ -220,6 +198,27 @@ private:
 };
 
 }  // namespace
+
+int TimesIn(std::string_view words) {
+    for (std::size_t at = words.find_first_of("0123456789"); at != None;) {
+        std::size_t end = at;
+        while (end < words.size() && IsDigit(words[end])) ++end;
+        const auto isTimes = [](char c) { return c == 'x' || c == 'X'; };
+        std::size_t before = at;
+        while (before > 0 && words[before - 1] == ' ') --before;
+        std::size_t behind = end;
+        while (behind < words.size() && words[behind] == ' ') ++behind;
+        const bool said =
+            (before > 0 && isTimes(words[before - 1])) ||
+            (behind < words.size() && (isTimes(words[behind]) || words.substr(behind).starts_with("time")));
+        int times = 0;
+        const auto error = std::from_chars(words.data() + at, words.data() + end, times).ec;
+        constexpr int mostTimes = 99;
+        if (said && error == std::errc() && times > 0 && times <= mostTimes) return times;
+        at = words.find_first_of("0123456789", end);
+    }
+    return 0;
+}
 
 SystemBars BarsOf(const std::vector<TextColumns>& lines, const TabSystem& system) {
     return SystemReader(lines, system).Read();

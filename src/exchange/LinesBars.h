@@ -48,6 +48,9 @@ struct SystemBars {
     LostSigns Lost;
 };
 
+/// How often words such as "x4", "(3x)" or "4 times" say that something is played; 0 when they don't, at most 99.
+int TimesIn(std::string_view words);
+
 SystemBars BarsOf(const std::vector<TextColumns>& lines, const TabSystem& system);
 
 /// The frets of one bar on one string. `before` is the last note of the same string, which a sign at the beginning

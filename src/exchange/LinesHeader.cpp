@@ -96,7 +96,7 @@ public:
 
     /// The value behind one of the words, from its first column that is no blank; nothing when none begins the line.
     std::optional<std::size_t> Behind(std::initializer_list<std::string_view> words, bool bare = false) const {
-        const std::size_t first = lower.find_first_not_of(" #*[(");
+        const std::size_t first = lower.find_first_not_of(" >#*[(");
         if (first == None) return {};
         for (const std::string_view word : words) {
             if (lower.compare(first, word.size(), word) != 0) continue;
@@ -132,7 +132,7 @@ public:
         for (std::size_t i = 0; i < lines.size(); ++i) {
             if (systems.Used[i] || lines[i].IsBlank() || lines[i].Columns.size() > LongestLine) continue;
             const HeaderLine line(lines[i]);
-            header.Used[i] = ReadNames(line) || ReadNumbers(line) || ReadTuning(line);
+            header.Used[i] = ReadNames(line) || ReadNumbers(line, static_cast<int>(i)) || ReadTuning(line);
         }
         ReadOwnHead();
         return std::move(header);
@@ -153,7 +153,7 @@ private:
                take(header.TabbedBy, {"tabbed by", "transcribed by", "transcribed", "transcriber", "tab by", "tabber"});
     }
 
-    bool ReadNumbers(const HeaderLine& line) {
+    bool ReadNumbers(const HeaderLine& line, int row) {
         if (const auto at = line.Behind({"capo on", "capo at", "capo"}, true)) {
             constexpr int mostCapo = 24;
             const std::string words = line.Lower().substr(*at);
@@ -164,11 +164,32 @@ private:
             return true;
         }
         if (const auto at = line.Behind({"time signature", "time sig", "time", "meter", "timing", "takt"})) {
-            const auto timing = TimingIn(line.Lower().substr(*at));
-            if (!header.Timing) header.Timing = timing;
-            return timing.has_value();
+            return TakeTiming(TimingIn(line.Lower().substr(*at)), row);
+        }
+        // "6/8" in a line of its own.
+        if (line.Lower().find_first_not_of("0123456789/ ") == None) {
+            const auto timing = TimingIn(line.Lower());
+            return timing && timing->Top > 1 && TakeTiming(timing, row);  // "1/2" is how far a string is bent
         }
         return ReadTempo(line);
+    }
+    bool TakeTiming(const std::optional<TimeSignature>& timing, int line) {
+        if (!timing) return false;
+        if (!header.Timing) header.Timing = timing;
+        header.Timings.emplace_back(line, *timing);
+        return true;
+    }
+
+    /// "q = 120", a drawn quarter note for the q: the place of the number.
+    static std::optional<std::size_t> BehindQuarter(const std::string& lower) {
+        const std::size_t first = lower.find_first_not_of(" ([");
+        const std::size_t equals = std::min(lower.find('='), lower.size());
+        if (first == None || equals == lower.size()) return {};
+        const std::size_t end = lower.find_last_not_of(' ', equals - std::min<std::size_t>(equals, 1)) + 1;
+        const std::string beat = lower.substr(first, end - std::min(first, end));
+        const bool quarter = beat == "q" || beat == "1/4" || beat == "quarter" || beat == std::string(1, OtherSign);
+        const std::size_t number = lower.find_first_not_of(' ', equals + 1);
+        return quarter && number != None && IsDigit(lower[number]) ? std::optional(number) : std::nullopt;
     }
 
     bool ReadTempo(const HeaderLine& line) {
@@ -177,6 +198,10 @@ private:
             const std::string words = line.Lower().substr(*at);
             const std::size_t equals = words.find('=');  // "1/4 = 120"
             tempo = NumberIn(words, equals == None ? 0 : equals);
+        } else if (const auto number = line.Behind({"tempo"}, true); number && IsDigit(line.Lower()[*number])) {
+            tempo = NumberIn(line.Lower(), *number);
+        } else if (const auto quarter = BehindQuarter(line.Lower())) {
+            tempo = NumberIn(line.Lower(), *quarter);
         } else if (const std::size_t bpm = line.Lower().find("bpm"); bpm != None && bpm > 0) {
             std::size_t end = bpm;
             while (end > 0 && line.Lower()[end - 1] == ' ') --end;
@@ -192,10 +217,28 @@ private:
 
     bool ReadTuning(const HeaderLine& line) {
         const auto at = line.Behind({"tuning", "tuned to", "tune to", "tuned", "stimmung", "guitar tuning"}, true);
-        if (!at) return false;
-        const auto tuning = TuningOfWords(line.Text(*at), systems.Strings > 0 ? systems.Strings : 6);
+        const int strings = systems.Strings > 0 ? systems.Strings : 6;
+        const auto tuning = at ? TuningOfWords(line.Text(*at), strings) : TuningWithin(line, strings);
         if (!header.Tuning) header.Tuning = tuning;
         return tuning.has_value();
+    }
+
+    /// "Drop D tuning: D A D G B E", "Standard tuning", "DADGAD".
+    static std::optional<Tuning> TuningWithin(const HeaderLine& line, int strings) {
+        constexpr std::size_t longest = 60;
+        const std::string& lower = line.Lower();
+        const std::string text = line.Text(0);
+        if (lower.size() > longest) return {};
+        if (text.find_first_not_of("ABCDEFGb#") == None) {
+            const bool enough = std::cmp_equal(NotesIn(text).size(), strings);
+            return enough ? TuningOfWords(text, strings) : std::nullopt;
+        }
+        const std::size_t word = lower.find("tuning");
+        if (word == None) return {};
+        const std::size_t colon = lower.find(':', word);
+        const std::size_t value = colon == None ? None : lower.find_first_not_of(' ', colon + 1);
+        const auto told = value == None ? std::nullopt : TuningOfWords(line.Text(value), strings);
+        return told ? told : TuningOfWords(lower, strings);
     }
 
     /// "TITLE - ARTIST" above "Tempo:60" is how this program's own texts begin.

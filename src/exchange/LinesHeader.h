@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "exchange/AsciiImport.h"
@@ -16,6 +17,8 @@ struct TabHeader {
     std::optional<int> Capo;      ///< 0 to 24
     std::optional<double> Tempo;  ///< quarter notes a minute
     std::optional<TimeSignature> Timing;
+    /// Signatures with the lines that they stand in, from the top: each holds from there on.
+    std::vector<std::pair<int, TimeSignature>> Timings;
     std::vector<bool> Used;  ///< by line: what one of the fields was taken from
 };
 

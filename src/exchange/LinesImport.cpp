@@ -43,6 +43,7 @@ public:
           options(how),
           report(tells),
           lines(ColumnsOf(TextOfPage(Utf8OfBytes(bytes)))),
+          joined(Mend(lines)),
           found(FindSystems(lines)),
           header(HeaderOf(lines, found)) {}
 
@@ -51,6 +52,8 @@ public:
         ApplyHeader();
         if (progress && !progress(found33)) return false;
         ReadBars();
+        SettleWords(lines, above);
+        TellPlayers();
         if (progress && !progress(read66)) return false;
         Core::ToInt16(static_cast<std::int64_t>(bars.size()));
         FitBars();
@@ -61,6 +64,10 @@ public:
     }
 
 private:
+    static int Mend(std::vector<TextColumns>& text) {
+        UnquoteLines(text);
+        return JoinBrokenLines(text);
+    }
     static std::size_t At(int place) { return static_cast<std::size_t>(place); }
 
     // The whole --------------------------------------------------------------------------------------------------
@@ -113,20 +120,28 @@ private:
                 const Core::BarInfo plain{info.TimeSigTop, info.TimeSigBottom};
                 info = plain;
             }
-            SetTiming(info);
+            SetTiming(info, At(b) < bars.size() ? bars[At(b)].System : 0);
         }
     }
-    void SetTiming(Core::BarInfo& info) const {
-        // A text says it of its own bars; those of other tracks are theirs.
-        const auto timing = options.Timing ? options.Timing : IsOnlyTrack() ? header.Timing : std::nullopt;
+    /// A text says it of its own bars; those of other tracks are theirs.
+    std::optional<TimeSignature> TimingOf(int system) const {
+        if (options.Timing) return options.Timing;
+        if (!IsOnlyTrack()) return {};
+        if (found.Systems.empty()) return header.Timing;
+        const int line = found.Systems[At(system)].FirstLine;
+        const auto behind = std::ranges::lower_bound(header.Timings, line, {}, [](const auto& t) { return t.first; });
+        return behind == header.Timings.begin() ? header.Timing : std::prev(behind)->second;
+    }
+    void SetTiming(Core::BarInfo& info, int system) const {
+        const auto timing = TimingOf(system);
         if (!timing) return;
         info.TimeSigTop = timing->Top;
         info.TimeSigBottom = timing->Bottom;
     }
     /// Length of a bar that may not be there yet, 64ths.
-    double LengthOf(int bar) const {
+    double LengthOf(int bar, int system) const {
         Core::BarInfo info = file.BarInfos[std::min(bar, file.BarInfos.UpperBound())];
-        SetTiming(info);
+        SetTiming(info, system);
         constexpr double whole = 64;
         return info.TimeSigBottom > 0 && info.TimeSigTop > 0 ? whole * info.TimeSigTop / info.TimeSigBottom : whole;
     }
@@ -144,6 +159,7 @@ private:
             for (const TabBar& bar : read.Bars) notes += static_cast<int>(bar.Notes.size());
             report.NotesFound += notes;
             above.push_back(AboveOf(lines, system, behind, taken, ColumnsWithNotes(read)));
+            for (const int line : above.back().Used) taken[At(line)] = true;
             TellSystem(system, read, s);
             const auto add = [&](TabBar bar, bool byTime) {
                 if (!byTime) samples.push_back({bar.Width, NoteColumns(bar)});
@@ -155,14 +171,19 @@ private:
                     continue;
                 }
                 const double column = Core::LengthCodeIn64ths(options.Dash);
-                for (TabBar& part : CutByTime(bar, column, LengthOf(static_cast<int>(bars.size())))) {
+                for (TabBar& part : CutByTime(bar, column, LengthOf(static_cast<int>(bars.size()), s))) {
                     add(std::move(part), true);
                 }
             }
             behind = system.LastLine + 1;
         }
         report.Systems = static_cast<int>(found.Systems.size());
-        for (const StringLine& stray : found.Strays) {
+        std::vector<StringLine> strays = found.Strays;
+        for (const StringLine& ruler : found.Rulers) {
+            if (!taken[At(ruler.Line)]) strays.push_back(ruler);
+        }
+        std::ranges::sort(strays, {}, &StringLine::Line);
+        for (const StringLine& stray : strays) {
             const int notes = FretsOn(lines, stray);
             if (notes == 0) continue;
             report.NotesFound += notes;
@@ -202,14 +223,28 @@ private:
         tell(ImportFate::Lost, "str_ImportSignsLost", {signs});
     }
 
+    /// Parts of several players follow each other here, and lines were joined; that is told.
+    void TellPlayers() {
+        const auto tell = [&](const char* key, int count, int line) {
+            if (count == 0) return;
+            ImportRemark remark = Remark(ImportFate::Moved, 0, key, {std::to_string(count)});
+            remark.Line = line;
+            report.Add(std::move(remark));
+        };
+        const std::vector<int> others = OtherPlayers(found.Systems, above);
+        const int first = others.empty() ? 0 : found.Systems[At(others.front())].FirstLine + 1;
+        tell("str_ImportPlayers", static_cast<int>(others.size()), first);
+        tell("str_ImportJoined", joined, 0);
+    }
+
     // Writing ----------------------------------------------------------------------------------------------------
 
     bool WriteBars(const ImportProgress& progress) {
-        const BarMargins common = CommonMargins(samples, LengthOf(0));
+        const BarMargins common = CommonMargins(samples, LengthOf(0, 0));
         std::size_t first = 0;  // bar of its system
         for (std::size_t b = 0; b < bars.size(); ++b) {
             if (b > 0 && bars[b].System != bars[b - 1].System) first = b;
-            WriteBar(static_cast<int>(b), bars[b], bars[b].ByTime ? BarMargins{0, 0} : common);
+            WriteBar(static_cast<int>(b), bars[b], bars[b].ByTime ? BarMargins{0, 0, true} : common);
             const bool last = b + 1 == bars.size() || bars[b + 1].System != bars[b].System;
             if (last) Decorate(static_cast<int>(first), static_cast<int>(b), above[At(bars[b].System)]);
             constexpr int from = 66, share = 33;
@@ -237,7 +272,7 @@ private:
     }
 
     void WriteBar(int number, BarAndAbove& from, const BarMargins& margins) {
-        TimedBar timed = StrumsOf(from.Bar, LengthOf(number), margins, LengthsOver(from));
+        TimedBar timed = StrumsOf(from.Bar, LengthOf(number, from.System), margins, LengthsOver(from));
         report.NotesKept += timed.Kept;
         const auto tell = [&](ImportFate fate, int notes, const char* key) {
             ImportRemark remark = Remark(fate, notes, key, {std::to_string(notes)});
@@ -279,19 +314,39 @@ private:
     void Decorate(int first, int last, AboveSystem& system) {
         if (!places.empty()) {
             if (!system.Section.empty()) StrumAt({0, first, 0}).Text = system.Section;
+            for (const EndingAbove& ending : system.Endings) {
+                constexpr int slack = 3;  // a bracket may begin a little before its bar
+                std::string& text = StrumAt({0, places[PlaceAt(ending.Column + slack)].Bar, 0}).Text;
+                text += (text.empty() ? "" : " ") + ending.Text;
+            }
             for (const SignAbove& sign : system.Signs) GiveSign(sign);
             GiveChords(system.Chords);
             for (std::size_t line = 0; line < system.Lyrics.size(); ++line) {
-                GiveLyrics(system.Lyrics[line], static_cast<int>(line));
+                GiveLyrics(system.Lyrics[line].Syllables, static_cast<int>(line));
             }
             for (const TimesAbove& times : system.Repeats) {
                 const int bar = std::clamp(places[PlaceAt(times.Column)].Bar, first, last);
                 file.BarInfos.Edit(bar).RepeatClose = static_cast<std::int16_t>(times.Times - 1);
             }
         }
+        if (system.Times > 1) GiveTimes(first, last, system.Times);
         for (const int line : system.Used) header.Used[At(line)] = true;
         places.clear();
         system = {};
+    }
+
+    /// Words about the whole system: they count its one repeat, or make it one.
+    void GiveTimes(int first, int last, int times) {
+        int closes = 0, opens = 0, closing = last;
+        for (int b = first; b <= last; ++b) {
+            opens += file.BarInfos[b].RepeatOpen ? 1 : 0;
+            if (file.BarInfos[b].RepeatClose == 0) continue;
+            ++closes;
+            closing = b;
+        }
+        if (closes > 1) return;
+        if (closes + opens == 0) file.BarInfos.Edit(first).RepeatOpen = true;
+        file.BarInfos.Edit(closing).RepeatClose = static_cast<std::int16_t>(times - 1);
     }
 
     void GiveSign(const SignAbove& sign) {
@@ -369,6 +424,7 @@ private:
     const LinesImportOptions& options;
     ImportReport& report;
     std::vector<TextColumns> lines;
+    int joined;  ///< lines that were broken in two
     FoundSystems found;
     TabHeader header;
     std::vector<BarAndAbove> bars;

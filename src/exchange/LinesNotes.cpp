@@ -1,6 +1,7 @@
 // The frets on one string of a text tab, and which sign belongs to which.
 #include <algorithm>
 
+#include "core/mod_Common.h"
 #include "exchange/LinesBars.h"
 
 namespace Quillon::Exchange {
@@ -117,6 +118,9 @@ private:
             case 'B':
             case '^':
                 return ReadBend(c);
+            case 'f':
+            case 'F':  // "7full" leaves out the sign of the bend
+                return IsFull(at) && IsDigit(Before()) ? ReadBend(c) : Lose(c);
             case 'r':
             case 'R':
                 return ReadRelease(c);
@@ -204,10 +208,31 @@ private:
         at = from + width + (bracket ? 1 : 0);
         return FretAt(from, width);
     }
-    /// "1/2", "1/4", "½" and so on behind a bend, in quarters of a tone; 0 for none.
+    /// "1/2", "½", "full" and so on behind a bend, bare or as in "(1/2)", in quarters of a tone; 0 for none.
     int ReadFraction() {
+        const std::size_t from = at;
+        if (At(at) == '(') ++at;
+        const int quarters = ReadBareFraction();
+        const bool closed = from == at || At(from) != '(' || At(at) == ')';
+        if (quarters == 0 || !closed) {
+            at = from;
+            return 0;
+        }
+        if (At(from) == '(') ++at;
+        return quarters;
+    }
+    bool IsFull(std::size_t place) const {
+        return Core::LowerAscii(cells.substr(std::min(place, cells.size()), 4)) == "full";
+    }
+    int ReadBareFraction() {
+        constexpr int full = 4;
         int quarters = 0;
         std::size_t place = at;
+        const std::size_t blanks = At(place) == ' ' ? 1 : 0;
+        if (IsFull(place + blanks)) {
+            at = place + blanks + 4;
+            return full;
+        }
         if (IsDigit(At(place)) && (At(place + 1) == '\x01' || At(place + 1) == '\x02')) {
             quarters = 4 * (At(place++) - '0');
         }
@@ -231,7 +256,7 @@ private:
         TabNote* const note = Last();
         if (!note || note->Fret == TabNote::Dead) return Lose(c);
         constexpr int full = 4, mostQuarters = 12;
-        ++at;
+        if (!IsFull(at)) ++at;
         int quarters = ReadFraction();
         if (quarters == 0) {
             const std::size_t place = at;

@@ -3,6 +3,7 @@
 #include <initializer_list>
 
 #include "core/mod_Common.h"
+#include "exchange/LinesEndings.h"
 #include "exchange/LinesSystems.h"
 
 namespace Quillon::Exchange {
@@ -76,12 +77,14 @@ bool ReadLabelBehindWords(const std::string& columns, std::size_t first, StringL
     return from > first && ReadLabel(columns, from, line);
 }
 
-/// "PM-----|" is no string, and neither is "let ring---".
+/// "PM-----|" is no string, and neither is "let ring---" nor the bracket of an ending.
 bool IsRemark(const std::string& columns, std::size_t first) {
     const std::string upper = Core::UpperAscii(columns.substr(first, 8));
-    return std::ranges::any_of(
-        std::initializer_list<std::string_view>{"P.M", "PM", "LET R", "N.H", "A.H", "NH-", "AH-"},
-        [&](std::string_view start) { return upper.starts_with(start); });
+    const bool named =
+        std::ranges::any_of(std::initializer_list<std::string_view>{"P.M", "PM", "LET R", "N.H", "A.H", "NH-", "AH-",
+                                                                    "8VA", "8VB", "15MA", "HOLD", "W/", "RAKE", "TREM"},
+                            [&](std::string_view start) { return upper.starts_with(start); });
+    return named || !EndingsOf(columns).empty();
 }
 
 std::size_t EndOf(const std::string& columns) {
@@ -106,7 +109,7 @@ bool IsStub(std::string_view body) {
 bool LooksLikeString(std::string_view body, bool labelled, bool startsWithBar) {
     int dashes = 0, digits = 0, bars = startsWithBar ? 1 : 0, blanks = 0, signs = 0, others = 0;
     for (const char c : body) {
-        if (IsDash(c)) {
+        if (IsDash(c) || (labelled && c == '~')) {
             ++dashes;
         } else if (IsDigit(c)) {
             ++digits;
@@ -126,6 +129,16 @@ bool LooksLikeString(std::string_view body, bool labelled, bool startsWithBar) {
     }
     // Blanks for dashes, then, between bar lines.
     return (labelled || startsWithBar) && bars >= 2 && others == 0 && signs <= digits + 2 && blanks + digits >= 3;
+}
+
+/// Behind a label and its bar line something that may be a string full of signs or words.
+bool MayBeString(std::string_view body) {
+    int cells = 0, frets = 0;
+    for (const char c : body) {
+        if (IsDash(c) || c == '~' || c == '|') ++cells;
+        if (IsDigit(c)) ++frets;
+    }
+    return cells >= 3 && 3 * (cells + frets) >= static_cast<int>(body.size());
 }
 
 }  // namespace
@@ -151,7 +164,11 @@ std::optional<StringLine> StringLineOf(const TextColumns& text) {
     line.End = static_cast<int>(end);
     if (stub) return line;
     const std::string_view view = std::string_view(columns).substr(body, end - body);
-    if (!LooksLikeString(view, !line.Label.empty(), startsWithBar)) return {};
+    if (!LooksLikeString(view, !line.Label.empty(), startsWithBar)) {
+        const std::size_t label = first + line.Label.size();
+        if (line.Label.empty() || columns[label] != '|' || !MayBeString(view)) return {};
+        line.Doubtful = true;
+    }
     return line;
 }
 

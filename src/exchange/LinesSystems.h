@@ -19,6 +19,8 @@ struct StringLine {
     std::string Label;  ///< "e", "Eb", "3"; "" for none
     int Body = 0;       ///< the first column behind the label and the bar line that begins it
     int End = 0;        ///< the column behind its last; what follows is words
+    /// Only its label tells of a string: so full of signs and words that it is one just among others.
+    bool Doubtful = false;
 };
 
 struct TabSystem {
@@ -30,6 +32,7 @@ struct TabSystem {
 struct FoundSystems {
     std::vector<TabSystem> Systems;  ///< from the top of the text
     std::vector<StringLine> Strays;  ///< lines like strings that belong to no system
+    std::vector<StringLine> Rulers;  ///< lines with digits drawn on top of labelled systems
     std::vector<bool> Used;          ///< by line: strings of systems and strays
     int Strings = 0;                 ///< of most systems, 4 to 7; 0 without any
     /// Semitones from the standard pitches by string, where the labels tell them.
@@ -44,8 +47,8 @@ std::optional<StringLine> StringLineOf(const TextColumns& line);
 FoundSystems FindSystems(const std::vector<TextColumns>& lines);
 
 /// Offsets for names of open strings from the highest down, such as {"e", "B", "G", "D", "A", "D"}: each note as near
-/// to that of its string as can be, guitar and bass tried. Nothing when one is no note, or their number is none of 4
-/// to 7. `distance` is how many semitones they are off in all.
+/// to that of its string as can be, guitar and bass tried, let down as a whole too. Nothing when one is no note, or
+/// they are too far from all. `distance` is how many semitones they differ in all from the nearest one let down.
 std::optional<Core::Row<std::int16_t, Core::StringCount>> TuningOf(const std::vector<std::string>& names,
                                                                    int* distance = nullptr);
 

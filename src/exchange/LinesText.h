@@ -27,5 +27,9 @@ std::string Utf8OfBytes(std::string_view bytes);
 std::string TextOfPage(std::string_view utf8);
 /// Lines end with LF, CR LF or CR. Tab characters reach to the next eighth column; blanks at a line's end go.
 std::vector<TextColumns> ColumnsOf(std::string_view utf8);
+/// Takes ">" off the lines of a quoted mail; their columns stay.
+void UnquoteLines(std::vector<TextColumns>& lines);
+/// Joins the strings of systems that a mail program broke in two, each half below the other; how many it joined.
+int JoinBrokenLines(std::vector<TextColumns>& lines);
 
 }  // namespace Quillon::Exchange
