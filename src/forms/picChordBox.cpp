@@ -139,7 +139,7 @@ void picChordBox::keyPressEvent(QKeyEvent* event) {
         case Qt::Key_X:
         case Qt::Key_O:
         case Qt::Key_0:
-            model.Frets[string] = key == Qt::Key_X ? "x" : "0";
+            model.Frets[string] = std::string(1, key == Qt::Key_X ? 'x' : '0');
             model.Fingers[string] = 0;
             return Change();
         case Qt::Key_Delete:
