@@ -1,8 +1,10 @@
 // Rows: how high they are, how many bars share one, and how many pages they fill.
 #include <algorithm>
+#include <string>
 
 #include "core/mod_Common.h"
 #include "drawing/mod_PageLayout.h"
+#include "platform/RunTimeError.h"
 
 namespace Quillon::Drawing {
 
@@ -62,6 +64,21 @@ bool NeedsFigures(const TabFile& file, const Track& track, int bar) {
            track.Bars[bar].Key != track.Bars[bar - 1].Key;
 }
 
+/// Works on a bar; an overflow then says on which, by the track's name, or its number, and the bar's number.
+template <typename Work>
+void Naming(const TabFile& file, const Track& track, const int& bar, const Work& work) {
+    try {
+        work();
+    } catch (const RunTimeError& error) {
+        constexpr int overflow = 6;
+        if (error.Number != overflow) throw;
+        int index = 0;
+        while (index < file.Tracks.UpperBound() && &file.Tracks[index] != &track) ++index;
+        const std::string name = track.Name.empty() ? std::to_string(index + 1) : "\"" + track.Name + "\"";
+        throw RunTimeError(overflow, error.Description() + " in bar " + std::to_string(bar + 1) + " of track " + name);
+    }
+}
+
 struct FilledRow {
     int End = 0;  ///< last bar
     std::int16_t Spacing = 0;
@@ -72,14 +89,17 @@ struct FilledRow {
 /// new ones, and the spacing is that with the new ones.
 FilledRow FillRow(const PageSetup& page, const TabFile& file, const Track& track, int first) {
     const int lastBar = track.Bars.UpperBound();
-    RowRoom room(page);
     int candidate = first;
-    room.Take(track.Bars[candidate]);
-    std::int16_t spacing = room.Spacing();
-    while (spacing >= page.MinTabX && candidate < lastBar) {
-        room.Take(track.Bars[++candidate]);
+    std::int16_t spacing = 0;
+    Naming(file, track, candidate, [&] {
+        RowRoom room(page);
+        room.Take(track.Bars[candidate]);
         spacing = room.Spacing();
-    }
+        while (spacing >= page.MinTabX && candidate < lastBar) {
+            room.Take(track.Bars[++candidate]);
+            spacing = room.Spacing();
+        }
+    });
     FilledRow row;
     row.End = std::max(first, spacing < page.MinTabX ? candidate - 1 : candidate);  // too wide: alone on its row
     for (int bar = first; bar <= row.End; ++bar) {
@@ -88,7 +108,7 @@ FilledRow FillRow(const PageSetup& page, const TabFile& file, const Track& track
         row.FlagsChanged |= place.ShowTimeSig != figures;
         place.ShowTimeSig = figures;
     }
-    row.Spacing = CommonSpacing(page, track, first, row.End);
+    Naming(file, track, row.End, [&] { row.Spacing = CommonSpacing(page, track, first, row.End); });
     return row;
 }
 
@@ -207,11 +227,13 @@ void LayOutTrack(const PageSetup& page, const PageOrigin& origin, const TabFile&
             const FilledRow row = FillRow(page, file, laid, first);
             int x = page.PageLeftMargin + origin.LeftX;
             for (int bar = first; bar <= row.End; ++bar) {
-                PlaceBar(page, file, track, bar, x, Core::ToInt32(y), row);
-                Core::BarPlace& place = laid.Bars[bar].Place;
-                place.RowOnPage = Core::ToInt16(rowIndex);
-                place.Page = p;
-                x = Core::ToInt16(x + place.BarWidth);
+                Naming(file, laid, bar, [&] {
+                    PlaceBar(page, file, track, bar, x, Core::ToInt32(y), row);
+                    Core::BarPlace& place = laid.Bars[bar].Place;
+                    place.RowOnPage = Core::ToInt16(rowIndex);
+                    place.Page = p;
+                    x = Core::ToInt16(x + place.BarWidth);
+                });
             }
             y += rowHeight + file.RowSpacing;
             first = row.End + 1;

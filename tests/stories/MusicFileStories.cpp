@@ -112,7 +112,7 @@ TEST(MusicFileStories, FailuresNameTheFileAndLeaveNoOutput) {
         {{"convert", "1-new.json", "out.qlm", "--track", "1"}, "track 1"},
         {{"convert", "1-new.json", "out.qlm", "--track", "-1"}, "track -1"},
         {{"dump", "missing.json"}, "missing.json: No such file"},
-        {{"layout", "wide.qlm"}, "wide.qlm: Overflow"},  // a bar far shorter than its strums
+        {{"layout", "wide.qlm"}, "wide.qlm: Overflow in bar 1 of track "},  // a bar far shorter than its strums
         {{"decipher", "missing.qlm"}, "missing.qlm: No such file"},
         {{"encipher", "missing.txt", "out.qlm"}, "missing.txt: No such file"},
     };
