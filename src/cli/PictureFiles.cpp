@@ -19,17 +19,15 @@ namespace {
 
 using Paint = std::function<void(Picture&)>;
 
-std::string EncodeSvg(int width, int height, const Paint& paint) {
-    SvgPicture picture(width, height);
+std::string EncodeSvg(const Sheet& sheet, const Paint& paint) {
+    SvgPicture picture(static_cast<int>(sheet.Width), static_cast<int>(sheet.Height));
     paint(picture);
     return picture.Text();
 }
 
 Exchange::PictureEncoder EncoderOf(PictureKind kind, int dpi) {
     const auto pixels = [dpi](ImageFormat format) {
-        return [dpi, format](int width, int height, const Paint& paint) {
-            return EncodeImage(width, height, dpi, format, paint);
-        };
+        return [dpi, format](const Sheet& sheet, const Paint& paint) { return EncodeImage(sheet, dpi, format, paint); };
     };
     switch (kind) {
         case PictureKind::Svg:

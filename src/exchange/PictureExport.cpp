@@ -7,6 +7,7 @@
 #include "core/mod_TabFileStructure.h"
 #include "drawing/mod_HighLevelDrawing.h"
 #include "drawing/mod_PrintedPages.h"
+#include "exchange/PrintJob.h"
 #include "platform/FileSystem.h"
 #include "platform/RunTimeError.h"
 #include "platform/Services.h"
@@ -22,7 +23,7 @@ std::optional<PictureKind> PictureKindOf(const std::filesystem::path& path) {
     return {};
 }
 
-ImageSize PagePixels(int dpi) { return SizeOfImage(Drawing::Page.PageWidth, Drawing::Page.PageHeight, dpi); }
+ImageSize PagePixels(int dpi) { return SizeOfImage(PrintJob::PageSheet(), dpi); }
 
 std::string PictureComplaint(int dpi) {
     const ImageSize size = PagePixels(dpi);
@@ -51,7 +52,7 @@ std::vector<std::filesystem::path> ExportPictures(const std::filesystem::path& t
     int page = options.Page == 0 ? 0 : options.Page - 1;
     for (const std::filesystem::path& path : paths) {
         const auto paint = [&](Picture& picture) { Drawing::DrawPage(picture, options.Track, page); };
-        Services.Files->Replace(path, encode(Drawing::Page.PageWidth, Drawing::Page.PageHeight, paint));
+        Services.Files->Replace(path, encode(PrintJob::PageSheet(), paint));
         ++page;
     }
     return paths;

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "platform/ImageSize.h"
-#include "platform/Picture.h"
+#include "platform/PageTarget.h"
 
 namespace Quillon::Exchange {
 
@@ -22,8 +22,8 @@ struct PictureOptions {
     int Page = 0;  ///< from 1, 0 for every page
 };
 
-/// Gives the bytes of a picture file: makes a picture of this size in document pixels, has it painted, and encodes it.
-using PictureEncoder = std::function<std::string(int width, int height, const std::function<void(Picture&)>& paint)>;
+/// Gives the bytes of a picture file: makes a picture of a sheet's document pixels, has it painted, and encodes it.
+using PictureEncoder = std::function<std::string(const Sheet& sheet, const std::function<void(Picture&)>& paint)>;
 
 /// Pixels of a page at a resolution.
 ImageSize PagePixels(int dpi);

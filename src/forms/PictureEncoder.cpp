@@ -10,8 +10,8 @@ using Exchange::PictureKind;
 Exchange::PictureEncoder PictureEncoderOf(PictureKind kind, int dpi) {
     using Paint = std::function<void(Picture&)>;
     if (kind == PictureKind::Svg) {
-        return [](int width, int height, const Paint& paint) {
-            SvgPicture picture(width, height);
+        return [](const Sheet& sheet, const Paint& paint) {
+            SvgPicture picture(static_cast<int>(sheet.Width), static_cast<int>(sheet.Height));
             paint(picture);
             return picture.Text();
         };
@@ -19,9 +19,7 @@ Exchange::PictureEncoder PictureEncoderOf(PictureKind kind, int dpi) {
     const ImageFormat format = kind == PictureKind::Png    ? ImageFormat::Png
                                : kind == PictureKind::Jpeg ? ImageFormat::Jpeg
                                                            : ImageFormat::Bmp;
-    return [dpi, format](int width, int height, const Paint& paint) {
-        return EncodeImage(width, height, dpi, format, paint);
-    };
+    return [dpi, format](const Sheet& sheet, const Paint& paint) { return EncodeImage(sheet, dpi, format, paint); };
 }
 
 }  // namespace Quillon::Forms

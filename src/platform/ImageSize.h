@@ -1,7 +1,10 @@
 // How many pixels a page has at a resolution, and whether a machine can be asked for them.
 #pragma once
 
+#include <algorithm>
 #include <cmath>
+
+#include "platform/PageTarget.h"
 
 namespace Quillon {
 
@@ -14,9 +17,19 @@ struct ImageSize {
     bool TooLarge() const { return Width * Height > 250e6; }
 };
 
-/// Of a page of document pixels, 96 to the inch.
-inline ImageSize SizeOfImage(double width, double height, int dpi) {
-    return {std::round(width * dpi / 96.0), std::round(height * dpi / 96.0)};
+/// Of a sheet of paper.
+inline ImageSize SizeOfImage(const Sheet& sheet, int dpi) {
+    constexpr double inch = 25.4;  // millimetres
+    return {std::round(sheet.PaperWidth * dpi / inch), std::round(sheet.PaperHeight * dpi / inch)};
+}
+
+/// Pixels of the image for one of the document, of which there are a little more than 96 to the inch. Where that is
+/// nearly a whole number it is made one, so that lines stay sharp and evenly apart; the margins lose a hair then.
+inline double ScaleOfImage(const ImageSize& size, const Sheet& sheet) {
+    constexpr double near = 0.005;
+    const double exact = std::min(size.Width / sheet.Width, size.Height / sheet.Height);
+    const double whole = std::round(exact);
+    return std::abs(exact - whole) <= near * whole ? whole : exact;
 }
 
 }  // namespace Quillon

@@ -30,10 +30,10 @@ protected:
         Drawing::Page = {};
     }
     /// Stands for an encoder: the file's bytes are the picture's size.
-    static std::string Size(int width, int height, const std::function<void(Picture&)>& paint) {
+    static std::string Size(const Sheet& sheet, const std::function<void(Picture&)>& paint) {
         NoPicture picture;
         paint(picture);
-        return std::to_string(width) + "x" + std::to_string(height);
+        return std::to_string(static_cast<int>(sheet.Width)) + "x" + std::to_string(static_cast<int>(sheet.Height));
     }
 
     Testing::ScratchFolder folder;

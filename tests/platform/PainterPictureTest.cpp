@@ -7,6 +7,7 @@
 #include <QImage>
 #include <cmath>
 
+#include "platform/ImageSize.h"
 #include "platform/RunTimeError.h"
 #include "platform/qt/QtImageFile.h"
 
@@ -173,12 +174,29 @@ TEST_F(PainterPictureTest, DamagedFontsAndNumbersDoNotStopIt) {
     });
 }
 
+Sheet SheetOf(double width, double height) { return {width, height, width * 25.4 / 96, height * 25.4 / 96}; }
+
+TEST(ImageFileTest, AnA4PageHasThePixelsOfItsPaper) {
+    const Sheet sheet{795, 1124, 210, 297};
+    const struct {
+        int Dpi;
+        double Width, Height, Scale;
+    } rows[] = {
+        {96, 794, 1123, 1}, {192, 1587, 2245, 2}, {300, 2480, 3508, 2480.0 / 795}, {600, 4961, 7016, 4961.0 / 795}};
+    for (const auto& row : rows) {
+        const ImageSize size = SizeOfImage(sheet, row.Dpi);
+        EXPECT_EQ(size.Width, row.Width) << row.Dpi;
+        EXPECT_EQ(size.Height, row.Height) << row.Dpi;
+        EXPECT_DOUBLE_EQ(ScaleOfImage(size, sheet), row.Scale) << row.Dpi;
+    }
+}
+
 TEST(ImageFileTest, EachFormatReadsBackInItsSize) {
     const std::pair<ImageFormat, const char*> formats[] = {
         {ImageFormat::Png, "PNG"}, {ImageFormat::Jpeg, "JPG"}, {ImageFormat::Bmp, "BMP"}};
     for (const auto& [format, name] : formats) {
         const std::string bytes =
-            EncodeImage(80, 40, 192, format, [](Picture& picture) { picture.Box(0, 0, 40, 40, Black); });
+            EncodeImage(SheetOf(80, 40), 192, format, [](Picture& picture) { picture.Box(0, 0, 40, 40, Black); });
         const QImage image = QImage::fromData(QByteArray::fromStdString(bytes), name);
         EXPECT_EQ(image.size(), QSize(160, 80)) << name;
         EXPECT_LT(qGray(image.pixel(20, 40)), 20) << name;
@@ -189,9 +207,9 @@ TEST(ImageFileTest, EachFormatReadsBackInItsSize) {
 
 TEST(ImageFileTest, RefusesSizesThatCannotBe) {
     const auto nothing = [](Picture&) {};
-    EXPECT_THROW(EncodeImage(0, 10, 96, ImageFormat::Png, nothing), RunTimeError);
-    EXPECT_THROW(EncodeImage(10, 10, 0, ImageFormat::Png, nothing), RunTimeError);
-    EXPECT_THROW(EncodeImage(30000, 30000, 600, ImageFormat::Png, nothing), RunTimeError);
+    EXPECT_THROW(EncodeImage(SheetOf(0, 10), 96, ImageFormat::Png, nothing), RunTimeError);
+    EXPECT_THROW(EncodeImage(SheetOf(10, 10), 0, ImageFormat::Png, nothing), RunTimeError);
+    EXPECT_THROW(EncodeImage(SheetOf(30000, 30000), 600, ImageFormat::Png, nothing), RunTimeError);
 }
 
 }  // namespace

@@ -44,12 +44,10 @@ QByteArray FormatName(ImageFormat format) {
 
 }  // namespace
 
-std::string EncodeImage(int width, int height, int dpi, ImageFormat format,
-                        const std::function<void(Picture&)>& paint) {
-    if (width <= 0 || height <= 0 || dpi <= 0) throw RunTimeError(5, "Invalid procedure call");
+std::string EncodeImage(const Sheet& sheet, int dpi, ImageFormat format, const std::function<void(Picture&)>& paint) {
+    if (sheet.Width <= 0 || sheet.Height <= 0 || dpi <= 0) throw RunTimeError(5, "Invalid procedure call");
     EnsureApplication();
-    const double scale = dpi / 96.0;
-    const ImageSize size = SizeOfImage(width, height, dpi);
+    const ImageSize size = SizeOfImage(sheet, dpi);
     if (size.Width < 1 || size.Height < 1) throw RunTimeError(5, "Invalid procedure call");
     if (size.TooLarge()) RaiseOutOfMemory();
     QImage image(static_cast<int>(size.Width), static_cast<int>(size.Height), QImage::Format_RGB32);
@@ -57,7 +55,7 @@ std::string EncodeImage(int width, int height, int dpi, ImageFormat format,
     image.fill(Qt::white);
     {
         QPainter painter(&image);
-        PainterPicture picture(painter, scale);
+        PainterPicture picture(painter, ScaleOfImage(size, sheet));
         paint(picture);
     }
     // Only now: a painter sizes its fonts by the image's resolution.
