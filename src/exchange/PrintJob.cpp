@@ -64,7 +64,7 @@ Sheet PrintJob::PageSheet() {
             paper.Height};
 }
 
-std::string PrintJob::TextOf(RunningField field, const Place& place, int pages) const {
+std::string PrintJob::TextOf(RunningField field, int page) const {
     const Core::TabFile& file = Open.TabFile;
     switch (field) {
         case RunningField::Nothing:
@@ -76,7 +76,7 @@ std::string PrintJob::TextOf(RunningField field, const Place& place, int pages) 
         case RunningField::Album:
             return file.Album;
         case RunningField::Track:
-            return file.Tracks.Count() > 1 ? file.Tracks[place.Track].Name : "";
+            return file.Tracks.Count() > 1 ? file.Tracks[TrackOf(page)].Name : "";
         case RunningField::FileName:
             return std::filesystem::path(Open.FileName).filename().string();
         case RunningField::Date:
@@ -84,7 +84,7 @@ std::string PrintJob::TextOf(RunningField field, const Place& place, int pages) 
         case RunningField::Copyright:
             return file.Copyright;
         case RunningField::Page:
-            return Core::LanguageText("str_PageNumber", {std::to_string(place.Page + 1), std::to_string(pages)});
+            return Core::LanguageText("str_PageNumber", {std::to_string(page + 1), std::to_string(Pages())});
     }
     return "";
 }
@@ -93,27 +93,41 @@ void PrintJob::Draw(Picture& picture, int page) {
     const Place& place = places.at(static_cast<std::size_t>(page));
     Drawing::PrintedTrack& track = tracks[ofTrack[static_cast<std::size_t>(page)]];
     const auto line = [&](std::size_t first) {
-        return Drawing::RunningLine{TextOf(fields[first], place, track.Pages()),
-                                    TextOf(fields[first + 1], place, track.Pages()),
-                                    TextOf(fields[first + 2], place, track.Pages())};
+        return Drawing::RunningLine{TextOf(fields[first], page), TextOf(fields[first + 1], page),
+                                    TextOf(fields[first + 2], page)};
     };
     const Drawing::RunningTexts texts{line(0), line(3)};
     track.Draw(picture, place.Page, &texts);
 }
 
-bool PrintJob::Print(PageTarget& target, int first, int last, const std::function<bool(int page)>& goOn) {
-    for (int page = first; page <= last; ++page) {
-        if (goOn && !goOn(page)) return false;
-        if (page == first || BeginsTrack(page)) target.BeginChapter(Open.TabFile.Tracks[TrackOf(page)].Name);
+bool PrintJob::Print(PageTarget& target, const std::vector<int>& pages, const std::function<bool(int)>& goOn) {
+    int sheets = 0;
+    for (int before = -1; const int page : pages) {
+        if (goOn && !goOn(sheets++)) return false;
+        const bool begins = before < 0 || page < before || TrackOf(page) != TrackOf(before);
+        if (begins) target.BeginChapter(Open.TabFile.Tracks[TrackOf(page)].Name);
         Draw(target.BeginPage(PageSheet()), page);
+        before = page;
     }
     return true;
+}
+
+std::vector<int> PagesInOrder(int first, int last, int copies, bool collated) {
+    std::vector<int> pages;
+    if (collated) {
+        for (int copy = 0; copy < copies; ++copy) {
+            for (int page = first; page <= last; ++page) pages.push_back(page);
+        }
+    } else {
+        for (int page = first; page <= last; ++page) pages.insert(pages.end(), static_cast<std::size_t>(copies), page);
+    }
+    return pages;
 }
 
 void ExportEngravedPdf(const std::filesystem::path& path, const PrintOptions& options, int page, PageFile& file) {
     PrintJob job(options);
     if (page < 0 || page > job.Pages()) RaiseSubscriptOutOfRange();
-    job.Print(file, page == 0 ? 0 : page - 1, page == 0 ? job.Pages() - 1 : page - 1);
+    job.Print(file, page == 0 ? PagesInOrder(0, job.Pages() - 1) : std::vector{page - 1});
     const Core::TabFile& document = Open.TabFile;
     PageFileInfo info;
     info.Title = document.Title;

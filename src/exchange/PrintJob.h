@@ -50,22 +50,26 @@ public:
     /// True for the first page of a track.
     bool BeginsTrack(int page) const { return places.at(static_cast<std::size_t>(page)).Page == 0; }
     void Draw(Picture& picture, int page);
-    /// Hands the pages `first` to `last` to a target, tracks as chapters. `goOn` is asked before each page; false when
-    /// it stopped the work.
-    bool Print(PageTarget& target, int first, int last, const std::function<bool(int page)>& goOn = {});
+    /// Hands pages to a target in this order, tracks as chapters. `goOn` is asked before each sheet, with how many went
+    /// before; false when it stopped the work.
+    bool Print(PageTarget& target, const std::vector<int>& pages, const std::function<bool(int sheets)>& goOn = {});
 
 private:
     struct Place {
         int Track;
         int Page;
     };
-    std::string TextOf(RunningField field, const Place& place, int pages) const;
+    std::string TextOf(RunningField field, int page) const;
 
     RunningFields fields;
     std::vector<Drawing::PrintedTrack> tracks;
     std::vector<std::size_t> ofTrack;  ///< into `tracks`, by page
     std::vector<Place> places;
 };
+
+/// The pages `first` to `last` as often as they are asked for: one set after the other, or `collated` false, each page
+/// several times.
+std::vector<int> PagesInOrder(int first, int last, int copies = 1, bool collated = true);
 
 /// Writes pages as a drawn PDF, all or nothing; `page` is from 1, 0 for all of them. Raises as PrintJob does, also for
 /// a page that is not there, and what the file system raises.

@@ -105,6 +105,10 @@ Shell::ChosenPrinter frmMain::AskPrinter(Shell::PrintModel& model) {
     if (!accepted) return {};
     fields.Store();
     Shell::ChosenPrinter chosen{nullptr, printer->fromPage(), printer->toPage()};
+    if (!printer->supportsMultipleCopies()) {  // a file
+        chosen.Copies = printer->copyCount();
+        chosen.Collated = printer->collateCopies();
+    }
     printer->setFullPage(true);  // the dialog may have put its own margins
     chosen.Pages = std::make_unique<PaintedPages>(std::move(printer));
     return chosen;

@@ -62,7 +62,7 @@ frmPrintPreview::frmPrintPreview(frmMain& main) : QDialog(&main), owner(main) {
     bar->addStretch(1);
 
     pages = new picPages(preview, this);
-    cmdPrevious = AddButton(bar, "cmdPreviousPage", "go-previous-bar", "str_PreviewPrevious");
+    cmdPrevious = AddButton(bar, "cmdPreviousPage", "go-previous-page", "str_PreviewPrevious");
     connect(cmdPrevious, &QToolButton::clicked, this,
             [this] { pages->GoTo(pages->CurrentPage() - preview.Columns()); });
     lblPage = new ElidedLabel(this);
@@ -71,7 +71,7 @@ frmPrintPreview::frmPrintPreview(frmMain& main) : QDialog(&main), owner(main) {
     lblPage->setAlignment(Qt::AlignCenter);
     lblPage->setTextFormat(Qt::PlainText);
     bar->addWidget(lblPage, 4);
-    cmdNext = AddButton(bar, "cmdNextPage", "go-next-bar", "str_PreviewNext");
+    cmdNext = AddButton(bar, "cmdNextPage", "go-next-page", "str_PreviewNext");
     connect(cmdNext, &QToolButton::clicked, this, [this] { pages->GoTo(pages->CurrentPage() + preview.Columns()); });
     bar->addStretch(1);
 
@@ -114,8 +114,10 @@ frmPrintPreview::frmPrintPreview(frmMain& main) : QDialog(&main), owner(main) {
     body->addLayout(bar);
     body->addWidget(pages, 1);
     connect(pages, &picPages::Moved, this, &frmPrintPreview::ShowState);
-    constexpr double Share = 0.95;  // of a small screen
-    RestorePlace(*this, Section, QSize(1100, 800).boundedTo(screen()->availableSize() * Share));
+    constexpr double Share = 0.95;  // of a small screen, also of one smaller than that of the last time
+    const QSize most = screen()->availableSize() * Share;
+    RestorePlace(*this, Section, QSize(1100, 800).boundedTo(most));
+    resize(size().boundedTo(most));
     pages->setFocus();
     ShowState();
 }

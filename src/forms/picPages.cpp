@@ -32,9 +32,20 @@ void picPages::SetRanges() {
     horizontalScrollBar()->setPageStep(viewport()->width());
 }
 
-int picPages::CurrentPage() const { return model.PageAt(verticalScrollBar()->value()); }
+int picPages::CurrentPage() const {
+    const int at = verticalScrollBar()->value();
+    if (at == askedAt) return std::min(asked, model.Pages() - 1);
+    // At the end the last pages may stand below the middle of the view.
+    const bool end = at > 0 && at == verticalScrollBar()->maximum();
+    return model.PageAt(end ? model.Height() : at);
+}
 
-void picPages::GoTo(int page) { verticalScrollBar()->setValue(model.ScrollFor(page)); }
+void picPages::GoTo(int page) {
+    asked = std::clamp(page, 0, model.Pages() - 1);
+    verticalScrollBar()->setValue(model.ScrollFor(asked));
+    askedAt = verticalScrollBar()->value();
+    Q_EMIT Moved();
+}
 
 void picPages::Refresh() {
     // By the ground of the page above: the model's sizes are new ones already.
@@ -45,6 +56,7 @@ void picPages::Refresh() {
         bar.setValue(static_cast<int>(std::lround(place * bar.maximum())));
     };
     constexpr double middle = 0.5;
+    askedAt = Nowhere;
     const double down = placeIn(*verticalScrollBar(), 0);
     const double across = placeIn(*horizontalScrollBar(), middle);
     painted.clear();
@@ -95,6 +107,7 @@ void picPages::paintEvent(QPaintEvent*) {
 
 void picPages::resizeEvent(QResizeEvent*) {
     model.SetView(viewport()->width(), viewport()->height());
+    askedAt = Nowhere;
     SetRanges();
     Q_EMIT Moved();
 }

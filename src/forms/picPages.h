@@ -40,6 +40,10 @@ private:
     Shell::PrintPreview& model;
     std::map<int, QImage> painted;  ///< of the pages in view, in the screen's pixels
     int wheelRest = 0;
+    /// The page that was gone to, and the scroll value behind that: where several pages show, it need not stand at the
+    /// top.
+    static constexpr int Nowhere = -1;
+    int asked = 0, askedAt = Nowhere;
 };
 
 }  // namespace Quillon::Forms

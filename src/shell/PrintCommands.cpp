@@ -50,16 +50,17 @@ void PrintOn(ChosenPrinter printer, const PrintModel& model) {
     Exchange::PrintJob job(model.Options());
     const int first = std::clamp(printer.First, 1, job.Pages());
     const int last = printer.Last == 0 ? job.Pages() : std::clamp(printer.Last, first, job.Pages());
+    const std::vector<int> pages =
+        Exchange::PagesInOrder(first - 1, last - 1, std::max(1, printer.Copies), printer.Collated);
+    const int sheets = static_cast<int>(pages.size());
     bool whole = false;
     {
         const LongWork work(LanguageText("str_Printing"));
-        whole = job.Print(*printer.Pages, first - 1, last - 1, [&](int page) {
-            return Program.View->GoOnWithWork(100 * (page - first + 1) / (last - first + 1));
-        });
+        whole = job.Print(*printer.Pages, pages,
+                          [&](int printed) { return Program.View->GoOnWithWork(100 * printed / sheets); });
         printer.Pages.reset();  // takes the job
     }
-    PrintedAll(whole ? LanguageText("str_Printed", {std::to_string(last - first + 1)})
-                     : LanguageText("str_PrintingStopped"));
+    PrintedAll(whole ? LanguageText("str_Printed", {std::to_string(sheets)}) : LanguageText("str_PrintingStopped"));
 }
 
 void mnuFilePrint_Click() {

@@ -29,6 +29,8 @@ struct ChosenPrinter {
     std::unique_ptr<PageTarget> Pages;
     int First = 0;  ///< pages from 1; 0 for all
     int Last = 0;
+    int Copies = 1;  ///< to be made by the program: of a printer that makes them itself 1
+    bool Collated = true;
 };
 
 /// Prints on a printer, with the progress in the main window; the pages chosen are cut to those that there are.

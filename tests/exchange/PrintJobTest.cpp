@@ -70,9 +70,14 @@ TEST_F(PrintJobTest, OneTrackOrAllOneBehindTheOther) {
     EXPECT_EQ(all.TrackOf(pages), 1);
     EXPECT_TRUE(all.BeginsTrack(pages));
     EXPECT_FALSE(all.BeginsTrack(pages + 1));
-    // The same page whichever way, in whatever order, and whatever was laid out in between.
-    const std::string wanted = Log(one, 1);
-    EXPECT_EQ(Log(all, pages + 1), wanted);
+    // The pages of a job are counted through.
+    const auto number = [](int page, int of) {
+        return "Page " + std::to_string(page) + " of " + std::to_string(of) + "\"";
+    };
+    EXPECT_THAT(Log(all, pages + 1), HasSubstr(number(pages + 2, 2 * pages)));
+    EXPECT_THAT(Log(one, 1), HasSubstr(number(2, pages)));
+    // Alike in whatever order, and whatever was laid out in between.
+    const std::string wanted = Log(all, pages + 1);
     Log(all, 0);
     Drawing::LayOutTrack(Drawing::Page, {17, 4}, Open.TabFile, 1, 99);
     EXPECT_EQ(Log(all, pages + 1), wanted);
@@ -99,6 +104,17 @@ TEST_F(PrintJobTest, HeaderAndFooterSayWhatWasChosen) {
     Open.TabFile.Tracks.Resize(1);
     PrintJob alone({});
     EXPECT_THAT(Log(alone, 1), Not(HasSubstr("Lead"))) << "a single track needs no name";
+}
+
+TEST_F(PrintJobTest, CopiesComeSetBySetOrPageByPage) {
+    EXPECT_EQ(PagesInOrder(1, 3), (std::vector{1, 2, 3}));
+    EXPECT_EQ(PagesInOrder(1, 2, 2), (std::vector{1, 2, 1, 2}));
+    EXPECT_EQ(PagesInOrder(1, 2, 3, false), (std::vector{1, 1, 1, 2, 2, 2}));
+    RememberingFile file;
+    Open.TabFile.Tracks[0].Bars.Resize(1);
+    Open.TabFile.Tracks[1].Bars.Resize(1);
+    PrintJob({.AllTracks = true}).Print(file, PagesInOrder(0, 1, 2));
+    EXPECT_EQ(file.Told, "Lead: page 795 Rhythm: page 795 Lead: page 795 Rhythm: page 795 ");
 }
 
 TEST_F(PrintJobTest, FieldsAreKeptAndDamagedOnesAreNot) {

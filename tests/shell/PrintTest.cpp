@@ -30,7 +30,7 @@ protected:
         Open.TabFile.BarInfos.Resize(200);
         Window().Printer = [this](PrintModel& model) {
             model.AllTracks = all;
-            return ChosenPrinter{std::make_unique<Sheets>(taken), first, last};
+            return ChosenPrinter{std::make_unique<Sheets>(taken), first, last, copies};
         };
     }
     int Print(int from, int to) {
@@ -41,7 +41,7 @@ protected:
         return taken;
     }
     bool all = false;
-    int first = 0, last = 0, taken = 0;
+    int first = 0, last = 0, taken = 0, copies = 1;
 };
 
 TEST_F(PrintTest, TheChosenPagesOfOneTrackOrAll) {
@@ -49,6 +49,9 @@ TEST_F(PrintTest, TheChosenPagesOfOneTrackOrAll) {
     ASSERT_GT(pages, 2);
     EXPECT_EQ(Print(2, 3), 2);
     EXPECT_EQ(Print(2, 99), pages - 1) << "cut to the pages that there are";
+    copies = 3;
+    EXPECT_EQ(Print(2, 3), 6);
+    copies = 1;
     all = true;
     EXPECT_EQ(Print(0, 0), 2 * pages);
     EXPECT_EQ(Window().Status.back(), "Printed pages: " + std::to_string(2 * pages));

@@ -32,6 +32,15 @@ TEST_F(PrintWindowsTest, ThePreviewZoomsAndWalks) {
         const QString before = In<QLabel>(dialog, "lblPage").text();
         QTest::keyClick(&pages, Qt::Key_PageDown);
         EXPECT_NE(In<QLabel>(dialog, "lblPage").text(), before);
+        for (const int percent : {10, 50, 200}) {  // from all pages in view to one
+            zoom.setValue(percent);
+            QTest::keyClick(&pages, Qt::Key_End);
+            const QStringList words = In<QLabel>(dialog, "lblPage").text().split(' ');
+            EXPECT_EQ(words[1], words[3]) << percent;  // "Page 2 of 2"
+            EXPECT_FALSE(In<QAbstractButton>(dialog, "cmdNextPage").isEnabled());
+            QTest::keyClick(&pages, Qt::Key_Home);
+            EXPECT_TRUE(In<QLabel>(dialog, "lblPage").text().startsWith("Page 1 "));
+        }
         QTest::keyClick(&pages, Qt::Key_0);
         EXPECT_EQ(zoom.value(), 100);
         pages.grab();
@@ -65,7 +74,7 @@ TEST_F(PrintWindowsTest, APrinterOfPaperTakesVectors) {
         printer->setOutputFileName(QString::fromStdString(file.string()));
         printer->setFullPage(true);
         PaintedPages pages(std::move(printer));
-        EXPECT_TRUE(job.Print(pages, 0, job.Pages() - 1));
+        EXPECT_TRUE(job.Print(pages, Exchange::PagesInOrder(0, job.Pages() - 1)));
     }
     const std::string bytes = Testing::Slurp(file);
     EXPECT_TRUE(bytes.starts_with("%PDF"));
