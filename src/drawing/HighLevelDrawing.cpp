@@ -192,10 +192,14 @@ void TellPageTooSmall() {
 }
 
 RowLook LookOfRows(Picture& picture, const TabFile& file, int track) {
-    RowLook look = LookOfLyrics(picture, file, track, LyricsTrackOf(file, track));
+    RowLook look = LookOfLyrics(file, track, LyricsTrackOf(file, track));
     constexpr int edge = 4;
     look.PaperLeft = edge - Page.PageLeftMargin;
     look.PaperRight = Page.PageWidth - Page.PageLeftMargin - edge;
+    look.TopMargin = Page.PageTopMargin;
+    const HeaderEdges header = MeasureHeader(picture, Page, file, track);
+    look.HeaderLeft = header.Left - Page.PageLeftMargin;
+    look.HeaderRight = header.Right - Page.PageLeftMargin;
     if (Page.ClefOnEveryRow) look.RowHeadRoom = std::max(0, Page.PageLeftMargin - 4);
     return look;
 }

@@ -81,8 +81,13 @@ std::string TuningText(const Track& track) {
 
 class HeaderPainter {
 public:
-    HeaderPainter(Picture& target, const PageSetup& setup, const TabFile& document, int x, int y)
-        : picture(target), page(setup), file(document), left(x), top(y) {}
+    /// Without `paints` it only finds the edges.
+    HeaderPainter(Picture& target, const PageSetup& setup, const TabFile& document, int x, int y, bool paints = true)
+        : picture(target), page(setup), file(document), left(x), top(y), inks(paints) {
+        Edges = {static_cast<double>(left), static_cast<double>(left + page.PageWidth)};
+    }
+
+    HeaderEdges Edges;  ///< known after Draw
 
     void Draw(const Track& track) {
         const double title = std::clamp<double>(file.FontSize, 1, LargestFontSize);
@@ -126,7 +131,10 @@ private:
         if (text.empty()) return;
         // Capitals are some 0.7 of the em square high: their middle stands on the line's.
         const double baseline = top + middle + 0.36 * size * 4 / 3;
-        picture.Print(x, baseline, Fitted(picture, text, room), anchor);
+        const std::string shown = Fitted(picture, text, room);
+        if (anchor == Anchor::Left) Edges.Left = std::max(Edges.Left, x + picture.TextWidth(shown));
+        if (anchor == Anchor::Right) Edges.Right = std::min(Edges.Right, x - picture.TextWidth(shown));
+        if (inks) picture.Print(x, baseline, shown, anchor);
     }
 
     static std::string OneLine(std::string text) {
@@ -140,6 +148,17 @@ private:
         const double x = left + page.PageLeftMargin + 2;
         const double y = top + ThirdLine + 3;
         picture.SetColor(file.FontColor);
+        if (inks) DrawQuarter(x, y);
+        SetFont(picture, "Arial", 8, false, false, false, file.FontColor);
+        const std::string beats =
+            Core::FormatSingle(file.Tempo) + (file.Shuffle ? "  " + LanguageText("str_HeaderShuffle") : "");
+        if (inks) picture.Print(x + 8, y + 2, "= " + beats);
+        const double end = x + 8 + picture.TextWidth("= " + beats);
+        Edges.Left = std::max(Edges.Left, end);
+        return end;
+    }
+
+    void DrawQuarter(double x, double y) {
         picture.Polygon({{x - 3.6, y + 1.4},
                          {x - 3.2, y - 0.6},
                          {x - 1.2, y - 2.4},
@@ -149,11 +168,6 @@ private:
                          {x + 1.2, y + 2.2},
                          {x - 1.8, y + 2.8}});
         picture.Line(x + 3, y - 1, x + 3, y - 13);
-        SetFont(picture, "Arial", 8, false, false, false, file.FontColor);
-        const std::string beats =
-            Core::FormatSingle(file.Tempo) + (file.Shuffle ? "  " + LanguageText("str_HeaderShuffle") : "");
-        picture.Print(x + 8, y + 2, "= " + beats);
-        return x + 8 + picture.TextWidth("= " + beats);
     }
 
     Picture& picture;
@@ -161,6 +175,7 @@ private:
     const TabFile& file;
     int left;
     int top;
+    bool inks;
     double size = 8;   ///< points of the font at hand
     double width = 0;  ///< room of a line, in pixels
 };
@@ -192,6 +207,12 @@ void DrawRunningLine(Picture& picture, const PageSetup& setup, int left, double 
 }
 
 }  // namespace
+
+HeaderEdges MeasureHeader(Picture& picture, const PageSetup& setup, const TabFile& file, int track) {
+    HeaderPainter header(picture, setup, file, 0, 0, false);
+    header.Draw(file.Tracks[track]);
+    return header.Edges;
+}
 
 void DrawPageFurniture(Picture& picture, const PageSetup& setup, const TabFile& file, int track, int left, int top,
                        int page, int pageCount, const RunningTexts* texts) {

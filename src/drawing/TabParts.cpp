@@ -28,11 +28,12 @@ bool Room::IsFree(const Area& area, bool passNumbers) const {
 double Room::TakeLevel(double left, double right, double labelRight, double firstMiddle, double step) {
     constexpr double half = 3.5;
     constexpr int enough = 40;
-    double middle = firstMiddle;
-    for (int level = 0; level < enough; ++level, middle -= step) {
-        const double label = std::min(right, labelRight);
-        if ((label <= left || IsFree({left, middle - half, label, middle + half})) &&
-            IsFree({left, middle - half, right, middle + half}, true)) {
+    double middle = firstMiddle;  // where nothing is free, as good a place as any
+    for (int level = 0; level < enough; ++level) {
+        const double at = firstMiddle - step * level, label = std::min(right, labelRight);
+        if ((label <= left || IsFree({left, at - half, label, at + half})) &&
+            IsFree({left, at - half, right, at + half}, true)) {
+            middle = at;
             break;
         }
     }

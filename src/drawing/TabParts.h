@@ -98,11 +98,17 @@ bool FretNumber(const std::string& fret, int& number);
 
 /// The first bar of a bar's row.
 int FirstOfRow(const TabBar& bar);
+/// x of the row's left edge.
+double RowLeft(const TabBar& bar);
+int LastOfRow(const TabBar& bar);
 /// Where a text of this width that wants to begin at `left` begins to stay on the paper; one that is too wide begins at
 /// its left edge.
 double LeftOnPaper(const TabBar& bar, double left, double width);
 /// A text that fits on the paper in the font in use: its beginning and an ellipsis where it is wider.
 std::string FitToPaper(Picture& picture, const TabBar& bar, const std::string& text);
+/// The beginning of a text with an ellipsis, as long as fits into the width in the font in use; the ellipsis alone may
+/// be wider.
+std::string CutToFit(Picture& picture, const std::string& text, double width);
 /// Where texts must end.
 double PaperRight(const TabBar& bar);
 

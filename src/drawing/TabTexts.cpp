@@ -3,6 +3,7 @@
 #include <string>
 
 #include "drawing/NotationParts.h"
+#include "drawing/PageFurniture.h"
 
 namespace Quillon::Drawing {
 
@@ -42,6 +43,22 @@ void TakeOverhang(Picture& picture, TabBar& bar) {
     }
 }
 
+/// Over a page's first row stands the header.
+void TakeHeader(TabBar& bar) {
+    constexpr double wide = 40000, nearest = 20;  // a smaller margin leaves the marks their usual place
+    const RowLook& look = bar.Context.Look;
+    const Core::BarPlace& place = bar.Bar.Place;
+    if (look.TopMargin == 0 || place.Page < 0 || place.RowOnPage != 0) return;
+    const double page = bar.Context.Y - look.TopMargin, left = RowLeft(bar);
+    const auto take = [&](double from, double to, int bottom) {
+        bar.Around.Take({from, page, to, std::min(page + bottom, bar.Context.Y - nearest)});
+    };
+    if (place.Page > 0 && !bar.Context.File.ShowHeader) return take(left - wide, left + wide, RunningBottom);
+    take(left - wide, left + wide, TitlesBottom);
+    take(left - wide, left + look.HeaderLeft, HeaderBottom);
+    take(left + look.HeaderRight, left + wide, HeaderBottom);
+}
+
 /// The lowest free place at or above the band of texts; a text that meets something short steps right of it first.
 Area TextPlace(const TabBar& bar, double column, double width) {
     constexpr double aside = 14, step = 4;
@@ -70,6 +87,7 @@ void TakeRoom(Picture& picture, TabBar& bar) {
         const double width = picture.TextWidth(std::to_string(bar.Context.Info().RepeatClose) + "x");
         bar.Around.Take({right - width, bar.Context.Y - 11.0, right, bar.Context.Y - 4.0, true});
     }
+    TakeHeader(bar);
     for (const PlacedSign& sign : SignsOf(bar.Context)) bar.Around.Take(SignArea(picture, sign));
     TakeOverhang(picture, bar);
 }

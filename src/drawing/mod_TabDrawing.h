@@ -19,11 +19,14 @@ constexpr double LargestFontSize = 200;
 
 /// How all rows of a laid-out track look, beside what the document says.
 struct RowLook {
-    double LyricsSize = 0;  ///< points; 0 without lyrics
-    int ChartDrop = 0;      ///< how much lower than usual chord charts stand, to make room for the lyrics above them
-    int PaperLeft = 0;      ///< where texts may begin, from a row's left edge; with PaperRight 0 they reach anywhere
-    int PaperRight = 0;     ///< where they must end
-    int RowHeadRoom = 0;    ///< pixels left of a row that clefs may take; 0 for no clef on a row that changes nothing
+    double LyricsSize = 0;   ///< points; 0 without lyrics
+    int ChartDrop = 0;       ///< how much lower than usual chord charts stand, to make room for the lyrics above them
+    int PaperLeft = 0;       ///< where texts may begin, from a row's left edge; with PaperRight 0 they reach anywhere
+    int PaperRight = 0;      ///< where they must end
+    int TopMargin = 0;       ///< from a page's top to its first row; 0 where marks may rise as far as they want
+    double HeaderLeft = 0;   ///< of the lower lines of a page's header: where the texts at the left end,
+    double HeaderRight = 0;  ///< and where those at the right begin, both from a row's left edge
+    int RowHeadRoom = 0;     ///< pixels left of a row that clefs may take; 0 for no clef on a row that changes nothing
 };
 
 /// Everything a bar's painter reads.
@@ -51,10 +54,11 @@ void DrawStrum(Picture& picture, const BarContext& bar, int strum);
 /// D.S., coda, to coda and segno, in this order: the first 36 above the row, further ones higher by 16.
 void DrawBarMarks(Picture& picture, const BarContext& bar);
 /// How a laid-out track shows the lyrics of `lyricsTrack` on every row: at one point less than the document's text
-/// font, smaller in whole points where syllables would run into each other anywhere, and where the lines do not fit
-/// between two rows. Chord charts come down first, as far as they can.
-RowLook LookOfLyrics(Picture& picture, const Core::TabFile& file, int track, int lyricsTrack);
-/// The lyric lines of the strums of `lyricsTrack`'s bar under this bar's row, in columns worked out apart.
+/// font, smaller in whole points where the lines do not fit between two rows. Chord charts come down first, as far as
+/// they can.
+RowLook LookOfLyrics(const Core::TabFile& file, int track, int lyricsTrack);
+/// The lyric lines of the strums of `lyricsTrack`'s bar under this bar's row, in columns worked out apart. A row whose
+/// words would meet each other, or leave the paper, gets smaller ones; those that still would are moved or cut.
 void DrawLyrics(Picture& picture, const BarContext& bar, int lyricsTrack);
 /// Two dots at y and y + 7.
 void DrawRepeatDots(Picture& picture, double x, double y);

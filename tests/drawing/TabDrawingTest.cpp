@@ -1,4 +1,6 @@
 // What is drawn for each technique, as logs to be read.
+#include <map>
+
 #include "drawing/mod_HighLevelDrawing.h"
 #include "drawing/mod_PageLayout.h"
 #include "drawing/mod_PrintedPages.h"
@@ -263,7 +265,7 @@ TEST(TabDrawing, FramesOfEveryKind) {
     Testing::CheckGolden("drawing/frames.txt", log.Text());
 }
 
-TEST(TabDrawing, LyricsShrinkAlikeOnEveryRowUntilTheyStandClear) {
+TEST(TabDrawing, WordsShrinkInTheRowWhereTheyWouldMeet) {
     Score score({4, 2}, true);
     const auto syllable = [&](int strum, int line, const char* text, int bar = 0) {
         score.At(strum, bar).Length = 2;
@@ -272,18 +274,66 @@ TEST(TabDrawing, LyricsShrinkAlikeOnEveryRowUntilTheyStandClear) {
     for (int strum = 0; strum < 4; ++strum) syllable(strum, 0, strum == 1 ? "won" : "Twin");
     syllable(0, 4, "last");
     syllable(0, 0, "like", 1);
-    PictureLog log;
     for (const int bar : {0, 1}) score.File.Tracks[0].Bars[bar].Place.Page = 0;
     score.File.RowSpacing = 300;
-    const RowLook look = LookOfLyrics(log, score.File, 0, 0);
-    EXPECT_LT(look.LyricsSize, score.File.FontSize - 1.0);
+    const RowLook look = LookOfLyrics(score.File, 0, 0);
+    EXPECT_EQ(look.LyricsSize, score.File.FontSize - 1.0);
+    PictureLog log;
     for (const int bar : {0, 1}) {
         const Core::BarPlace& place = score.File.Tracks[0].Bars[bar].Place;
         DrawLyrics(log, {score.File, 0, bar, place.BarX, place.BarY, place.BarWidth, look}, 0);
     }
     Testing::CheckGolden("drawing/lyrics.txt", log.Text());
-    for (const int strum : {0, 1, 2, 3}) syllable(strum, 0, "a");
-    EXPECT_EQ(LookOfLyrics(log, score.File, 0, 0).LyricsSize, score.File.FontSize - 1.0);
+}
+
+/// Where words were printed, line by line.
+struct WordLog : PictureLog {
+    using PictureLog::Print;
+    void Print(double x, double baseline, std::string_view text, Anchor anchor) override {
+        Lines[baseline].push_back({x, x + TextWidth(text)});
+        PictureLog::Print(x, baseline, text, anchor);
+    }
+    void SetFont(const Font& next) override {
+        Smallest = std::min(Smallest, next.Size);
+        PictureLog::SetFont(next);
+    }
+    std::map<double, std::vector<std::pair<double, double>>> Lines;
+    double Smallest = 100;
+};
+
+TEST(TabDrawing, WordsNeverMeetNorLeaveThePaper) {
+    constexpr int paperLeft = X - 46;
+    for (const char* text :
+         {"a", "won", "wonder-", "incomprehensibilities", "Donaudampfschifffahrt\xC3\xA4\xC3\xB6\xC3\xBC"}) {
+        for (const int strums : {1, 3, 16}) {
+            Score score({strums, strums, 1});
+            for (int bar = 0; bar < 3; ++bar) {
+                const int count = score.File.Tracks[0].Bars[bar].Strums().Count();
+                for (int s = 0; s < count; ++s) {
+                    score.At(s, bar).Length = 4;
+                    score.At(s, bar).Syllables.Edit()[s % 2] = text;
+                }
+            }
+            const Core::BarPlace& end = score.File.Tracks[0].Bars[2].Place;
+            const int paperRight = end.BarX + end.BarWidth + 10;
+            const RowLook look{.LyricsSize = 18, .PaperLeft = paperLeft - X, .PaperRight = paperRight - X};
+            WordLog log;
+            for (int bar = 0; bar < 3; ++bar) {
+                const Core::BarPlace& place = score.File.Tracks[0].Bars[bar].Place;
+                DrawLyrics(log, {score.File, 0, bar, place.BarX, place.BarY, place.BarWidth, look}, 0);
+            }
+            EXPECT_GE(log.Smallest, 7);
+            EXPECT_FALSE(log.Lines.empty());
+            for (const auto& [baseline, words] : log.Lines) {
+                double free = paperLeft;
+                for (const auto& [left, right] : words) {
+                    EXPECT_GE(left, free) << text << " " << strums;
+                    free = right + 2;
+                }
+                EXPECT_LE(words.back().second, paperRight + 0.01) << text << " " << strums;
+            }
+        }
+    }
 }
 
 TEST(TabDrawing, LyricsAndChartsShareTheRoomBetweenTwoRows) {
@@ -303,7 +353,7 @@ TEST(TabDrawing, LyricsAndChartsShareTheRoomBetweenTwoRows) {
         for (int line = 0; line < row.Lines; ++line) score.At(0, 0).Syllables.Edit()[line] = "a";
         score.File.Tracks[0].Bars[0].Place.Page = 0;
         PictureLog log;
-        const RowLook look = LookOfLyrics(log, score.File, 0, 0);
+        const RowLook look = LookOfLyrics(score.File, 0, 0);
         EXPECT_EQ(look.LyricsSize, row.Size) << row.RowSpacing << " " << row.Lines;
         EXPECT_EQ(look.ChartDrop, row.Drop) << row.RowSpacing << " " << row.Lines;
     }
@@ -344,6 +394,31 @@ TEST(TabDrawing, ChartsRiseOverHighNotes) {
     EXPECT_EQ(usual, Y - 71);
     EXPECT_EQ(ring("12"), usual);
     EXPECT_LT(ring("22"), usual);
+}
+
+TEST(TabDrawing, ChartsKeepClearOfThePagesHeader) {
+    Score score({2});
+    score.File.Tracks[0].ShowTreble = true;
+    score.File.Tracks[0].ShowTab = false;
+    score.File.AlwaysCharts = true;
+    score.At(0).HasChord = true;
+    score.At(0).ChordFrets.Edit()[0] = "0";
+    score.Note(0, 0, "34");
+    Core::BarPlace& place = score.File.Tracks[0].Bars.Edit(0).Place;
+    const auto ring = [&](int page, double headerLeft) {
+        place.Page = page;
+        PictureLog log;
+        const RowLook look{.TopMargin = 210, .HeaderLeft = headerLeft, .HeaderRight = 600};
+        DrawBarStrums(log, {score.File, 0, 0, X, Y, place.BarWidth, look});
+        const std::size_t at = log.Text().find("circle 122 ");
+        return at == std::string::npos ? 0 : std::stoi(log.Text().substr(at + 11));
+    };
+    EXPECT_EQ(ring(0, 40), Y - 71) << "the tempo stands over it";
+    const int lifted = ring(0, -20);
+    EXPECT_LT(lifted, Y - 90);
+    EXPECT_EQ(ring(1, 40), lifted) << "no header";
+    score.File.ShowHeader = true;
+    EXPECT_EQ(ring(1, 40), Y - 71);
 }
 
 TEST(TabDrawing, ARunKeepsItsHeightOverBarLines) {
