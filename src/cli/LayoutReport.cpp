@@ -52,7 +52,7 @@ void AddDetail(Json& report, const Core::Track& track, int index) {
     Json texts = Json::array();
     for (const Core::Strum& strum : bar.Strums()) texts.push_back(TextsOf(track, strum, bar.Place.BarY));
     report["Texts"] = std::move(texts);
-    if (track.IsDrum || (!track.ShowTreble && !track.ShowBass)) return;
+    if (!track.ShowTreble && !track.ShowBass) return;
     Json heads = Json::array();
     for (const Core::Strum& strum : bar.Strums()) {
         heads.push_back(HeadsOf(track, strum, Drawing::KeyUsesFlats(bar.Key)));

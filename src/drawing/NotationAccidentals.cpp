@@ -68,7 +68,7 @@ void ChooseSigns(StaffBar& bar) {
             }
             const auto known = altered.find(note.Step);
             const int before =
-                known != altered.end() ? known->second : KeyAlteration(bar.Bar.Key, note.Step, bar.Place.Clef);
+                known != altered.end() ? known->second : KeyAlteration(bar.Key, note.Step, bar.Place.Clef);
             if (note.Alteration == before) continue;
             altered[note.Step] = note.Alteration;
             note.Sign = SignOf(note.Alteration);
@@ -141,7 +141,7 @@ Area SignArea(const StaffColumn& column, const StaffNote& note) {
 }
 
 Accidental GraceSign(const StaffBar& bar, const Spelling& spelling) {
-    if (bar.IsDrum() || spelling.Alteration == KeyAlteration(bar.Bar.Key, spelling.Step, bar.Place.Clef)) {
+    if (bar.IsDrum() || spelling.Alteration == KeyAlteration(bar.Key, spelling.Step, bar.Place.Clef)) {
         return Accidental::None;
     }
     return SignOf(spelling.Alteration);

@@ -104,7 +104,8 @@ void TakeStaffRoom(TabBar& bar, const std::vector<StaffBar>& staves) {
                 bar.Around.Take({left, static_cast<double>(staff.Bottom()), right, lowest + margin});
             }
         };
-        for (const StaffColumn& column : staff.Columns) {
+        for (int s = 0; s < staff.Count(); ++s) {
+            const StaffColumn& column = staff.Column(s);
             if (!column.Sounds()) continue;
             const double end = column.HasStem ? column.StemEnd : column.StemStart;
             take(std::min(column.Left, column.X - side), std::min(column.Highest() - 4, end),

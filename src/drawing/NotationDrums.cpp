@@ -26,6 +26,11 @@ int SoundOfNote(const Core::Track& track, int string, const Core::Note& note) {
     return 0;
 }
 
+bool IsCross(const Core::Track& track, int string, const Core::Note& note) {
+    const int sound = SoundOfNote(track, string, note);
+    return LaneOfSound(sound) < 0 || sound == SecondRide || std::ranges::find(CrossSounds, sound) != CrossSounds.end();
+}
+
 }  // namespace
 
 int LaneOfSound(int sound) {
@@ -37,32 +42,50 @@ int LaneOfNote(const Core::Track& track, int string, const Core::Note& note) {
     return lane >= 0 ? lane : LaneOfNoSound;
 }
 
+int DrumKey(const Core::Track& track, int string, const Core::Note& note) {
+    constexpr int beforeFirst = 34;  // the list of sounds begins with the lowest key of the drums, 35
+    constexpr int snare = 38;
+    const int sound = SoundOfNote(track, string, note);
+    return sound > 0 ? beforeFirst + sound : snare;
+}
+
+std::vector<Head> DrumHeads(const Core::Track& track, const Core::Strum& strum) {
+    constexpr int anchor = 7, aside = 6;
+    std::vector<Head> heads;
+    std::vector<StaffNote> placed;
+    for (int string = 0; string < std::clamp<int>(track.Strings, 0, Core::StringCount); ++string) {
+        const Core::Note& note = strum.Notes[string];
+        if (note.Fret.empty()) continue;
+        const int lane = LaneOfNote(track, string, note);
+        StaffNote head{string};
+        head.Step = DrumLaneStep(lane);
+        head.Cross = IsCross(track, string, note);
+        const auto isThere = [&](const StaffNote& other) {
+            return other.Step == head.Step && other.Cross == head.Cross;
+        };
+        if (std::ranges::any_of(placed, isThere)) continue;
+        const auto isBeside = [&](const StaffNote& other) {
+            return other.X == 0 && std::abs(other.Step - head.Step) <= 1;
+        };
+        if (std::ranges::any_of(placed, isBeside)) head.X = aside;
+        placed.push_back(head);
+        heads.push_back({string, DrumLaneY(lane) - anchor, static_cast<int>(head.X)});
+    }
+    return heads;
+}
+
 void PlaceDrumHeads(StaffBar& bar) {
+    if (!bar.Place.TakesHigh) return;
     for (int s = 0; s < bar.Count(); ++s) {
         StaffColumn& column = bar.Column(s);
-        if (!bar.Place.TakesHigh) continue;
-        for (int string = 0; string < std::clamp<int>(bar.Track.Strings, 0, Core::StringCount); ++string) {
-            const Core::Note& note = bar.Strum(s).Notes[string];
-            if (note.Fret.empty()) continue;
-            StaffNote placed{string};
-            placed.Step = DrumLaneStep(LaneOfNote(bar.Track, string, note));
-            placed.X = column.X;
+        for (const Head& head : DrumHeads(bar.Track, bar.Strum(s))) {
+            const Core::Note& note = bar.Strum(s).Notes[head.String];
+            StaffNote placed{head.String};
+            placed.Step = DrumLaneStep(LaneOfNote(bar.Track, head.String, note));
+            placed.X = column.X + head.DX * column.Scale();
             placed.Y = bar.YOf(placed.Step);
-            const int sound = SoundOfNote(bar.Track, string, note);
-            placed.Cross = LaneOfSound(sound) < 0 || sound == SecondRide ||
-                           std::find(CrossSounds.begin(), CrossSounds.end(), sound) != CrossSounds.end();
-            // Two sounds of one lane share a head unless they are written differently.
-            const bool there = std::any_of(column.Notes.begin(), column.Notes.end(), [&](const StaffNote& other) {
-                return other.Step == placed.Step && other.Cross == placed.Cross;
-            });
-            if (there) continue;
-            const bool beside = std::any_of(column.Notes.begin(), column.Notes.end(), [&](const StaffNote& other) {
-                return other.X == column.X && std::abs(other.Step - placed.Step) <= 1;
-            });
-            if (beside) {
-                placed.X += 6 * column.Scale();
-                column.Displaced = true;
-            }
+            placed.Cross = IsCross(bar.Track, head.String, note);
+            column.Displaced = column.Displaced || head.DX != 0;
             column.Notes.push_back(placed);
         }
     }

@@ -70,7 +70,11 @@ void DrawGraceNotes(Picture& picture, const StaffBar& bar, int strum) {
     // A flag, and the stroke through it that makes it short.
     picture.Stamp(GraceFlagShape(), x, end);
     picture.Line(x - 3, end + 9, x + 5.5, end + 3.5, 1);
-    DrawBow(picture, column.GraceX, column.X - 1.5, bottom + 4, -2.5, std::clamp(column.Lowest() - bottom, -6.0, 6.0));
+    // A bow to a head far off would be a wall; the stroke tells enough.
+    constexpr double farthest = 24, steepest = 6;
+    const double fall = column.Lowest() - bottom;
+    if (std::abs(fall) > farthest && heads.size() == 1) return;
+    DrawBow(picture, column.GraceX, column.X - 1.5, bottom + 4, -2.5, std::clamp(fall, -steepest, steepest));
 }
 
 }  // namespace Quillon::Drawing

@@ -58,10 +58,13 @@ int EndOfBeat(const Core::List<Strum>& strums, int first, double beat) {
 int OctaveShift(const Track& track) { return (track.OctaveUp ? 12 : 0) - (track.OctaveDown ? 12 : 0); }
 
 int WrittenPitch(const Track& track, int string, const Note& note) {
-    return Core::OpenPitch(track, string) + FretNumber(note.Fret) + OctaveShift(track);
+    const int sounds =
+        track.IsDrum ? DrumKey(track, string, note) : Core::OpenPitch(track, string) + FretNumber(note.Fret);
+    return sounds + OctaveShift(track);
 }
 
 std::vector<Head> StrumHeads(const Track& track, const Strum& strum, bool useFlats) {
+    if (track.IsDrum && track.ShowTreble) return DrumHeads(track, strum);
     std::vector<Head> heads;
     std::vector<int> pitches;
     for (int s = 0; s < StringsInUse(track); ++s) {
@@ -101,7 +104,7 @@ std::vector<BeamGroup> BeamGroups(const Track& track, const Bar& bar, const Core
                 if (!note.Fret.empty()) highest = std::max(highest, WrittenPitch(track, string, note));
             }
         }
-        group.StemUp = StemUp(highest, anyHash);
+        group.StemUp = track.IsDrum ? !anyHash : StemUp(highest, anyHash);
         group.Drawn = highest > -200;
         groups.push_back(group);
         first = group.Last + 1;

@@ -92,7 +92,8 @@ StaffBar::StaffBar(const BarContext& bar, const StaffPlace& place)
       Place(place),
       Track(place.Track),
       Bar(Track.Bars[bar.Bar]),
-      UseFlats(KeyUsesFlats(Bar.Key)),
+      Key(Track.IsDrum ? 0 : Bar.Key),
+      UseFlats(KeyUsesFlats(Key)),
       Groups(BeamGroups(Track, Bar, bar.Info())) {
     const int count = Bar.Strums().Count();
     Columns.resize(static_cast<std::size_t>(count));

@@ -18,23 +18,54 @@ struct Target {
     bool SameRow = true;
     bool Found = false;
     int Pitch = 0;
+    bool InNextBar = false;
 };
+
+/// The first head on a string from a column of a bar on; `there` tells whether the string has a note, if on the other
+/// staff.
+Target HeadFrom(const StaffBar& bar, int strum, int string, bool& there) {
+    there = false;
+    for (int next = strum; next < bar.Count(); ++next) {
+        if (bar.Strum(next).Notes[string].Fret.empty()) continue;
+        there = true;
+        for (const StaffNote& other : bar.Column(next).Notes) {
+            if (other.String != string) continue;
+            const double left = other.Sign == Accidental::None ? other.X - 4.6 : other.SignX - 2.8;
+            return {other.X, other.Y, left, true, true, other.Pitch, false};
+        }
+        break;
+    }
+    return {};
+}
+
+/// Hands the same staff of the next bar of the row, as that bar is going to draw it, to `use`.
+template <typename Use>
+void WithNextBar(const StaffBar& bar, const Use& use) {
+    const BarContext& here = bar.Context;
+    const int width = here.ItsTrack().Bars[here.Bar + 1].Place.BarWidth;
+    const BarContext next{here.File, here.Track, here.Bar + 1, here.X + here.Width, here.Y, width, here.Look};
+    for (const StaffBar& staff : StaffBarsOf(next)) {
+        if (!staff.Place.OfOther && staff.Place.Top == bar.Place.Top) use(staff);
+    }
+}
+
+/// Where a bow to the next row ends: in the margin. That of a bar that is too full stays in it.
+double RowEnd(const StaffBar& bar) { return bar.Right() + (TabBar(bar.Context).Beside(1) ? -2 : 7); }
 
 /// The next head on a note's string, in this bar or the next one.
 Target NextHead(const StaffBar& bar, int strum, const StaffNote& note) {
-    for (int next = strum + 1; next < bar.Count(); ++next) {
-        if (bar.Strum(next).Notes[note.String].Fret.empty()) continue;
-        for (const StaffNote& other : bar.Column(next).Notes) {
-            if (other.String != note.String) continue;
-            const double left = other.Sign == Accidental::None ? other.X - 4.6 : other.SignX - 2.8;
-            return {other.X, other.Y, left, true, true, other.Pitch};
-        }
-        return {};  // it stands on the other staff
-    }
+    bool there = false;
+    if (const Target target = HeadFrom(bar, strum + 1, note.String, there); there) return target;
     if (bar.Place.OfOther) return {};
     const Partner partner = NextOnString(TabBar(bar.Context), bar.Count() - 1, note.String);
     if (!partner.Note) return {};
-    Target target{partner.X, note.Y, partner.X - 4.6, partner.SameRow, true, 0};
+    if (partner.SameRow) {
+        Target target;
+        WithNextBar(bar, [&](const StaffBar& next) { target = HeadFrom(next, 0, note.String, there); });
+        target.InNextBar = true;
+        return target;
+    }
+    Target target{partner.X, note.Y, partner.X - 4.6, partner.SameRow, true, 0, false};
     if (!bar.IsDrum()) {
         target.Pitch = WrittenPitch(bar.Track, note.String, *partner.Note);
         if (!Takes(bar.Place, target.Pitch)) return {};
@@ -60,7 +91,7 @@ void DrawBowTo(Picture& picture, const StaffBar& bar, int strum, const StaffNote
     const double away = inChord ? 2 : BowAway, inset = inChord ? 5.5 : 2;
     const double dots = inChord && bar.Strum(strum).Dotted ? 5 : 0;
     const double from = note.X + inset + dots;
-    double to = target.SameRow ? target.X - inset : bar.Right() - 2;
+    double to = target.SameRow ? target.X - inset : RowEnd(bar);
     if (inChord && target.SameRow) to = std::min(to, target.Left - 1);
     if (to - from < 4) to = from + 4;
     const double fall = target.SameRow ? target.Y - note.Y : 0;
@@ -92,7 +123,7 @@ void DrawLegato(Picture& picture, const StaffBar& bar, int strum) {
     if (!target.Found) return;
     // One bow for all notes of the strum, over or under the outermost.
     const double outward = column.StemUp ? 1 : -1;
-    const double from = outermost->X + 1, to = target.SameRow ? target.X - 1 : bar.Right() - 2;
+    const double from = outermost->X + 1, to = target.SameRow ? target.X - 1 : RowEnd(bar);
     const double fall = target.SameRow ? target.Y - outermost->Y : 0;
     const double rise = std::min(7.0, 3 + (to - from) / 16);
     const double y = outermost->Y + outward * (BowAway + 0.5);
@@ -104,9 +135,14 @@ void DrawLegato(Picture& picture, const StaffBar& bar, int strum) {
     const double x = std::round((from + to) / 2);
     const double nearest = std::round(y + fall / 2 + outward * (rise + (outward < 0 ? 2.5 : 8.5)));
     double baseline = nearest;
-    while (std::abs(baseline - nearest) < farthest &&
-           MeetsHeads(bar, {x - half, baseline - height, x + half, baseline}))
-        baseline += outward;
+    const auto clear = [&](const StaffBar& staff) {
+        while (std::abs(baseline - nearest) < farthest &&
+               MeetsHeads(staff, {x - half, baseline - height, x + half, baseline})) {
+            baseline += outward;
+        }
+    };
+    clear(bar);
+    if (target.InNextBar && x + half > bar.Right()) WithNextBar(bar, clear);
     Print(picture, SmallFont, x, baseline, letter);
 }
 
@@ -150,18 +186,22 @@ void DrawStaffLinks(Picture& picture, const StaffBar& bar, int strum) {
 }
 
 void DrawStaffLinksFromLastRow(Picture& picture, const StaffBar& bar) {
-    constexpr double reach = 14;
+    constexpr double reach = 14, margin = 6, afterFigures = 43;
     const BarContext& context = bar.Context;
     if (bar.Place.OfOther || context.Bar == 0 || bar.Count() == 0 || TabBar(context).Beside(-1)) return;
     const auto& before = bar.Track.Bars[context.Bar - 1].Strums();
     const Core::Strum& last = before[before.UpperBound()];
     const StaffColumn& column = bar.Column(0);
+    // In the margin again, unless clefs stand there or in the bar.
+    const bool figures = context.ItsBar().Place.ShowTimeSig;
+    const double begin = context.X + (figures ? afterFigures : RowHeadWidth(context) > 0 ? 1 : -margin);
     for (const StaffNote& note : column.Notes) {
         const Core::Note& from = last.Notes[note.String];
         if (from.Fret.empty() || (!from.Tied && from.Technique != Core::HammerOnPullOff)) continue;
         const bool up = BowsUp(column, note), inChord = column.Notes.size() > 1;
-        const double right = note.X - (inChord ? 5.5 : 2);
-        const double left = std::max(right - reach, context.X + 1.0);
+        double right = note.X - (inChord ? 5.5 : 2);
+        if (inChord && note.Sign != Accidental::None) right = std::min(right, note.SignX - 3.8);
+        const double left = std::max(right - reach, begin);
         const double away = inChord ? 2 : BowAway;
         DrawBow(picture, left, std::max(right, left + 4), note.Y + (up ? -away : away), up ? 3 : -3);
     }

@@ -89,6 +89,7 @@ struct StaffBar {
     const StaffPlace Place;
     const Core::Track& Track;
     const Core::Bar& Bar;
+    std::int32_t Key;  ///< of the bar; drums stand in none
     bool UseFlats;
     int Shown = 0;        ///< columns that stand in the bar; those of a bar too full for its time reach out of it
     bool Silent = false;  ///< nothing of the bar stands on this staff, or one rest as long as the bar

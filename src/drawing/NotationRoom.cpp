@@ -152,9 +152,19 @@ Label PlacedBarNumber(const BarContext& bar) {
     return number;  // where nothing helps under the ink
 }
 
+namespace {
+
+bool HasAlteredGrace(const StaffBar& bar, int strum) {
+    return std::ranges::any_of(GraceHeads(bar, strum),
+                               [](const GraceHead& head) { return head.Sign != Accidental::None; });
+}
+
+}  // namespace
+
 void MakeRoomBefore(std::vector<StaffBar>& staves) {
-    // Of the way to the next column; pixels from the tab figure of the same strum, and where no tab shows.
-    constexpr double most = 0.5, besideTab = 6, alone = 12;
+    // Of the way to the next column; pixels from the tab figure of the same strum, and where no tab shows, where the
+    // first column may have to pass a crowded key and the time signature.
+    constexpr double most = 0.5, besideTab = 6, alone = 12, firstAlone = 18;
     // The staves of one track move together; that of another track has columns of its own.
     for (const bool ofOther : {false, true}) {
         std::vector<StaffBar*> related;
@@ -167,7 +177,9 @@ void MakeRoomBefore(std::vector<StaffBar>& staves) {
                 const StaffColumn& column = bar->Column(s);
                 if (!column.Sounds() && !column.Rest) continue;
                 const double halfWay = std::max(0.0, most * (bar->NextX(s) - column.X));
-                const double furthest = std::min(bar->Context.ItsTrack().ShowTab ? besideTab : alone, halfWay);
+                const bool near = bar->Context.ItsTrack().ShowTab && !(s == 0 && HasAlteredGrace(*bar, s));
+                const bool first = s == 0 && !bar->Context.ItsTrack().ShowTab;
+                const double furthest = std::min(near ? besideTab : first ? firstAlone : alone, halfWay);
                 by = std::max(by, StepAside(*bar, s, furthest));
                 if (s <= 1) by = ClearOfPrinted(*bar, s, by, furthest);
                 if (s == 0 && BehindDots(*bar) <= halfWay) by = std::max(by, BehindDots(*bar));

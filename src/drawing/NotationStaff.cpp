@@ -68,7 +68,8 @@ std::vector<StaffPlace> StaffPlacesOf(const BarContext& bar) {
     if (track.ShowBass) {
         const int top = bar.Y + (both ? LowerStaff : 0);
         const bool lowest = both && !track.IsDrum;
-        staves.push_back({track, track.IsDrum ? clef : Clef::Bass, top, !both, !both || lowest, !both});
+        // Drums stand on lanes where the track shows a treble staff; on a bass staff alone they are notes like others.
+        staves.push_back({track, both && track.IsDrum ? clef : Clef::Bass, top, !both, !both || lowest, !both});
     }
     if (ShowsStaffOfOther(bar.File, track)) {
         const Core::Track& other = bar.File.Tracks[track.LyricsTrack];
@@ -110,7 +111,7 @@ struct KeySignature {
     Accidental Sign = Accidental::None;
 };
 KeySignature SignatureOf(const StaffPlace& place, int bar) {
-    if (place.Clef == Clef::Percussion || bar > place.Track.Bars.UpperBound()) return {};
+    if (place.Track.IsDrum || bar > place.Track.Bars.UpperBound()) return {};
     const int own = KeySigns(place.Track.Bars[bar].Key);
     if (own != 0) return {own, own > 0 ? Accidental::Sharp : Accidental::Flat};
     return {bar > 0 ? KeySigns(place.Track.Bars[bar - 1].Key) : 0, Accidental::Natural};
@@ -134,7 +135,7 @@ namespace {
 
 /// True when an accidental may stand before the first column of some staff.
 bool FirstColumnAltered(const BarContext& bar, const StaffPlace& place) {
-    if (place.Clef == Clef::Percussion || bar.Bar > place.Track.Bars.UpperBound()) return false;
+    if (place.Track.IsDrum || bar.Bar > place.Track.Bars.UpperBound()) return false;
     const Core::Bar& own = place.Track.Bars[bar.Bar];
     if (own.Strums().Count() == 0) return false;
     for (int string = 0; string < std::clamp<int>(place.Track.Strings, 0, Core::StringCount); ++string) {

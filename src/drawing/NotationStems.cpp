@@ -28,7 +28,7 @@ void PlaceStems(StaffBar& bar) {
     for (const BeamGroup& group : bar.Groups) {
         for (int s = group.First; s <= group.Last; ++s) {
             StaffColumn& column = bar.Column(s);
-            column.StemUp = bar.IsDrum() || group.StemUp;
+            column.StemUp = group.StemUp;
             column.HasStem = column.Sounds() && bar.Strum(s).Length >= 1;
             const double middle = bar.Place.Top + 2.0 * StaffStep;
             column.StemStart = middle;  // of a slash

@@ -37,7 +37,7 @@ int LaneOfNote(const Core::Track& track, int string, const Core::Note& note);
 /// 12 for a track written an octave up, -12 for one written down, else 0: between its strings and the staff.
 int OctaveShift(const Core::Track& track);
 /// Pitch at which a note is written: open pitch plus fret (0 for what is no number), an octave up or down as the
-/// track says.
+/// track says. Of a drum note the key that its letter plays.
 int WrittenPitch(const Core::Track& track, int string, const Core::Note& note);
 
 struct Head {
@@ -45,8 +45,15 @@ struct Head {
     int Y = 0;   ///< PitchToStaffY
     int DX = 0;  ///< 6 for a head that makes room for a neighbour, else 0
 };
-/// Heads of a strum in the order of the strings in use.
+/// Heads of a strum in the order of the strings in use. On the percussion staff, that of a drum track with a treble
+/// staff, those of DrumHeads.
 std::vector<Head> StrumHeads(const Core::Track& track, const Core::Strum& strum, bool useFlats);
+
+/// Heads on the lanes of a percussion staff, seven pixels above their middles as all heads. Sounds of one lane share a
+/// head unless they are written differently.
+std::vector<Head> DrumHeads(const Core::Track& track, const Core::Strum& strum);
+/// The MIDI key that a drum note's letter plays on its string; a snare's for a letter that plays nothing.
+int DrumKey(const Core::Track& track, int string, const Core::Note& note);
 
 struct BeamGroup {
     int First = 0;
@@ -55,7 +62,7 @@ struct BeamGroup {
     bool Drawn = false;  ///< it holds a sounding note
 };
 /// The beam groups of a bar: a beat each, the last beat taking all that is left. There is no compound grouping: in 6/8
-/// each eighth is a beat.
+/// each eighth is a beat. Stems of drums go up unless a hash mark turns them.
 std::vector<BeamGroup> BeamGroups(const Core::Track& track, const Core::Bar& bar, const Core::BarInfo& info);
 /// Up when no strum of the group carries a hash mark and its highest pitch is below 53; the limit is not the middle
 /// line: almost all guitar notes get a down stem, as players are used to.

@@ -365,15 +365,16 @@ TEST(Notation, ColumnsStepAside) {
         Core::Note First;
         bool Tab, Figures, Opens;
         double Key, X;  // of the first column
-    } rows[] = {{"nothing in the way", plain, true, false, false, 1, 109},
-                {"parentheses clear of the bar line", ghost, true, false, false, 1, 112},
-                {"a grace note with its accidental, as far as the tab lets it", grace, true, false, false, 1, 115},
-                {"a stroke into the note where no tab has it", slid, false, false, false, 1, 118},
-                {"not where the tab has it", slid, true, false, false, 1, 109},
-                {"the dots of a repeat", plain, true, false, true, 1, 115},
-                {"behind the dots, which stand behind the figures", plain, false, true, true, 1, 175},
-                {"before them over a tab", plain, true, true, true, 1, 149},
-                {"behind seven sharps", plain, true, true, false, 8, 155}};
+    } rows[] = {
+        {"nothing in the way", plain, true, false, false, 1, 109},
+        {"parentheses clear of the bar line", ghost, true, false, false, 1, 112},
+        {"a grace note with its accidental, further than others beside a tab", grace, true, false, false, 1, 121},
+        {"a stroke into the note where no tab has it", slid, false, false, false, 1, 118},
+        {"not where the tab has it", slid, true, false, false, 1, 109},
+        {"the dots of a repeat", plain, true, false, true, 1, 115},
+        {"behind the dots, which stand behind the figures", plain, false, true, true, 1, 175},
+        {"before them over a tab", plain, true, true, true, 1, 149},
+        {"behind seven sharps", plain, true, true, false, 8, 155}};
     for (const auto& row : rows) {
         Score score({{2, {}}, {2, {{1, "0"}}}, {2, {}}}, static_cast<std::int32_t>(row.Key));
         Core::Track& track = score.File.Tracks[0];
@@ -412,4 +413,75 @@ TEST(Notation, EveryDrumLaneHasAPlaceThatAClickMeans) {
             EXPECT_EQ(DrumLaneFromY(DrumLaneY(lane) - 24), lane);
         }
     }
+}
+
+TEST(Notation, AHashMarkTurnsTheStemsOfDrumsToo) {
+    Score score({{3, {{5, "F"}}}, {3, {}}, {3, {{5, "F"}, {0, "O"}}}, {3, {{5, "F"}}}});
+    Core::Track& track = score.File.Tracks[0];
+    track.IsDrum = true;
+    track.PercStrings[5].dbf = 1;
+    track.PercStrings[0].dbo = 7;
+    track.Bars.Edit(0).EditStrums()[1].Hash = 1;
+    const auto groups = BeamGroups(track, track.Bars[0], score.File.BarInfos[0]);
+    ASSERT_EQ(groups.size(), 2U);
+    EXPECT_FALSE(groups[0].StemUp);
+    EXPECT_TRUE(groups[1].StemUp);
+    const BarContext context = score.Context();
+    const StaffBar staff = StaffBarsOf(context).front();
+    EXPECT_FALSE(staff.Column(0).StemUp);
+    EXPECT_TRUE(staff.Column(2).StemUp);
+    // The heads that the staff draws, on their lanes.
+    const Core::Strum& both = track.Bars[0].Strums()[2];
+    for (const Head& head : StrumHeads(track, both, false)) {
+        const int lane = LaneOfNote(track, head.String, both.Notes[head.String]);
+        EXPECT_EQ(head.Y + 7, DrumLaneY(lane));
+    }
+    EXPECT_EQ(StrumHeads(track, both, false).size(), 2U);
+}
+
+TEST(Notation, DrumsOnABassStaffAloneAreNotes) {
+    Score score({{2, {{5, "F"}}}});
+    Core::Track& track = score.File.Tracks[0];
+    track.IsDrum = true;
+    track.ShowTreble = false;
+    track.ShowBass = true;
+    track.PercStrings[5].dbf = 2;
+    const BarContext context = score.Context();
+    const StaffBar staff = StaffBarsOf(context).front();
+    EXPECT_EQ(staff.Place.Clef, Clef::Bass);
+    ASSERT_EQ(staff.Column(0).Notes.size(), 1U);
+    EXPECT_EQ(staff.Column(0).Notes[0].Pitch, 36) << "the key of the second sound, a bass drum";
+}
+
+TEST(Notation, ATieOverABarLineMeetsTheHeadWhereItStands) {
+    Score score({{2, {{2, "2"}}}, {2, {{2, "2"}}}});
+    Core::Track& track = score.File.Tracks[0];
+    track.Bars.Resize(2);
+    score.File.BarInfos.Resize(2);
+    track.Bars.Edit(0).EditStrums()[1].Notes.Edit(2).Tied = true;
+    const auto ends = [&](const char* beside, bool newRow) {
+        Core::Bar& next = track.Bars.Edit(1);
+        next = track.Bars[0];
+        next.Place.BarX = newRow ? 100 : 189;
+        next.Place.BarY = newRow ? 150 : 0;
+        for (auto& column : next.Place.StrumX) column = static_cast<std::int16_t>(column + next.Place.BarX - 100);
+        next.EditStrums()[1].Notes.Edit(2).Fret = "";
+        next.EditStrums()[0].Notes.Edit(2).Tied = false;
+        if (*beside) next.EditStrums()[0].Notes.Edit(1).Fret = beside;
+        const BarContext context = score.Context();
+        struct Bows : PictureLog {
+            using PictureLog::Polygon;
+            void Polygon(std::span<const Point> points) override {
+                for (const Point& point : points) Right = std::max(Right, point.X);
+            }
+            double Right = 0;
+        } bows;
+        const std::vector<StaffBar> staves = StaffBarsOf(context);
+        DrawStaffLinks(bows, staves.front(), 1);
+        return bows.Right;
+    };
+    const double usual = ends("", false);
+    EXPECT_NEAR(usual, 196, 1);
+    EXPECT_GT(ends("2", false), usual + 1) << "an accidental beside it moved it";
+    EXPECT_NEAR(ends("", true), 196, 1) << "in the margin";
 }
