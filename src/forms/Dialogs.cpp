@@ -10,7 +10,11 @@
 #include "forms/frmMain.h"
 #include "forms/frmNewChord.h"
 #include "forms/frmOptions.h"
+#include "forms/frmScaleEditor.h"
+#include "forms/frmScalePrinter.h"
 #include "forms/frmTrackProperties.h"
+#include "forms/frmTuningEditor.h"
+#include "forms/frmTuningLoader.h"
 #include "forms/ntne_frmASCIIImport.h"
 #include "forms/ntne_frmAddTrack.h"
 #include "forms/ntne_frmBarKeySig.h"
@@ -53,10 +57,14 @@
 #include "shell/PasswordModel.h"
 #include "shell/PrintModel.h"
 #include "shell/TextExportModel.h"
+#include "shell/TuningLoaderModel.h"
 #include "shell/TuningModel.h"
 #include "tools/ChordBatch.h"
 #include "tools/ChordEditor.h"
 #include "tools/ChordSheet.h"
+#include "tools/ScaleEditModel.h"
+#include "tools/ScaleSheet.h"
+#include "tools/TuningEditModel.h"
 
 namespace Quillon::Forms {
 
@@ -112,6 +120,10 @@ const std::unordered_map<std::type_index, bool (*)(DialogModel&, QWidget*)>& Win
         Row<frmNewChord, Tools::ChordEditorModel>(),
         Row<frmChordBatch, Tools::ChordBatchModel>(),
         Row<frmChordPrinter, Tools::ChordSheetModel>(),
+        Row<frmTuningLoader, Shell::TuningLoaderModel>(),
+        Row<frmTuningEditor, Tools::TuningEditModel>(),
+        Row<frmScaleEditor, Tools::ScaleEditModel>(),
+        Row<frmScalePrinter, Tools::ScaleSheetModel>(),
     };
     return table;
 }

@@ -6,13 +6,17 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QSignalBlocker>
 #include <QSpinBox>
 #include <QVBoxLayout>
 
 #include "forms/Text.h"
+#include "forms/frmTuningLoader.h"
+#include "shell/TuningLoaderModel.h"
 #include "shell/TuningModel.h"
+#include "shell/mod_Shell.h"
 
 namespace Quillon::Forms {
 
@@ -39,7 +43,15 @@ void ntne_frmTuning::AddStrings(QFormLayout* page) {
     cmbTuning->addItem(Text("str_TuningOwn"));
     for (const Shell::CommonTuning& tuning : Shell::CommonTunings()) cmbTuning->addItem(Text(tuning.Text));
     cmbTuning->setMaxVisibleItems(cmbTuning->count());
-    page->addRow(Text("str_TuningCommon"), cmbTuning);
+    auto* const library = new QPushButton(Text("str_TuningFromLibrary"), this);
+    library->setObjectName("cmdLibrary");
+    library->setAutoDefault(false);
+    connect(library, &QPushButton::clicked, this, [this] { Shell::Guarded([this] { TakeFromLibrary(); }); });
+    auto* const choice = new QHBoxLayout;
+    choice->addWidget(cmbTuning, 1);
+    choice->addWidget(library);
+    page->addRow(Text("str_TuningCommon"), choice);
+    if (auto* const label = qobject_cast<QLabel*>(page->labelForField(choice))) label->setBuddy(cmbTuning);
     connect(cmbTuning, &QComboBox::activated, this, [this](int index) {
         if (index > 0) model.Choose(Shell::CommonTunings()[static_cast<std::size_t>(index - 1)]);
         Show();
@@ -78,6 +90,15 @@ void ntne_frmTuning::AddStrings(QFormLayout* page) {
     grid->setColumnStretch(Core::StringCount, 1);
     page->addRow(Text("str_TrackTuning"), grid);
     AddNote(page, "str_TuningNameNote");
+}
+
+void ntne_frmTuning::TakeFromLibrary() {
+    Shell::TuningLoaderModel loader;
+    loader.HandsOver = true;
+    loader.Load();
+    if (frmTuningLoader(loader, this).exec() != QDialog::Accepted) return;
+    if (const Library::TuningRec* const tuning = loader.Tuning()) model.Take(*tuning);
+    Show();
 }
 
 void ntne_frmTuning::AddNotesFate(QFormLayout* page) {

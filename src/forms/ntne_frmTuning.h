@@ -23,6 +23,7 @@ protected:
 
 private:
     void AddStrings(QFormLayout* page);
+    void TakeFromLibrary();
     void AddNotesFate(QFormLayout* page);
     void Show();
 

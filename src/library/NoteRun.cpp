@@ -5,6 +5,7 @@
 
 #include "core/mod_Common.h"
 #include "core/mod_Settings.h"
+#include "library/mod_Tuner.h"
 #include "playback/MIDI_CMD.h"
 #include "playback/ctlHiPreTimer.h"
 #include "playback/mod_TabPlayer.h"
@@ -49,6 +50,7 @@ void tmrRun_Timer() {
 
 void PlayRun(NoteRun run) {
     StopRun();
+    StopTuning();
     if (Playback::IsPlaying() || run.Pitches.empty()) return;
     Now = std::make_unique<Playing>();
     Now->Run = std::move(run);

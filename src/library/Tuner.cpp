@@ -5,6 +5,7 @@
 #include "core/mod_Settings.h"
 #include "core/mod_TabFileManipulation.h"
 #include "library/ChordNaming.h"
+#include "library/NoteRun.h"
 #include "library/mod_Tuner.h"
 #include "playback/MIDI_CMD.h"
 #include "playback/ctlHiPreTimer.h"
@@ -19,6 +20,7 @@ namespace {
 constexpr std::int16_t Channel = 0;
 constexpr std::int16_t SteelGuitar = 25;
 constexpr std::int16_t Loudest = 127;
+constexpr int MostPitch = 127;
 constexpr std::int32_t AfterLast = 2500;  ///< ms that the last string may ring
 
 void TickUp();
@@ -28,6 +30,7 @@ void TickWait();
 struct Running {
     int Index = 0;  ///< the string that is next
     int Last = 0;
+    bool Alone = false;  ///< one string, which sounds whether it is checked or not
     Playback::ctlHiPreTimer tmrPlayUp{&TickUp};
     Playback::ctlHiPreTimer tmrPlayDown{&TickDown};
     Playback::ctlHiPreTimer tmrWait{&TickWait};  ///< lets the last string ring
@@ -36,11 +39,13 @@ std::unique_ptr<Running> Run;
 
 void Sound(int string) {
     Playback::MidiSetInstrument(Channel, Core::Settings.OutputBank, SteelGuitar);
+    if (!Run->Alone && !Tuner.Chk[string]) return;
     const int offset = Tuner.Tuning.Tuning[string];
-    if (!Tuner.Chk[string] || offset < -TunerReach || offset > TunerReach) return;
-    const std::string name = TunerName(string, offset);
+    // The names reach an octave; a track may have a bass's strings.
+    const bool named = offset >= -TunerReach && offset <= TunerReach;
+    const int pitch = named ? TunerPitch(string, TunerName(string, offset)) : Core::DefaultStringPitch(string) + offset;
     if (!Tuner.LetRing) Playback::MidiAllChannelsOff();
-    Playback::MidiNoteOn(Channel, Core::ToInt16(TunerPitch(string, name)), Loudest);
+    if (pitch >= 0 && pitch <= MostPitch) Playback::MidiNoteOn(Channel, Core::ToInt16(pitch), Loudest);
     if (Tuner.StringSounds) Tuner.StringSounds(string);
 }
 
@@ -70,6 +75,7 @@ void TickWait() { StopTuning(); }
 /// From one string to another, each in turn.
 bool Start(int from, int to) {
     StopTuning();
+    StopRun();
     if (Playback::IsPlaying()) return false;
     Run = std::make_unique<Running>();
     Run->Index = from;
@@ -103,7 +109,9 @@ void PlayTuningDown() {
 }
 
 void PlayTuningString(int string) {
-    if (string >= 0 && string <= LowestString() && Start(string, string)) TickDown();
+    if (string < 0 || string > LowestString() || !Start(string, string)) return;
+    Run->Alone = true;
+    TickDown();
 }
 
 void StopTuning() {

@@ -31,7 +31,7 @@ extern TunerState Tuner;
 /// the tuning is not to be changed. Does nothing while a song plays.
 void PlayTuningUp();
 void PlayTuningDown();
-/// One string alone.
+/// One string alone, checked or not.
 void PlayTuningString(int string);
 void StopTuning();
 bool IsTuningPlaying();

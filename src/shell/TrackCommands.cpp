@@ -9,6 +9,7 @@
 #include "shell/LyricsModel.h"
 #include "shell/PasswordModel.h"
 #include "shell/PercAssistant.h"
+#include "shell/TuningLoaderModel.h"
 #include "shell/TuningModel.h"
 
 namespace Quillon::Shell {
@@ -29,6 +30,13 @@ constexpr Command Table[] = {
      .Toolbar = "Track",
      .SeparatorBefore = true,
      .Run = mnuTrackTuning_Click,
+     .Enabled = OnFrettedTrack},
+    {.Name = "mnuTrackLoadTuning",
+     .Menu = TrackMenu,
+     .Text = "str_TrackLoadTuning",
+     .About = "str_TuningAbout",
+     .Icon = "tuning-load",
+     .Run = mnuTrackLoadTuning_Click,
      .Enabled = OnFrettedTrack},
     {.Name = "mnuTrackInstrument",
      .Menu = TrackMenu,
@@ -70,6 +78,7 @@ constexpr Command Table[] = {
 std::span<const Command> TrackCommandRows() { return Table; }
 
 void mnuTrackTuning_Click() { ByDialog<TuningModel>(); }
+void mnuTrackLoadTuning_Click() { ByDialog<TuningLoaderModel>(); }
 void mnuTrackInstrument_Click() { ByDialog<InstrumentModel>(); }
 void mnuTrackLyrics_Click() { ByDialog<LyricsModel>(); }
 

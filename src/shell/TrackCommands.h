@@ -4,6 +4,7 @@
 namespace Quillon::Shell {
 
 void mnuTrackTuning_Click();
+void mnuTrackLoadTuning_Click();
 void mnuTrackInstrument_Click();
 void mnuTrackLyrics_Click();
 void mnuFilePassword_Click();

@@ -75,6 +75,11 @@ void TuningModel::Choose(const CommonTuning& tuning) {
     for (int s = 0; s < tuning.Strings; ++s) OpenNotes[s] = Core::NoteName(tuning.Pitches[s]);
 }
 
+void TuningModel::Take(const Library::TuningRec& tuning) {
+    Strings = tuning.NumStrings;
+    for (int s = 0; s < tuning.NumStrings; ++s) OpenNotes[s] = Core::NoteName(StandardPitches[s] + tuning.Tuning[s]);
+}
+
 std::string TuningModel::OffsetText(int string) const {
     const auto pitch = PitchOf(OpenNotes[string], string);
     const int offset = pitch ? *pitch - StandardPitches[string] : 0;

@@ -9,6 +9,7 @@
 
 #include "core/mod_TabFileStructure.h"
 #include "editing/mod_Retune.h"
+#include "library/mod_Tunings.h"
 #include "shell/DialogModel.h"
 
 namespace Quillon::Shell {
@@ -32,6 +33,8 @@ struct TuningModel : DialogModel {
     static constexpr int MostCapo = 24;
     void Load();
     void Choose(const CommonTuning& tuning);
+    /// The same with one of the library.
+    void Take(const Library::TuningRec& tuning);
     /// Semitones from the string's standard pitch, "+2"; "" for none, or for what is no pitch.
     std::string OffsetText(int string) const;
     /// Index of the common tuning that stands here, -1 for none.
