@@ -1,7 +1,10 @@
 // Which window is which tool's.
 #include "forms/LibraryWindow.h"
 #include "forms/frmChordManager.h"
+#include "forms/frmGuitarTuner.h"
 #include "forms/frmMain.h"
+#include "forms/frmScaleFinder.h"
+#include "forms/frmScaleManager.h"
 #include "forms/picDocument.h"
 #include "platform/RunTimeError.h"
 
@@ -11,6 +14,12 @@ LibraryWindow* MakeToolWindow(Shell::ToolWindow which, frmMain& main) {
     switch (which) {
         case Shell::ToolWindow::Chords:
             return new frmChordManager(main);
+        case Shell::ToolWindow::Scales:
+            return new frmScaleManager(main);
+        case Shell::ToolWindow::ScaleFinder:
+            return new frmScaleFinder(main);
+        case Shell::ToolWindow::Tuner:
+            return new frmGuitarTuner(main);
         case Shell::ToolWindow::Count:
             break;
     }

@@ -68,8 +68,8 @@ frmGuitarTuner::frmGuitarTuner(frmMain& main)
 }
 
 frmGuitarTuner::~frmGuitarTuner() {
-    Tools::frmGuitarTuner_Unload();
     GuitarTuner.Changed = nullptr;
+    Tools::frmGuitarTuner_Unload();
 }
 
 void frmGuitarTuner::BuildMenu() {

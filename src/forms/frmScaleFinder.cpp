@@ -139,7 +139,7 @@ void frmScaleFinder::SetTexts() {
     setWindowTitle(Text("str_ScaleFinderTitle"));
     entries->SetTexts();
     SetDockTexts();
-    cmdTakeBars->setText(Text("str_FinderTakeBars"));
+    cmdTakeBars->setText(ToQString(Tools::TakeBarsText()));
     cmdTakeBars->setToolTip(Text("str_FinderTakeBarsAbout"));
     cmdClear->setText(Text("str_FinderClear"));
     cmdOpen->setText(Text("str_FinderOpen"));
@@ -148,6 +148,11 @@ void frmScaleFinder::SetTexts() {
     lstFound->setHeaderLabels(
         {Text("str_FinderScale"), Text("str_FinderKey"), Text("str_FinderLacks"), Text("str_FinderBesides")});
     Refresh();
+}
+
+void frmScaleFinder::CursorMoved() {
+    const QString caption = ToQString(Tools::TakeBarsText());
+    if (isVisible() && cmdTakeBars->text() != caption) cmdTakeBars->setText(caption);
 }
 
 void frmScaleFinder::Refresh() {

@@ -24,6 +24,7 @@ public:
     ~frmScaleFinder() override;
 
     void SetTexts() override;
+    void CursorMoved() override;
 
 protected:
     std::filesystem::path Folder() const override;

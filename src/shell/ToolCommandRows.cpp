@@ -22,6 +22,9 @@ constexpr Command OpenRow(std::string_view name, std::string_view text, std::str
 
 constexpr Command Table[] = {
     OpenRow<ToolWindow::Chords>("mnuToolsChords", "str_ToolsChords", "chord-manager", "Ctrl+Shift+C"),
+    OpenRow<ToolWindow::Scales>("mnuToolsScales", "str_ToolsScales", "scale-manager", "Ctrl+Alt+S"),
+    OpenRow<ToolWindow::ScaleFinder>("mnuToolsScaleFinder", "str_ToolsScaleFinder", "scale-finder", "Ctrl+Alt+F"),
+    OpenRow<ToolWindow::Tuner>("mnuToolsTuner", "str_ToolsTuner", "tuner", "Ctrl+Alt+T"),
 };
 
 }  // namespace

@@ -7,7 +7,7 @@
 
 namespace Quillon::Shell {
 
-enum class ToolWindow : std::uint8_t { Chords, Count };
+enum class ToolWindow : std::uint8_t { Chords, Scales, ScaleFinder, Tuner, Count };
 
 struct ToolWindowsState {
     std::array<bool, static_cast<std::size_t>(ToolWindow::Count)> Shown{};

@@ -37,7 +37,6 @@ void TuningLoaderModel::Load() {
     Tunings.Refresh();
     Names = Tunings.Names();
     std::erase_if(Names, [](const std::string& name) { return !Tunings.Find(name); });
-    PassedBy = Tunings.Unreadable();
     const auto found = std::ranges::find_if(
         Names, [&](const std::string& name) { return HasTuning(Open.TabFile.Tracks[Track], *Tunings.Find(name)); });
     if (found != Names.end()) Chosen = *found;

@@ -13,9 +13,8 @@ namespace Quillon::Shell {
 struct TuningLoaderModel : DialogModel {
     int Track = 0;
     std::vector<std::string> Names;  ///< of the library; files that are no tunings are passed by
-    int PassedBy = 0;
-    std::string Chosen;      ///< "" for none
-    bool HandsOver = false;  ///< to a dialog that asks what becomes of the notes; else Apply writes
+    std::string Chosen;              ///< "" for none
+    bool HandsOver = false;          ///< to a dialog that asks what becomes of the notes; else Apply writes
 
     /// Makes the library where it is missing. The tuning that the track has is chosen, when the library knows it.
     void Load();

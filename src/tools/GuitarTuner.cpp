@@ -91,13 +91,15 @@ void frmGuitarTuner_Load() {
     GuitarTuner = {.Changed = std::move(GuitarTuner.Changed)};
     Tuner = {};
     Tuner.StringSounds = [](int string) {
+        const bool beginsOrEnds = string < 0 || GuitarTuner.Sounding < 0;
         GuitarTuner.Sounding = string;
         if (string < 0) {
             GuitarTuner.Runs = false;
             TunerCursorMoved();  // what the cursor did meanwhile
         }
         Tell();
-        Shell::Program.View->UpdateCommands();
+        // Without its window the tuner goes with the whole program.
+        if (beginsOrEnds && GuitarTuner.Changed) Shell::Program.View->UpdateCommands();
     };
     Tuner.LetRing = Services.Settings->Get(Section, "LetRing") == "1";
     const std::string pause = Services.Settings->Get(Section, "Pause");

@@ -13,6 +13,7 @@
 #include "shell/Boards.h"
 #include "shell/CursorState.h"
 #include "shell/ToolWindows.h"
+#include "shell/mod_Shell.h"
 #include "tools/ScaleManager.h"
 
 namespace Quillon::Tools {
@@ -44,13 +45,30 @@ std::string NamesOf(const Library::PitchClasses& classes) {
     return names;
 }
 
+void Sound(int pitch) {
+    const auto begunOrEnded = [](int) {
+        if (ScaleFinder.Changed) Shell::Program.View->UpdateCommands();
+    };
+    Library::PlayRun({.Pitches = {pitch}, .Sounds = begunOrEnded});
+}
+
+/// Bars that the notes are taken from: the selected ones, else the cursor's.
+Editing::BarRange BarsToTake() { return Editing::SelectedBars().value_or(Editing::BarRange{Open.CurBar, Open.CurBar}); }
+
+std::string BarsText(std::string_view one, std::string_view several) {
+    const Editing::BarRange bars = BarsToTake();
+    const std::string from = std::to_string(bars.From + 1);
+    return bars.From == bars.To ? LanguageText(one, {from})
+                                : LanguageText(several, {from, std::to_string(bars.To + 1)});
+}
+
 void Toggle(int pitchClass, int pitch) {
     const auto at = static_cast<std::size_t>(pitchClass);
     ScaleFinder.Notes.flip(at);
     ScaleFinder.Source.clear();
     if (!ScaleFinder.Tonic && Has(pitchClass)) ScaleFinder.Tonic = pitchClass;
     if (ScaleFinder.Tonic == pitchClass && !Has(pitchClass)) ScaleFinder.Tonic.reset();
-    if (Has(pitchClass)) Library::PlayRun({.Pitches = {pitch}});
+    if (Has(pitchClass)) Sound(pitch);
     Refresh();
 }
 
@@ -105,19 +123,17 @@ BarNotes NotesOfBars(const Core::Track& track, int from, int to) {
 
 bool TakeBars() {
     if (!Shell::OnBar()) return false;
-    const auto selected = Editing::SelectedBars();
-    const int from = selected ? selected->From : Open.CurBar;
-    const int to = selected ? selected->To : Open.CurBar;
-    const BarNotes taken = NotesOfBars(Open.TabFile.Tracks[Open.CurTrack], from, to);
+    const Editing::BarRange bars = BarsToTake();
+    const BarNotes taken = NotesOfBars(Open.TabFile.Tracks[Open.CurTrack], bars.From, bars.To);
     if (taken.Notes.none()) return false;
     ScaleFinder.Notes = taken.Notes;
     ScaleFinder.Tonic = taken.Last;
-    ScaleFinder.Source = from == to
-                             ? LanguageText("str_FinderFromBar", {std::to_string(from + 1)})
-                             : LanguageText("str_FinderFromBars", {std::to_string(from + 1), std::to_string(to + 1)});
+    ScaleFinder.Source = BarsText("str_FinderFromBar", "str_FinderFromBars");
     Refresh();
     return true;
 }
+
+std::string TakeBarsText() { return BarsText("str_FinderTakeBar", "str_FinderTakeBars"); }
 
 std::vector<Library::NeckDot> FinderDots() {
     std::vector<Library::NeckDot> dots;

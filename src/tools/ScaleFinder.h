@@ -37,6 +37,8 @@ void ClearNotes();
 /// Takes the notes of the selected bars of the current track, or those of the cursor's bar. False, with the notes as
 /// they were, where there are none.
 bool TakeBars();
+/// Caption of what takes them now: "From Bars 3 to 5".
+std::string TakeBarsText();
 
 /// What bars of a track hold: the pitch classes, and the lowest note of the last strum with notes.
 struct BarNotes {

@@ -76,7 +76,8 @@ void ShowPanel(Kind panel) {
 void ShowSounding(const std::vector<int>& run, int index) {
     ScaleManager.View.Sounding = index < 0 ? -1 : run.at(static_cast<std::size_t>(index));
     Tell();
-    Shell::Program.View->UpdateCommands();
+    // Stop is there while something sounds. Without its window the manager goes with the whole program.
+    if (index <= 0 && ScaleManager.Changed) Shell::Program.View->UpdateCommands();
 }
 
 void Play(std::vector<int> pitches) {
