@@ -43,13 +43,13 @@ void ShowPanel(Kind kind) {
     Shell::Guarded([kind] {
         switch (kind) {
             case Kind::Name:
-                return Tools::mnuSearchName_Click();
+                return Tools::ScaleSearch::mnuSearchName_Click();
             case Kind::Keywords:
-                return Tools::mnuSearchKeywords_Click();
+                return Tools::ScaleSearch::mnuSearchKeywords_Click();
             case Kind::Strings:
-                return Tools::mnuSearchStrings_Click();
+                return Tools::ScaleSearch::mnuSearchStrings_Click();
             case Kind::All:
-                return Tools::mnuSearchClear_Click();
+                return Tools::ScaleSearch::mnuSearchClear_Click();
         }
     });
 }

@@ -36,14 +36,14 @@ void frmScaleManager::BuildMenus() {
     mnuScales = new QMenu(this);
     mnuScales->setObjectName("mnuScales");
     QMenu& search = *entries->AddMenu(*mnuScales, "mnuSearch", "str_ScaleSearchMenu");
-    entries->Add(search, "mnuSearchName", "str_ScaleSearchName", Tools::mnuSearchName_Click,
+    entries->Add(search, "mnuSearchName", "str_ScaleSearchName", Tools::ScaleSearch::mnuSearchName_Click,
                  {.Checked = Searches<Kind::Name>});
-    entries->Add(search, "mnuSearchKeywords", "str_ScaleSearchKeywords", Tools::mnuSearchKeywords_Click,
+    entries->Add(search, "mnuSearchKeywords", "str_ScaleSearchKeywords", Tools::ScaleSearch::mnuSearchKeywords_Click,
                  {.Checked = Searches<Kind::Keywords>});
-    entries->Add(search, "mnuSearchStrings", "str_ScaleSearchStrings", Tools::mnuSearchStrings_Click,
+    entries->Add(search, "mnuSearchStrings", "str_ScaleSearchStrings", Tools::ScaleSearch::mnuSearchStrings_Click,
                  {.Checked = Searches<Kind::Strings>});
     search.addSeparator();
-    entries->Add(search, "mnuSearchClear", "str_ScaleSearchClear", Tools::mnuSearchClear_Click,
+    entries->Add(search, "mnuSearchClear", "str_ScaleSearchClear", Tools::ScaleSearch::mnuSearchClear_Click,
                  {.Enabled = [] { return ScaleManager.Panel != Kind::All; }});
     entries->Add(*mnuScales, "mnuFindScale", "str_FindScale", Tools::mnuFindScale_Click, {.Icon = "scale-finder"});
     mnuScales->addSeparator();

@@ -69,7 +69,7 @@ Library::ScaleFilter Filter() {
 
 void ShowPanel(Kind panel) {
     ScaleManager.Panel = panel;
-    RefreshFilter();
+    ScaleSearch::RefreshFilter();
 }
 
 /// A run that ended was perhaps another tool's.
@@ -95,7 +95,7 @@ void ShowWritten(const std::string& name) {
     Scales.Refresh();
     ScaleManager.Chosen = name;
     if (ScaleManager.Panel != Kind::All) ScaleManager.Panel = Kind::All;
-    RefreshFilter();
+    ScaleSearch::RefreshFilter();
 }
 
 }  // namespace
@@ -113,12 +113,12 @@ void frmScaleManager_Load() {
     now.Chosen = Services.Settings->Get(Section, "Scale");
     Library::EnsureScales();
     Scales.Refresh();
-    RefreshFilter();
+    ScaleSearch::RefreshFilter();
 }
 
 void frmScaleManager_Unload() { StopScale(); }
 
-void RefreshFilter() {
+void ScaleSearch::RefreshFilter() {
     auto& list = ScaleManager.lstScales;
     list = Library::FilteredScales(Scales, Filter());
     std::erase_if(list, [](const std::string& name) { return !Scales.Find(name); });
@@ -129,7 +129,7 @@ void RefreshFilter() {
 
 void LookAtScaleFolder() {
     if (!Services.Files->Exists(Scales.Folder())) Library::EnsureScales();
-    if (Scales.Refresh()) RefreshFilter();
+    if (Scales.Refresh()) ScaleSearch::RefreshFilter();
 }
 
 std::string ScaleCountText() {
@@ -139,11 +139,11 @@ std::string ScaleCountText() {
     return text + PassedByText(ScaleManager.PassedBy);
 }
 
-void mnuSearchName_Click() { ShowPanel(Kind::Name); }
-void mnuSearchKeywords_Click() { ShowPanel(Kind::Keywords); }
-void mnuSearchStrings_Click() { ShowPanel(Kind::Strings); }
+void ScaleSearch::mnuSearchName_Click() { ShowPanel(Kind::Name); }
+void ScaleSearch::mnuSearchKeywords_Click() { ShowPanel(Kind::Keywords); }
+void ScaleSearch::mnuSearchStrings_Click() { ShowPanel(Kind::Strings); }
 
-void mnuSearchClear_Click() {
+void ScaleSearch::mnuSearchClear_Click() {
     ScaleManager.txtSearch.clear();
     ScaleManager.txtKeywords.clear();
     ShowPanel(Kind::All);
@@ -153,12 +153,12 @@ void mnuFindScale_Click() { Shell::ShowTool(Shell::ToolWindow::ScaleFinder, true
 
 void SetSearch(const std::string& text) {
     (ScaleManager.Panel == Kind::Keywords ? ScaleManager.txtKeywords : ScaleManager.txtSearch) = text;
-    RefreshFilter();
+    ScaleSearch::RefreshFilter();
 }
 
 void SetSearchStrings(int strings) {
     ScaleManager.Strings = strings;
-    RefreshFilter();
+    ScaleSearch::RefreshFilter();
 }
 
 const Library::ScaleRec* ChosenScale() { return Scales.Find(ScaleManager.Chosen); }
@@ -176,7 +176,7 @@ void OpenScale(const std::string& name, int key) {
     ScaleManager.Chosen = name;
     const auto& list = ScaleManager.lstScales;
     if (std::ranges::find(list, name) == list.end()) ScaleManager.Panel = Kind::All;
-    RefreshFilter();
+    ScaleSearch::RefreshFilter();
 }
 
 void SetScaleKey(int key) {
@@ -298,14 +298,14 @@ void mnuDeleteScale_Click() {
     if (next != list.end() && ++next != list.end()) ScaleManager.Chosen = *next;
     Services.Files->Delete(Scales.FileOf(name));
     Scales.Refresh();
-    RefreshFilter();
+    ScaleSearch::RefreshFilter();
 }
 
 void mnuRestoreScales_Click() {
     if (!Agrees("str_ScaleRestore", {Scales.Folder().string()})) return;
     Library::CreateAllScales();
     Scales.Refresh();
-    RefreshFilter();
+    ScaleSearch::RefreshFilter();
 }
 
 }  // namespace Quillon::Tools

@@ -34,18 +34,23 @@ void frmScaleManager_Load();
 /// It goes: what sounds stops.
 void frmScaleManager_Unload();
 
+namespace ScaleSearch {
+
 /// Lists what passes the panel's filter. The chosen scale stays when it does.
 void RefreshFilter();
-/// Lists anew when the folder is not as it was.
-void LookAtScaleFolder();
-/// "3 of 38 scales", and how many files were passed by.
-std::string ScaleCountText();
-
 void mnuSearchName_Click();
 void mnuSearchKeywords_Click();
 void mnuSearchStrings_Click();
 /// Shows all.
 void mnuSearchClear_Click();
+
+}  // namespace ScaleSearch
+
+/// Lists anew when the folder is not as it was.
+void LookAtScaleFolder();
+/// "3 of 38 scales", and how many files were passed by.
+std::string ScaleCountText();
+
 /// Brings the scale finder up.
 void mnuFindScale_Click();
 void SetSearch(const std::string& text);  ///< of the panel that shows

@@ -18,17 +18,17 @@ protected:
 TEST_F(ScaleManagerTest, SearchesListWhatPassesAndCountWhatIsNoScale) {
     EXPECT_EQ(ScaleManager.lstScales.size(), 38U);
     EXPECT_EQ(ScaleCountText(), "38 scales");
-    mnuSearchKeywords_Click();
+    ScaleSearch::mnuSearchKeywords_Click();
     SetSearch("blues");
     EXPECT_EQ(ScaleManager.lstScales, (Names{"Basic Pentatonic", "Blues Scale"}));
     EXPECT_EQ(ScaleManager.Chosen, "Basic Pentatonic") << "what is shown is in the list";
-    mnuSearchName_Click();
+    ScaleSearch::mnuSearchName_Click();
     SetSearch("MINOR");
     EXPECT_EQ(ScaleManager.lstScales.size(), 5U);
-    mnuSearchStrings_Click();
+    ScaleSearch::mnuSearchStrings_Click();
     SetSearchStrings(7);
     EXPECT_TRUE(ScaleManager.lstScales.empty());
-    mnuSearchClear_Click();
+    ScaleSearch::mnuSearchClear_Click();
     EXPECT_EQ(ScaleManager.lstScales.size(), 38U);
 
     // Another program writes into the folder.
@@ -41,7 +41,7 @@ TEST_F(ScaleManagerTest, SearchesListWhatPassesAndCountWhatIsNoScale) {
         }());
     LookAtScaleFolder();
     EXPECT_EQ(ScaleCountText(), "39 scales. 1 file is no part of the library and was passed by.");
-    mnuSearchName_Click();
+    ScaleSearch::mnuSearchName_Click();
     SetSearch("m");
     EXPECT_EQ(ScaleCountText().substr(0, 15), "19 of 39 scales");
 
@@ -49,7 +49,7 @@ TEST_F(ScaleManagerTest, SearchesListWhatPassesAndCountWhatIsNoScale) {
     for (const std::string& name : Scales.Names()) run->Files.Delete(Scales.FileOf(name));
     std::filesystem::remove(Scales.Folder());
     LookAtScaleFolder();
-    mnuSearchClear_Click();
+    ScaleSearch::mnuSearchClear_Click();
     EXPECT_EQ(ScaleCountText(), "38 scales");
 }
 
