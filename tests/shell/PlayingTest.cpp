@@ -62,7 +62,7 @@ TEST_F(Playing, WhileASongPlaysOnlyWhatMayChangeIsEnabled) {
     EXPECT_TRUE(Drawing::View.Playing);
     EXPECT_EQ(list(),
               "mnuViewFretboard mnuViewPiano mnuSoundStop mnuSoundFollow mnuTrackMute mnuTrackSolo mnuToolsChords "
-              "mnuHelpKeyboard mnuHelpAbout ");
+              "mnuToolsScales mnuToolsScaleFinder mnuToolsTuner mnuHelpKeyboard mnuHelpAbout ");
     EXPECT_FALSE(Do("mnuFileNew"));
     EXPECT_FALSE(Do("mnuSoundMetronome")) << "no click could begin now";
     EXPECT_TRUE(Do("mnuSoundStop"));
