@@ -46,7 +46,8 @@ std::string NamesOf(const Library::PitchClasses& classes) {
 }
 
 void Sound(int pitch) {
-    const auto begunOrEnded = [](int) {
+    const auto begunOrEnded = [](int index) {
+        ScaleFinder.Sounds = index >= 0;
         if (ScaleFinder.Changed) Shell::Program.View->UpdateCommands();
     };
     Library::PlayRun({.Pitches = {pitch}, .Sounds = begunOrEnded});
@@ -80,7 +81,9 @@ void frmScaleFinder_Load() {
     Refresh();
 }
 
-void frmScaleFinder_Unload() { Library::StopRun(); }
+void frmScaleFinder_Unload() {
+    if (ScaleFinder.Sounds) Library::StopRun();  // and not what another window plays
+}
 
 void LookAtFinderFolder() {
     if (Scales.Refresh()) Refresh();

@@ -19,6 +19,7 @@ struct ScaleFinderState {
         Tonic{};           ///< pitch class that is preferred among equals: the first clicked, or the last bass note
     std::string Source{};  ///< where the notes come from, "" for clicks
     std::vector<Library::FoundScale> Found{};
+    bool Sounds = false;  ///< a note that was clicked is heard
     std::function<void()> Changed{};
 };
 extern ScaleFinderState ScaleFinder;
