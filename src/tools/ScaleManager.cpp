@@ -110,7 +110,7 @@ void frmScaleManager_Load() {
     now.Octave = static_cast<ScaleOctave>(Kept("Octave", 0, 0, static_cast<int>(ScaleOctave::Both)));
     now.Descending = Kept("Descending", 0, 0, 1) == 1;
     now.NotesAMinute = Kept("NotesAMinute", now.NotesAMinute, LeastNotesAMinute, MostNotesAMinute);
-    now.Chosen = Services.Settings->Get(Section, "Scale");
+    now.Chosen = Services.Settings->Get(Section, "Scale", "Major");
     Library::EnsureScales();
     Scales.Refresh();
     ScaleSearch::RefreshFilter();

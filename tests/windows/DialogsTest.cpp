@@ -161,7 +161,7 @@ TEST_F(DialogTest, EveryDialogSpeaksEveryLanguageAndNoTwoFieldsOfAPageShareALett
         for (const char* command :
              {"mnuFileProperties", "mnuTrackProperties", "mnuFilePageSetup", "mnuFileOptions", "mnuSoundSpeedTrainer",
               "mnuHelpKeyboard", "mnuHelpAbout", "mnuTrackTuning", "mnuTrackInstrument", "mnuTrackLyrics",
-              "mnuGoSetPoint", "mnuGoGotoBar", "mnuFilePassword", "mnuOperationsFixBars"}) {
+              "mnuGoSetPoint", "mnuGoGotoBar", "mnuFilePassword", "mnuOperationsFixBars", "mnuTrackLoadTuning"}) {
             WithDialog(command, [&](QDialog& dialog) {
                 EXPECT_FALSE(dialog.windowTitle().startsWith("str_"));
                 for (const QLabel* label : dialog.findChildren<QLabel*>()) {

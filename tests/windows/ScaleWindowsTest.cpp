@@ -122,7 +122,7 @@ TEST_F(ScaleWindowsTest, AScaleIsMadeByClicksAndPrinted) {
     Start();
     auto& tool = Show("mnuToolsScales", "frmScaleManager");
     const auto make = [&](QDialog& dialog) {
-        In<QLineEdit>(dialog, "txtName").setText("Three notes");
+        QTest::keyClicks(&In<QLineEdit>(dialog, "txtName"), "Three notes");
         auto& neck = In<picNeck>(dialog, "picPattern");
         ClickNeck(neck, 5, 0);
         ClickNeck(neck, 5, 3);
@@ -187,8 +187,8 @@ TEST_F(ScaleWindowsTest, TheTunerRunsWithItsControlsHeld) {
 
     Run("mnuToolsTuner");
     const auto make = [&](QDialog& dialog) {
-        In<QLineEdit>(dialog, "txtName").setText("Low");
-        Q_EMIT In<QComboBox>(dialog, "cmbNote5").activated(8);
+        QTest::keyClicks(&In<QLineEdit>(dialog, "txtName"), "Low");
+        Q_EMIT In<QComboBox>(dialog, "cmbNote5").activated(8);  // four below
         dialog.accept();
     };
     OnDialog(make, [&] { In<QAction>(tool, "mnuNewTuning").trigger(); });
