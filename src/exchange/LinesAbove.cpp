@@ -70,7 +70,11 @@ public:
         constexpr int mostLines = 8;
         int line = system.FirstLine - 1;
         const int last = std::max(from, line - mostLines);
-        for (; line >= last && !Line(line).IsBlank() && !used[At(line)]; --line) {
+        for (; line >= last && !Line(line).IsBlank(); --line) {
+            if (used[At(line)]) {
+                if (StringLineOf(Line(line))) break;
+                continue;  // a line of the header may stand among them
+            }
             if (ReadLine(line)) above.Used.push_back(line);
         }
         // A heading stands apart from what it heads.

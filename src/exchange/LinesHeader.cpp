@@ -266,6 +266,8 @@ std::optional<Tuning> TuningOfWords(const std::string& words, int strings) {
     std::vector<std::string> notes = NotesIn(words);
     if (std::cmp_equal(notes.size(), strings)) {
         std::ranges::reverse(notes);
+        if (const auto tuning = TuningOf(notes)) return tuning;
+        std::ranges::reverse(notes);  // some begin with the highest
         return TuningOf(notes);
     }
     if (strings < 1 || strings > Core::StringCount) return {};

@@ -228,6 +228,7 @@ TEST(LinesImportTest, WordsAboveAreReadAsWhatTheySay) {
          {std::pair{"Tempo 96", 96.0F}, std::pair{"q = 120", 120.0F}, std::pair{"♩=132", 132.0F}}) {
         EXPECT_EQ(Import(std::string(head) + "\n\n" + second).File.Tempo, tempo);
     }
+    EXPECT_EQ(Import("   Am\nEADGBE\n" + second).Strum(0, 0).ChordName, "Am");
     const Imported timed = Import("3/4\n" + OneBar("-0-2-3-") + "\n6/8\n" + second);
     EXPECT_EQ(timed.File.BarInfos[0].TimeSigTop, 3);
     EXPECT_EQ(timed.File.BarInfos[1].TimeSigBottom, 8);
@@ -264,8 +265,9 @@ TEST(LinesImportTest, TheHeaderTellsOfTheWhole) {
     // The labels, standard, go before the words.
     EXPECT_EQ(read.File.Tracks[0].Tuning[5], 0);
     for (const auto& [words, strings, lowest] :
-         {std::tuple{"D A D G B E", 6, -2}, std::tuple{"DADGAD", 6, -2}, std::tuple{"Eb Ab Db Gb Bb Eb", 6, -1},
-          std::tuple{"Drop C", 6, -4}, std::tuple{"half step down", 6, -1}, std::tuple{"standard", 4, -22}}) {
+         {std::tuple{"D A D G B E", 6, -2}, std::tuple{"DADGAD", 6, -2}, std::tuple{"E B G D A D", 6, -2},
+          std::tuple{"Eb Ab Db Gb Bb Eb", 6, -1}, std::tuple{"Drop C", 6, -4}, std::tuple{"half step down", 6, -1},
+          std::tuple{"standard", 4, -22}}) {
         const auto tuning = TuningOfWords(words, strings);
         ASSERT_TRUE(tuning) << words;
         EXPECT_EQ((*tuning)[strings - 1], lowest) << words;
