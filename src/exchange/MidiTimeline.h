@@ -1,6 +1,7 @@
 // The events of one MIDI track on their way into a file, each at its place in the music.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -29,7 +30,8 @@ public:
     /// The event that tells on which strings the notes are played; see FingeringEvent.h. At the end of the track.
     void AddFingering(double at, const Core::Track& track);
 
-    bool Uses(int channel) const { return (channelsUsed >> channel & 1U) != 0; }
+    /// Outside 0 to 15 it is the nearest of them, as in the messages.
+    bool Uses(int channel) const { return (channelsUsed >> std::clamp(channel, 0, 15) & 1U) != 0; }
     /// The events in their order, offs first of those at one tick, and the track's end.
     std::vector<SmfEvent> Events(double end) const;
 

@@ -51,8 +51,8 @@ public:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override {
-        auto* const dock = static_cast<QDockWidget*>(watched);
-        if (event->type() == QEvent::Close && dock->window()->isVisible()) shown(false);
+        // A dock that is being taken down is a mere widget by now.
+        if (event->type() == QEvent::Close && static_cast<QWidget*>(watched)->window()->isVisible()) shown(false);
         return false;
     }
 

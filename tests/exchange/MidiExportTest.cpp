@@ -114,7 +114,8 @@ TEST_F(MidiExportPlayTest, APlainSongSoundsAsThePlayerPlaysIt) {
     using Struck = std::tuple<std::int64_t, int, int>;
     std::vector<Struck> written, played;
     std::int64_t tick = 0;
-    for (const SmfEvent& event : MidiOfDocument(file, {}).Tracks[1]) {
+    const SmfFile midi = MidiOfDocument(file, {});
+    for (const SmfEvent& event : midi.Tracks[1]) {
         tick += event.Delta;
         if (event.Status == 0x94) written.emplace_back(tick * 30 / MidiTicksPer64th, event.Data1, event.Data2);
     }

@@ -124,7 +124,7 @@ TEST_F(PrintTest, DarkPaperKeepsInksApart) {
         return 0.2126 * part(RedOf(color)) + 0.7152 * part(GreenOf(color)) + 0.0722 * part(BlueOf(color));
     };
     const auto contrast = [&](Color a, Color b) {
-        const auto [low, high] = std::minmax(light(a), light(b));
+        const auto [low, high] = std::minmax({light(a), light(b)});
         return (high + 0.05) / (low + 0.05);
     };
     const Color paper = OnDarkPaper(White);
