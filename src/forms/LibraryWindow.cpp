@@ -3,6 +3,7 @@
 #include <QActionGroup>
 #include <QCloseEvent>
 #include <QMenu>
+#include <QScrollArea>
 #include <algorithm>
 #include <array>
 
@@ -66,6 +67,20 @@ LibraryWindow::LibraryWindow(frmMain& window, Shell::ToolWindow tool, const char
 void LibraryWindow::WatchFolder() {
     const QString folder = PathText(Folder());
     if (!watcher.directories().contains(folder)) watcher.addPath(folder);
+    // The folder itself may be moved away.
+    const QString above = PathText(Folder().parent_path());
+    if (!watcher.directories().contains(above)) watcher.addPath(above);
+}
+
+void LibraryWindow::SetContent(QWidget* content) {
+    auto* const area = new QScrollArea(this);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    area->setWidget(content);
+    constexpr int LeastHeight = 80;  // three of them and all toolbars fit 800 by 600
+    area->setMinimumSize(LeastExtent, LeastHeight);
+    area->setFocusPolicy(Qt::NoFocus);
+    setWidget(area);
 }
 
 void LibraryWindow::ShowIf(bool shows) {

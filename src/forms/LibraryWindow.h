@@ -61,6 +61,9 @@ protected:
     /// Notes and timers end: the window goes.
     virtual void EndSounds() = 0;
 
+    /// What the window holds. It scrolls where there is too little room: many tools stand beside each other, and the
+    /// main window must fit the screen.
+    void SetContent(QWidget* content);
     /// Adds the submenu "Dock" and the entry "Undock" with what they do, and names them.
     void AddDockEntries(QMenu& menu);
     void SetDockTexts();

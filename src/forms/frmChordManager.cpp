@@ -54,7 +54,7 @@ frmChordManager::frmChordManager(frmMain& main)
     column->addLayout(BuildSearch());
     column->addWidget(picView, 1);
     column->addLayout(BuildStatus());
-    setWidget(content);
+    SetContent(content);
     connect(picView, &picChordView::Left, this, &LibraryWindow::Left);
     connect(picView, &picChordView::Typed, this, &frmChordManager::Search);
     connect(picView, &picChordView::EditAsked, findChild<QAction*>("mnuEditChord"), &QAction::trigger);

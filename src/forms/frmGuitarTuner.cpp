@@ -61,7 +61,7 @@ frmGuitarTuner::frmGuitarTuner(frmMain& main)
     column->addLayout(row);
     column->addWidget(BuildStrings(), 1);
     column->addWidget(BuildCommands());
-    setWidget(content);
+    SetContent(content);
     entries->GuardKeys(*content);
     Tools::frmGuitarTuner_Load();
     GuitarTuner.Changed = [this] { Refresh(); };

@@ -47,7 +47,7 @@ frmScaleFinder::frmScaleFinder(frmMain& window)
     column->setSpacing(4);
     column->addWidget(BuildNotes());
     column->addWidget(BuildFound(), 1);
-    setWidget(content);
+    SetContent(content);
     entries->GuardKeys(*content);
     Tools::frmScaleFinder_Load();
     ScaleFinder.Changed = [this] { Refresh(); };

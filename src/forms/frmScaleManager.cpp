@@ -76,7 +76,7 @@ frmScaleManager::frmScaleManager(frmMain& main)
     halves->setStretchFactor(1, 1);
     constexpr int Rest = 700;
     halves->setSizes({ListWidth, Rest});
-    setWidget(halves);
+    SetContent(halves);
     entries->GuardKeys(*halves);
     Tools::frmScaleManager_Load();
     ScaleManager.Changed = [this] { Refresh(); };

@@ -71,7 +71,12 @@ void picChordView::Refresh() {
 
 void picChordView::RefreshChosen() {
     const int current = ChordManager.Current;
-    if (current >= 0) verticalScrollBar()->setValue(grid.ScrollTo(current, verticalScrollBar()->value()));
+    // A person who looks elsewhere is left there when a tone ends.
+    const Followed now{Tools::CurrentChord(), current, ChordManager.DisplayMode};
+    if (current >= 0 && now != followed) {
+        verticalScrollBar()->setValue(grid.ScrollTo(current, verticalScrollBar()->value()));
+    }
+    followed = now;
     viewport()->update();
     if (QAccessible::isActive()) setAccessibleDescription(ToQString(Tools::CurrentChord()));
 }
@@ -243,7 +248,8 @@ void picChordView::mousePressEvent(QMouseEvent* event) {
     const bool known = ChordManager.Chosen.contains(ChordManager.lstChords.at(static_cast<std::size_t>(cell)));
     if (event->button() == Qt::RightButton) {
         // Its menu works on all that are chosen when it is one of them.
-        return Tools::ChooseChord(cell, known ? Choose::Move : Choose::Only);
+        Shell::Guarded([&] { Tools::ChooseChord(cell, known ? Choose::Move : Choose::Only); });
+        return;
     }
     if (event->button() != Qt::LeftButton) return;
     const auto modifiers = event->modifiers();

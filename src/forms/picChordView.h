@@ -2,6 +2,8 @@
 #pragma once
 
 #include <QAbstractScrollArea>
+#include <string>
+#include <tuple>
 
 #include "library/ChordBoxes.h"
 #include "tools/BoxGrid.h"
@@ -65,6 +67,9 @@ private:
     void ShowTip(const QPoint& at, const QPoint& global);
 
     Tools::BoxGrid grid;
+    /// The current chord, where it stood and how it was shown when it was last brought into view.
+    using Followed = std::tuple<std::string, int, int>;
+    Followed followed{"", -1, -1};
     int wheelRest = 0;
 };
 

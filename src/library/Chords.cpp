@@ -116,7 +116,7 @@ std::string FileNameOf(std::string_view name) {
 }
 
 void SaveChord(const std::string& name, const ChordRec& chord) {
-    Services.Files->MakeFolder(Chords.Folder());
+    EnsureChords();
     Services.Files->Replace(Chords.FileOf(name), WriteChord(chord));
 }
 

@@ -59,12 +59,15 @@ public:
         for (const std::string& name : names) count += Find(name) ? 0 : 1;
         return count;
     }
-    /// The same of those that were read so far.
-    std::size_t KnownUnreadable() const {
-        return static_cast<std::size_t>(std::ranges::count_if(stamps, [this](const FileStamp& stamp) {
+    /// Which they are, of those that were read so far.
+    std::vector<std::string> KnownUnreadable() const {
+        std::vector<std::string> found;
+        for (const FileStamp& stamp : stamps) {
             const auto known = kept.find(stamp.Name);
-            return known != kept.end() && known->second.Stamp == stamp && !known->second.What;
-        }));
+            const bool isBad = known != kept.end() && known->second.Stamp == stamp && !known->second.What;
+            if (isBad) found.push_back(stamp.Name);
+        }
+        return found;
     }
 
 private:

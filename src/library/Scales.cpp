@@ -73,7 +73,7 @@ void EnsureScales() {
 }
 
 void SaveScale(const std::string& name, const ScaleRec& scale) {
-    Services.Files->MakeFolder(Scales.Folder());
+    EnsureScales();
     Services.Files->Replace(Scales.FileOf(name), WriteScale(scale));
 }
 

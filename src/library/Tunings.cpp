@@ -81,7 +81,7 @@ void EnsureTunings() {
 }
 
 void SaveTuning(const std::string& name, const TuningRec& tuning) {
-    Services.Files->MakeFolder(Tunings.Folder());
+    EnsureTunings();
     Services.Files->Replace(Tunings.FileOf(name), WriteTuning(tuning));
 }
 

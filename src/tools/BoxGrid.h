@@ -39,10 +39,11 @@ struct BoxGrid {
         const int end = std::clamp((top + height - Border) / StepY + 1, 0, Rows());
         return {std::min(Count, first * Columns()), std::min(Count, end * Columns())};
     }
-    /// Where to scroll so that a cell is whole in view, as little as can be.
+    /// Where to scroll so that a cell is whole in view, or at least its top, as little as can be.
     int ScrollTo(int cell, int scroll) const {
-        const int least = Y(cell) + CellHeight + Border - ViewHeight;
-        return std::clamp(std::clamp(scroll, least, std::max(least, Y(cell) - Border)), 0, MostScroll());
+        const int most = Y(cell) - Border;
+        const int least = std::min(most, Y(cell) + CellHeight + Border - ViewHeight);
+        return std::clamp(std::clamp(scroll, least, most), 0, MostScroll());
     }
 };
 

@@ -134,7 +134,7 @@ bool ChordEditorModel::SetFretsText(std::string_view text) {
 
 std::string ChordEditorModel::NoteOf(int string) const {
     const auto pitch = Library::PitchOn(Chord(), string);
-    return pitch ? Library::PitchClassName(*pitch) : std::string();
+    return pitch ? Library::PitchClassName(*pitch, Library::PrefersFlats(Name)) : std::string();
 }
 
 void ChordEditorModel::Press(int string, int row) {
@@ -202,6 +202,8 @@ void EditAndSave(ChordEditorModel model) {
         if (Services.Messages->Show(question, title, Buttons::YesNo, BoxIcon::Question) == Answer::Yes) break;
     }
     Library::SaveChord(model.Name, model.Chord());
+    const bool renamed = !model.Before.empty() && model.Name != model.Before;
+    if (renamed) Services.Files->Delete(Library::Chords.FileOf(model.Before));
     ChordFolderChanged();
     ShowChord(model.Name);
 }

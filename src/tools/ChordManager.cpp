@@ -46,7 +46,7 @@ int StoredMode(int otherwise) {
     }
 }
 
-/// At once: the windows may be gone when the program is.
+/// With every change: the window may be gone when the program ends.
 void Keep() {
     const auto save = [](std::string_view key, int value) {
         Services.Settings->Save(Section, key, std::to_string(value));
@@ -91,6 +91,7 @@ void ChordManager_Load(ChordView& view) {
     ChordManager.Lefthanded = StoredFlag("Lefthanded", false);
     ChordManager.WindowsColors = StoredFlag("WindowsColors", true);
     ChordManager.DisplayMode = StoredMode(ChordManager.DisplayMode);
+    ChordManager.ShowErrors = Services.Files->Exists(Services.BaseFolder / "Data" / "ShowErrors.txt");
     Library::EnsureChords();
     Chords.Refresh();
     RefreshFilter();
@@ -136,9 +137,12 @@ void ChordCursorMoved() {
 std::string ChordCountText() {
     std::string text = LanguageText(
         "str_ChordCount", {WithThousands(ChordManager.lstChords.size()), WithThousands(Chords.Names().size())});
-    const std::size_t passed = Chords.KnownUnreadable();
-    if (passed == 1) text += LanguageText("str_ChordPassedOne");
-    if (passed > 1) text += LanguageText("str_ChordsPassed", {WithThousands(passed)});
+    const std::vector<std::string> passed = Chords.KnownUnreadable();
+    if (passed.size() == 1) text += LanguageText("str_ChordPassedOne");
+    if (passed.size() > 1) text += LanguageText("str_ChordsPassed", {WithThousands(passed.size())});
+    for (std::size_t file = 0; ChordManager.ShowErrors && file < passed.size(); ++file) {
+        text += (file == 0 ? ": " : ", ") + passed[file];
+    }
     return text;
 }
 

@@ -30,7 +30,8 @@ struct ChordManagerState {
     int DisplayMode = 5;
     bool Lefthanded = false;
     bool WindowsColors = true;
-    std::string Sounding{};  ///< the chord that is heard
+    std::string Sounding{};   ///< the chord that is heard
+    bool ShowErrors = false;  ///< the files that are passed by are named, as the file "Data/ShowErrors.txt" asks for
 };
 extern ChordManagerState ChordManager;
 

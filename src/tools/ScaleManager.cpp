@@ -43,7 +43,7 @@ void Tell() {
     if (ScaleManager.Changed) ScaleManager.Changed();
 }
 
-/// At once: the program may end while the window shows.
+/// With every change: the program may end while the window shows.
 void KeepSettings() {
     const ScaleManagerState& now = ScaleManager;
     Keep("Lefthanded", now.View.LeftHanded ? 1 : 0);

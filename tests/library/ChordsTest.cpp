@@ -2,6 +2,7 @@
 #include "library/mod_Chords.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <set>
 #include <sstream>
 
@@ -117,6 +118,11 @@ TEST_F(ChordLibraryTest, IsMadeWholeAndSearched) {
     Core::Open.TabFile.Tracks[0].Bars.Edit(0).EditStrums()[0].HasChord = true;
     Core::Open.TabFile.Tracks[0].Bars.Edit(0).EditStrums()[0].ChordName = "Mine";
     EXPECT_EQ(Filtered({.By = Kind::InTrack}), std::vector<std::string>{"Mine"});
+
+    // Saved into a library that went away meanwhile, a chord does not stand alone.
+    std::filesystem::remove_all(Chords.Folder());
+    SaveChord("Mine", Shape("3 2 0 0"));
+    EXPECT_EQ(Filtered({}).size(), 1556U);
 
     // What was there stays until the new is whole; what is no chord file is kept beside it.
     services.Files.MakeFolder(Chords.Folder() / "Sub");
