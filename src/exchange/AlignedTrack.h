@@ -29,7 +29,7 @@ struct AlignedRoom {
     std::int64_t Pieces = 1 << 21;         ///< strums, those of silent bars too
     std::int64_t Strums = 1 << 19;         ///< those of the others
     std::int64_t Notes = 1 << 20;          ///< with what is tied to them
-    std::int64_t FingerSteps = 7'000'000;  ///< see FingerPath
+    std::int64_t FingerSteps = 4'000'000;  ///< see FingerPath
 };
 
 /// Raises "Overflow" when there is no room left.
