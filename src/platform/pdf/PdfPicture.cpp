@@ -127,6 +127,7 @@ void PdfPicture::Polygon(std::span<const Point> points) {
 }
 
 void PdfPicture::Stamp(const Shape& shape, double x, double y) {
+    Enter(Mode::Page);  // what stands before it is filled first
     EnterFill(color);
     mode = Mode::Page;  // nothing to fill yet
     const int number = shared.Shapes.try_emplace(&shape, static_cast<int>(shared.Shapes.size())).first->second;
