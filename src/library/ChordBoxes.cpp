@@ -26,12 +26,13 @@ constexpr std::array<DisplayMode, DisplayModes> Modes = {{
 const Font NameFont{.Name = "Arial", .Size = 8, .Bold = true};
 const Font SignFont{.Name = "Small Fonts", .Size = 6};
 const Font NoteFont{.Name = "Arial", .Size = 7};
+constexpr double LeastNoteStep = 14;  ///< that sharps of this size don't touch in
 
 constexpr int LeastRows = 5;
 constexpr int UsualStrings = 6;
 constexpr double Unit = 15;  ///< from one string to the next, in a box's own size
 constexpr double BoxScale = 1.0 / 3;
-constexpr double FingersScale = 0.8;
+constexpr double FingersScale = 13.0 / 15;  ///< so that it stands in the middle of its cell
 
 /// "X" and rings above the nut, base frets and fingers beside and below the box: as large as its strings leave room.
 double SignSize(const BoxLook& look) { return std::clamp(look.StringStep * 0.6, 4.5, 11.0); }
@@ -132,14 +133,30 @@ double LeftFor(const ChordRec& chord, double left, double step) {
     return left + (UsualStrings - chord.NumStrings) * step / 2;
 }
 
-void DrawNotes(Picture& picture, const ChordRec& chord, double left, double top, bool lefthanded, bool flats,
-               const BoxColors& colors) {
+/// The middles of what is written string by string, from the left.
+struct Columns {
+    double First = 0;
+    double Step = 0;
+};
+
+/// Below the strings of a large box, else on their own with the room that the cell has.
+Columns NoteColumns(const DisplayMode& shows, const ChordRec& chord) {
+    if (shows.Fingers) {
+        constexpr double step = Unit * FingersScale;
+        return {LeftFor(chord, shows.Fingers->Left, step), step};
+    }
     const double step = chord.NumStrings > UsualStrings ? Unit * UsualStrings / chord.NumStrings : Unit;
-    const double first = LeftFor(chord, left, step) + step / 2 - 3;
+    return {LeftFor(chord, shows.Notes->Left, step) + step / 2 - 3, step};
+}
+
+void DrawNotes(Picture& picture, const ChordRec& chord, Columns columns, double top, bool lefthanded, bool flats,
+               const BoxColors& colors) {
     constexpr double fretLine = 9, noteLine = 21;
-    picture.SetFont(NoteFont);
+    Font font = NoteFont;
+    font.Size *= std::min(1.0, columns.Step / LeastNoteStep);
+    picture.SetFont(font);
     for (int string = 0; string < chord.NumStrings; ++string) {
-        const double x = first + (lefthanded ? string : chord.NumStrings - 1 - string) * step;
+        const double x = columns.First + (lefthanded ? string : chord.NumStrings - 1 - string) * columns.Step;
         const auto fret = AbsoluteFret(chord, string);
         const auto pitch = PitchOn(chord, string);
         picture.SetColor(colors.Faint);
@@ -219,7 +236,9 @@ void DrawChordCell(Picture& picture, double x, double y, const std::string& name
     box(shows.Box, BoxScale, smallFret, false);
     box(shows.Fingers, FingersScale, largeFret, true);
     if (shows.Notes) {
-        DrawNotes(picture, *chord, x + shows.Notes->Left, y + shows.Notes->Top, lefthanded, PrefersFlats(name), colors);
+        Columns columns = NoteColumns(shows, *chord);
+        columns.First += x;
+        DrawNotes(picture, *chord, columns, y + shows.Notes->Top, lefthanded, PrefersFlats(name), colors);
     }
 }
 

@@ -50,8 +50,8 @@ TEST(ChordBoxes, ShowTheFretsThatAShapeReaches) {
     };
     const Case cases[] = {{{"0", "1", "0", "2", "3", "x"}, 1, 5}, {{"8", "8", "9", "10", "10", "8"}, 8, 5},
                           {{"x", "8", "7", "6", "7", "0"}, 6, 5}, {{"x", "x", "x", "x", "x", "x"}, 1, 5},
-                          {{"1", "0", "2", "x", "x", "7"}, 1, 7}, {{"0", "0", "0", "0", "0", "0"}, 1, 5},
-                          {{"5", "5", "5", "5", "5", "5"}, 5, 5}};
+                          {{"1", "0", "2", "x", "x", "7"}, 1, 7}, {{"0", "9", "x", "x", "x", "3"}, 3, 7},
+                          {{"0", "0", "0", "0", "0", "0"}, 1, 5}, {{"5", "5", "5", "5", "5", "5"}, 5, 5}};
     for (const Case& each : cases) {
         const BoxFrets frets = FretsOf(Shape(6, each.Highest));
         EXPECT_EQ(frets.First, each.First) << each.Highest[0] << each.Highest[1];
@@ -73,6 +73,9 @@ TEST(ChordBoxes, AreDrawn) {
     DrawChordCell(log, 0, 0, "C", &open, 5, true, {});
     log.Remark("# a barre with the thumb, up the neck");
     DrawChordCell(log, 130, 0, "C m7 of a name that is too long for its cell", &barre, 1, false, {});
+    log.Remark("# seven frets wide, with an open string: as many rows in the same height");
+    const ChordRec wide = Shape(6, {"0", "9", "x", "x", "x", "3"});
+    DrawChordCell(log, 0, 0, "Wide", &wide, 4, false, {});
     log.Remark("# four strings");
     DrawChordCell(log, 0, 0, "Bass", &bass, 3, false, {});
     log.Remark("# a file that can't be read");
