@@ -5,10 +5,12 @@
 
 #include "cli/Commands.h"
 #include "core/mod_Common.h"
+#include "core/mod_Language.h"
 #include "library/ChordNaming.h"
 #include "library/mod_Chords.h"
 #include "library/mod_Scales.h"
 #include "library/mod_Tunings.h"
+#include "platform/MessageBox.h"
 
 namespace Quillon::Cli {
 
@@ -41,6 +43,20 @@ std::vector<std::string> Parts(std::string_view text, std::string_view marks) {
     }
 }
 
+/// Tells of the files that are none of a library's, which a list holds by their names at most.
+template <class Rec>
+void TellUnreadable(Library::FolderLibrary<Rec>& library) {
+    const int count = library.Unreadable();
+    if (count == 0) return;
+    std::string names;
+    for (const std::string& name : library.KnownUnreadable()) names += (names.empty() ? "" : ", ") + name;
+    const std::string folder = library.Folder().string();
+    const std::string text = count == 1
+                                 ? Core::LanguageText("str_LibraryUnreadableOne", {folder, names})
+                                 : Core::LanguageText("str_LibraryUnreadable", {std::to_string(count), folder, names});
+    Services.Messages->Show(text, Core::LanguageText("str_TitleNote"), Buttons::Ok, BoxIcon::Exclamation);
+}
+
 int InitLibraries(bool restore) {
     if (restore) {
         Library::CreateAllChords();
@@ -68,6 +84,7 @@ int ListChords(const Filters& filters) {
     Library::EnsureChords();
     Library::Chords.Refresh();
     PrintLines(Library::FilteredChords(Library::Chords, filter, Core::Open));
+    TellUnreadable(Library::Chords);
     return Done;
 }
 
@@ -102,6 +119,7 @@ int ListScales(const Filters& filters) {
     Library::EnsureScales();
     Library::Scales.Refresh();
     PrintLines(Library::FilteredScales(Library::Scales, filter));
+    TellUnreadable(Library::Scales);
     return Done;
 }
 
@@ -141,6 +159,7 @@ int ListTunings(const Filters& filters) {
         if (named && strung) names.push_back(name);
     }
     PrintLines(names);
+    TellUnreadable(Library::Tunings);
     return Done;
 }
 

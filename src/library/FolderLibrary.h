@@ -33,9 +33,11 @@ public:
     std::filesystem::path Folder() const { return Services.BaseFolder / folder; }
     std::filesystem::path FileOf(const std::string& name) const { return Folder() / name; }
 
-    /// Looks at the folder; true when a name came or went, or a file changed.
+    /// Looks at the folder; true when a name came or went, or a file changed. Names that begin with a "." are what file
+    /// managers and editors leave there.
     bool Refresh() {
         auto now = Services.Files->StampsIn(Folder());
+        std::erase_if(now, [](const FileStamp& stamp) { return stamp.Name.starts_with('.'); });
         if (now == stamps) return false;
         stamps = std::move(now);
         names.clear();

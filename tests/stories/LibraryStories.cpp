@@ -27,7 +27,15 @@ TEST(LibraryStories, LibrariesAreMadeSearchedAndNamed) {
     // A chord and a tuning of the person's own, and what restoring does to them.
     Spill(story / "base/Data/My Chords/Mine", "hello");
     Spill(story / "base/Data/My Tunings/Mine", "6");
-    EXPECT_EQ(count("chords"), 1556);
+    Spill(story / "base/Data/My Chords/.hidden", "hello");
+    const Finished listed = story.Run({"chords", "list"});
+    EXPECT_EQ(listed.Status, 0);
+    EXPECT_EQ(std::ranges::count(listed.Out, '\n'), 1556) << "by its name it is there, and a hidden one is not";
+    EXPECT_EQ(listed.Err, "Note: 1 file in " + (story / "base/Data/My Chords").string() + " can't be read: Mine\n");
+    EXPECT_EQ(story.Run({"chords", "list", "--strings", "6"}).Err, listed.Err);
+    for (const char* const name : {"Bad", "Worse"}) Spill(story / "base/Data/My Scales" / name, "hello");
+    EXPECT_THAT(story.Run({"scales", "list", "--keywords", "o"}).Err, HasSubstr(" can't be read: Bad, Worse\n"));
+    EXPECT_EQ(story.Run({"tunings", "list"}).Err, "");
     EXPECT_EQ(story.Run({"library", "init", "--restore"}).Status, 0);
     EXPECT_EQ(count("chords"), 1555);
     EXPECT_EQ(count("tunings"), 23);
