@@ -1,6 +1,4 @@
 // A chord of the manager is heard, and goes into the song.
-#include <cstdlib>
-
 #include "core/mod_Common.h"
 #include "core/mod_Language.h"
 #include "core/mod_Settings.h"
@@ -47,9 +45,9 @@ void ShowSounding(const std::string& name) {
     Shell::Program.View->UpdateCommands();
 }
 
-/// What adding ends with, whichever way.
-void Added(const char* textKey, const std::string& name) {
-    Shell::Program.View->ShowStatus(LanguageText(textKey, {name}));
+/// What adding ends with, whichever way; `replaced` is what went, which no undo brings back by itself.
+void Added(const char* textKey, const std::string& name, const std::string& replaced = "") {
+    Shell::Program.View->ShowStatus(LanguageText(textKey, {name, replaced}));
     if (Core::Settings.HideChordManager) Shell::ShowTool(Shell::ToolWindow::Chords, false);
 }
 
@@ -125,18 +123,20 @@ void AddChordAsNotes() {
     if (!found) return;
     const std::string name = CurrentChord();
     const ChordRec chord = *found;
-    bool fits = true, asked = false;
+    bool fits = true, asked = false, replaced = false;
     Shell::ByEngine([&](Core::OpenDocument& open) {
         asked = true;
         const Core::Track& track = open.TabFile.Tracks[open.CurTrack];
         Core::Strum strum = track.Bars[open.CurBar].Strums()[open.CurStrum];
+        const Core::Strum before = strum;
         fits = WriteChordNotes(chord, track, strum);
+        replaced = HasNotes(before) && !(strum == before);
         if (fits) StrumAtCursor(open) = std::move(strum);
         return fits;
     });
     if (!asked) return;
     if (!fits) return Shell::Program.View->ShowStatus(LanguageText("str_ChordNoStrings", {name}));
-    Added("str_ChordAddedNotes", name);
+    Added(replaced ? "str_ChordReplacedNotes" : "str_ChordAddedNotes", name);
 }
 
 void AddChordAsDiagram() {
@@ -145,13 +145,16 @@ void AddChordAsDiagram() {
     const std::string name = CurrentChord();
     const ChordRec chord = *found;
     bool asked = false;
+    std::string replaced;
     Shell::ByEngine([&](Core::OpenDocument& open) {
         asked = true;
-        WriteChordDiagram(name, chord, StrumAtCursor(open));
+        Core::Strum& strum = StrumAtCursor(open);
+        if (strum.HasChord && strum.ChordName != name) replaced = strum.ChordName;
+        WriteChordDiagram(name, chord, strum);
     });
     if (!asked) return;
     RefreshFilter();  // it may be one of the track's now
-    Added("str_ChordAddedDiagram", name);
+    Added(replaced.empty() ? "str_ChordAddedDiagram" : "str_ChordReplacedDiagram", name, replaced);
 }
 
 }  // namespace Quillon::Tools

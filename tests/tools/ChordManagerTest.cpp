@@ -157,6 +157,9 @@ TEST_F(ChordManagerTest, IsAddedAsNotesAtItsPitches) {
     AddChordAsNotes();
     EXPECT_EQ(Frets(), "0,1,0,2,3,x,,");
     EXPECT_FALSE(Strum().Notes[5].Tied);
+    EXPECT_EQ(run->Window.Status.back(), "Mine was added as notes, in place of those that stood here.");
+    AddChordAsNotes();
+    EXPECT_EQ(run->Window.Status.back(), "Mine was added as notes.") << "nothing went";
 
     // Strings tuned otherwise: the pitches stay, on frets of theirs.
     Open.TabFile.Tracks[0].Tuning = {-2, -2, -2, -2, -2, -2, 0};
@@ -197,6 +200,7 @@ TEST_F(ChordManagerTest, IsAddedAsADiagramThatSoundsAlike) {
     EXPECT_FALSE(Shell::IsToolShown(Shell::ToolWindow::Chords));
     ASSERT_TRUE(Strum().HasChord);
     EXPECT_EQ(Strum().ChordName, "C m7");
+    EXPECT_EQ(run->Window.Status.back(), "C m7 was added as a diagram.");
     EXPECT_EQ(Strum().ChordValueA, chord.BaseFret);
     EXPECT_EQ(Strum().ChordValueB, 6);
     EXPECT_EQ(Strum().ChordMarks.Read(), chord.Tuning);
@@ -210,6 +214,10 @@ TEST_F(ChordManagerTest, IsAddedAsADiagramThatSoundsAlike) {
     Core::EditStrum(0, 0, 0).HasChord = false;
     ChordCursorMoved();
     EXPECT_TRUE(ChordManager.lstChords.empty());
+    Core::EditStrum(0, 0, 0).HasChord = true;
+    Find("G-Gmaj");
+    AddChordAsDiagram();
+    EXPECT_EQ(run->Window.Status.back(), "G-Gmaj was added as a diagram, in place of C m7.");
 }
 
 TEST_F(ChordManagerTest, RemembersItsLook) {
