@@ -30,6 +30,11 @@ frmOptions::frmOptions(Shell::OptionsModel& model, QWidget* parent)
 
     BuildSoundPage(model);
     BuildEffectsPage(model);
+    page = AddPage("str_PageTools");
+    AddCheck(page, "chkChordPlay", "str_OptionChordPlay", model.Settings.PlayChordsOnLoad);
+    AddCheck(page, "chkChordReverb", "str_OptionChordReverb", model.Settings.ChordReverb);
+    AddCheck(page, "chkChordHide", "str_OptionChordHide", model.Settings.HideChordManager);
+    AddCheck(page, "chkScaleReverb", "str_OptionScaleReverb", model.Settings.ScaleReverb);
     Finish([this, &model] {
         const std::string_view bends = CheckBends(model);
         return bends.empty() ? model.Validate() : bends;

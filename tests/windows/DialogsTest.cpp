@@ -145,12 +145,16 @@ TEST_F(DialogTest, OptionsChangeLanguageAndColoursAtOnce) {
     WithDialog("mnuFileOptions", [](QDialog& dialog) {
         In<QComboBox>(dialog, "cmbLanguage").setCurrentText("German");
         In<QComboBox>(dialog, "cmbTheme").setCurrentIndex(2);
-        In<QCheckBox>(dialog, "chkAutoStretch").setChecked(true);
+        for (const char* name : {"chkAutoStretch", "chkChordPlay", "chkChordHide", "chkScaleReverb"}) {
+            In<QCheckBox>(dialog, name).setChecked(true);
+        }
         dialog.accept();
     });
     EXPECT_EQ(window->menuBar()->actions().first()->text(), "&Datei");
     EXPECT_LT(window->palette().color(QPalette::Window).lightness(), 100);
     EXPECT_EQ(Drawing::Page.PageWidth, window->Document().viewport()->width() - 60);
+    EXPECT_TRUE(Core::Settings.PlayChordsOnLoad && Core::Settings.HideChordManager && Core::Settings.ScaleReverb);
+    EXPECT_FALSE(Core::Settings.ChordReverb);
 }
 
 TEST_F(DialogTest, EveryDialogSpeaksEveryLanguageAndNoTwoFieldsOfAPageShareALetter) {
