@@ -16,21 +16,39 @@ namespace Quillon::Forms {
 
 ToolEntries::ToolEntries(LibraryWindow& owner) : QObject(&owner), window(owner) {}
 
-QAction* ToolEntries::Add(QMenu& menu, const char* name, const char* textKey, void (*act)(), const Look& look) {
+namespace {
+
+/// All but those that only commands know: with Alt, with Ctrl except for the moves of lists, and from F1 on.
+bool BelongsToField(const QKeyEvent& key) {
+    const auto modifiers = key.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
+    const bool moves = key.key() >= Qt::Key_Home && key.key() <= Qt::Key_PageDown;
+    if (modifiers) return moves && modifiers == Qt::ControlModifier;
+    return key.key() < Qt::Key_F1;
+}
+
+}  // namespace
+
+QAction* ToolEntries::Add(QMenu& menu, const std::string& name, const std::string& textKey, std::function<void()> act,
+                          const Look& look) {
     QAction* const action = menu.addAction(QString());
-    action->setObjectName(name);
+    action->setObjectName(QString::fromStdString(name));
     if (*look.Icon != 0) action->setIcon(SvgIcon(look.Icon));
     action->setCheckable(look.Checked != nullptr);
+    if (!look.Key.isEmpty()) {
+        action->setShortcut(look.Key);
+        action->setShortcutContext(Qt::WidgetShortcut);
+        action->setShortcutVisibleInContextMenu(true);
+    }
     if (look.Radio) {
-        auto* group = menu.findChild<QActionGroup*>();
+        auto* group = menu.findChild<QActionGroup*>(QString(), Qt::FindDirectChildrenOnly);
         if (!group) group = new QActionGroup(&menu);
         group->addAction(action);
     }
-    connect(action, &QAction::triggered, this, [this, act] {
+    connect(action, &QAction::triggered, this, [this, act = std::move(act)] {
         Shell::Guarded(act);
         ShowStates();
     });
-    entries.push_back({action, textKey, look.Enabled, look.Checked});
+    entries.push_back({action, textKey, look.Enabled, look.Checked, look.Icon});
     return action;
 }
 
@@ -74,10 +92,20 @@ QAction* ToolEntries::Find(const char* name) const {
     return nullptr;
 }
 
+void ToolEntries::ShowIcon(const char* name, const char* icon) {
+    for (Entry& entry : entries) {
+        if (entry.Action->objectName() != name || entry.Icon == icon) continue;  // asked with every step of the cursor
+        entry.Icon = icon;
+        entry.Action->setIcon(SvgIcon(icon));
+    }
+}
+
 void ToolEntries::SetTexts() {
     for (const Entry& entry : entries) {
         entry.Action->setText(Text(entry.Text));
-        entry.Action->setToolTip(Text(entry.Text).remove('&').remove("..."));
+        const QString caption = Text(entry.Text).remove('&').remove("...");
+        const QString key = entry.Action->shortcut().toString(QKeySequence::NativeText);
+        entry.Action->setToolTip(key.isEmpty() ? caption : QString("%1 (%2)").arg(caption, key));
     }
     for (const auto& [menu, key] : menus) menu->setTitle(Text(key));
     for (const auto& [button, key] : menuButtons) {
@@ -93,20 +121,22 @@ void ToolEntries::ShowStates() {
     }
 }
 
-void ToolEntries::GuardKeys(QWidget& content) {
-    for (QWidget* const child : content.findChildren<QWidget*>()) child->installEventFilter(this);
+void ToolEntries::GuardKeys(QWidget& content, const QWidget* view) {
+    for (QWidget* const child : content.findChildren<QWidget*>()) {
+        if (child != view) child->installEventFilter(this);
+    }
 }
 
 bool ToolEntries::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() != QEvent::ShortcutOverride && event->type() != QEvent::KeyPress) return false;
     const auto* const key = static_cast<QKeyEvent*>(event);
-    const bool plain = !(key->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier));
-    const bool escape = key->key() == Qt::Key_Escape;
     if (event->type() == QEvent::ShortcutOverride) {
-        if (plain && (key->key() == Qt::Key_Space || escape)) event->accept();
-        return event->isAccepted() && plain && (key->key() == Qt::Key_Space || escape);
+        if (!BelongsToField(*key)) return false;
+        event->accept();
+        return true;
     }
-    if (!escape || !plain) return QObject::eventFilter(watched, event);
+    const bool plain = !(key->modifiers() & ~Qt::KeypadModifier);
+    if (key->key() != Qt::Key_Escape || !plain) return QObject::eventFilter(watched, event);
     if (Shell::DoToolsSound()) {
         Shell::SilenceTools();
     } else {

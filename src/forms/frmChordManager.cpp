@@ -6,7 +6,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QRadioButton>
 #include <QSignalBlocker>
 #include <QStackedWidget>
@@ -15,8 +14,9 @@
 #include <algorithm>
 
 #include "forms/ElidedLabel.h"
-#include "forms/SvgIcon.h"
 #include "forms/Text.h"
+#include "forms/ToolEntries.h"
+#include "forms/WrappedLabel.h"
 #include "forms/frmMain.h"
 #include "forms/picChordView.h"
 #include "shell/mod_Shell.h"
@@ -43,25 +43,29 @@ int PanelOf(Kind kind) {
 frmChordManager::frmChordManager(frmMain& main)
     : LibraryWindow(main, Shell::ToolWindow::Chords, "frmChordManager", "ChordWindowDetails", Qt::RightDockWidgetArea,
                     FirstExtent) {
+    entries = new ToolEntries(*this);
+    BuildMenus();
     Tools::ChordManager_Load(*this);
     auto* const content = new QWidget(this);
     auto* const column = new QVBoxLayout(content);
     column->setContentsMargins(4, 2, 4, 2);
     column->setSpacing(4);
     picView = new picChordView(content);
-    BuildMenus();
     column->addLayout(BuildButtons());
     column->addLayout(BuildSearch());
     column->addWidget(picView, 1);
     column->addLayout(BuildStatus());
     SetContent(content);
+    entries->GuardKeys(*content, picView);
+    txtSearch->installEventFilter(this);  // asked before the guard
+    for (QLineEdit* const field : txtTabSearch) field->installEventFilter(this);
     connect(picView, &picChordView::Left, this, &LibraryWindow::Left);
     connect(picView, &picChordView::Typed, this, &frmChordManager::Search);
-    connect(picView, &picChordView::EditAsked, findChild<QAction*>("mnuEditChord"), &QAction::trigger);
-    connect(picView, &picChordView::DeleteAsked, findChild<QAction*>("mnuDeleteChords"), &QAction::trigger);
+    connect(picView, &picChordView::EditAsked, entries->Find("mnuEditChord"), &QAction::trigger);
+    connect(picView, &picChordView::DeleteAsked, entries->Find("mnuDeleteChords"), &QAction::trigger);
     connect(picView, &picChordView::UnreadableSeen, this, &frmChordManager::ShowCount, Qt::QueuedConnection);
     connect(picView, &picChordView::MenuAsked, this, [this](QPoint at) {
-        ShowEntries();
+        CommandsChanged();
         lblMenu->popup(at);
     });
 }
@@ -82,10 +86,12 @@ QHBoxLayout* frmChordManager::BuildSearch() {
     txtSearch = new QLineEdit(this);
     txtSearch->setObjectName("txtSearch");
     txtSearch->setClearButtonEnabled(true);
-    txtSearch->installEventFilter(this);
     panels->addWidget(txtSearch);
-    connect(txtSearch, &QLineEdit::textChanged, this,
-            [](const QString& text) { Shell::Guarded([&text] { Tools::txtSearch_Change(text.toStdString()); }); });
+    // Blocked signals would leave the clear button behind when a search ends: what the manager has already is no news.
+    connect(txtSearch, &QLineEdit::textChanged, this, [](const QString& text) {
+        if (text == ToQString(ChordManager.Filter.Text)) return;
+        Shell::Guarded([&text] { Tools::txtSearch_Change(text.toStdString()); });
+    });
 
     const auto panel = [this] {
         auto* const page = new QWidget(panels);
@@ -105,8 +111,8 @@ QHBoxLayout* frmChordManager::BuildSearch() {
         field->setMinimumWidth(LeastWidth);
         field->setMaximumWidth(MostWidth);
         field->setTextMargins(-1, 0, -1, 0);
-        field->installEventFilter(this);
         connect(field, &QLineEdit::textChanged, this, [box](const QString& text) {
+            if (text == ToQString(ChordManager.Filter.Tab[box])) return;
             Shell::Guarded([&text, box] { Tools::txtTabSearch_Change(box, text.toStdString()); });
         });
         tab->addWidget(field);
@@ -147,9 +153,8 @@ QHBoxLayout* frmChordManager::BuildSearch() {
 QHBoxLayout* frmChordManager::BuildStatus() {
     auto* const row = new QHBoxLayout;
     row->setSpacing(4);
-    lblCount = new ElidedLabel(this);
+    lblCount = new WrappedLabel(this);
     lblCount->setObjectName("lblCount");
-    lblCount->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     row->addWidget(lblCount, 1);
     cmdCursor = new QToolButton(this);
     cmdCursor->setObjectName("cmdCursor");
@@ -186,20 +191,7 @@ void frmChordManager::SetTexts() {
     }
     lblInTrack->setText(Text("str_SearchTrackAbout"));
     SetDockTexts();
-    mnuSearch->setTitle(Text("str_MenuSearch"));
-    mnuDisplay->setTitle(Text("str_ChordDisplay"));
-    int mode = 0;
-    for (QAction* const action : displays->actions()) {
-        action->setText(ToQString(Tools::DisplayModeText(mode++)));
-    }
-    for (const Entry& entry : entries) {
-        entry.Action->setText(Text(entry.Text));
-        const QString key = entry.Action->shortcut().toString(QKeySequence::NativeText);
-        const QString caption = Text(entry.Text).remove('&').remove("...");
-        entry.Action->setToolTip(key.isEmpty() ? caption : QString("%1 (%2)").arg(caption, key));
-    }
-    cmdMenu->setText(Text("str_ChordMenu"));
-    cmdMenu->setAccessibleName(Text("str_ChordMenu"));
+    entries->SetTexts();
     cmdCursor->setToolTip(Text("str_ChordCursorAbout"));
     RefreshView();
     CursorMoved();
@@ -211,7 +203,6 @@ void frmChordManager::ShowPanel() {
     cmbSearch->setCurrentIndex(PanelOf(filter.By));
     panels->setCurrentIndex(PanelOf(filter.By));
     const auto show = [](QLineEdit* field, const std::string& text) {
-        const QSignalBlocker still(field);
         if (field->text() != ToQString(text)) field->setText(ToQString(text));
     };
     show(txtSearch, filter.Text);
@@ -224,15 +215,15 @@ void frmChordManager::ShowPanel() {
 }
 
 void frmChordManager::RefreshView() {
-    if (!cmdMenu) return;  // still being built
+    if (!cmdCursor) return;  // still being built
     ShowPanel();
     ShowCount();
-    ShowEntries();
+    CommandsChanged();
     picView->Refresh();
 }
 
 void frmChordManager::RefreshChosen() {
-    ShowEntries();
+    CommandsChanged();
     picView->RefreshChosen();
 }
 
@@ -251,8 +242,6 @@ void frmChordManager::CursorMoved() {
     cmdCursor->setText(name.empty() ? Text("str_ChordCursorNone")
                                     : ToQString(Core::LanguageText("str_ChordCursor", {name})));
 }
-
-void frmChordManager::CommandsChanged() { ShowEntries(); }
 
 std::filesystem::path frmChordManager::Folder() const { return Library::Chords.Folder(); }
 void frmChordManager::FolderChanged() { Tools::ChordFolderChanged(); }

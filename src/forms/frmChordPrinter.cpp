@@ -98,7 +98,7 @@ frmChordPrinter::frmChordPrinter(Tools::ChordSheetModel& shown, QWidget* parent)
     auto* const display = new QComboBox(this);
     display->setObjectName("cmbDisplay");
     for (int mode = 0; mode < Library::DisplayModes; ++mode) {
-        display->addItem(ToQString(Tools::DisplayModeText(mode)).remove('&'));
+        display->addItem(Text(Tools::DisplayModeKey(mode)).remove('&'));
     }
     display->setCurrentIndex(model.DisplayMode);
     display->setAccessibleName(Text("str_ChordDisplay").remove('&'));

@@ -13,10 +13,10 @@
 #include <QWheelEvent>
 #include <cmath>
 
-#include "forms/ElidedLabel.h"
 #include "forms/SvgIcon.h"
 #include "forms/Text.h"
 #include "forms/ToolEntries.h"
+#include "forms/WrappedLabel.h"
 #include "forms/frmMain.h"
 #include "forms/picString.h"
 #include "shell/ToolWindows.h"
@@ -147,9 +147,8 @@ QWidget* frmGuitarTuner::BuildCommands() {
             [](double seconds) { Tools::SetTunerPause(static_cast<int>(std::lround(seconds * Millis))); });
     options->addWidget(vbPause);
     column->addLayout(options);
-    lblCount = new ElidedLabel(box);
+    lblCount = new WrappedLabel(box);
     lblCount->setObjectName("lblCount");
-    lblCount->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     column->addWidget(lblCount);
     return box;
 }

@@ -15,10 +15,10 @@
 #include <algorithm>
 #include <array>
 
-#include "core/mod_Settings.h"
 #include "forms/ElidedLabel.h"
 #include "forms/Text.h"
 #include "forms/ToolEntries.h"
+#include "forms/WrappedLabel.h"
 #include "forms/frmMain.h"
 #include "forms/picNeck.h"
 #include "shell/mod_Shell.h"
@@ -105,7 +105,8 @@ QWidget* frmScaleManager::BuildList() {
     });
     connect(lstScales, &QListWidget::itemActivated, this, [] { Shell::Guarded(Tools::PlayScale); });
     column->addWidget(lstScales, 1);
-    lblCount = NewLabel(side, "lblCount");
+    lblCount = new WrappedLabel(side);
+    lblCount->setObjectName("lblCount");
     column->addWidget(lblCount);
     return side;
 }
@@ -130,13 +131,17 @@ void frmScaleManager::BuildSearch(QBoxLayout& row) {
         if (field) fields->addWidget(field);
         panels->addWidget(page);
     };
-    const auto typed = [](const QString& text) { Shell::Guarded([&text] { Tools::SetSearch(text.toStdString()); }); };
     txtSearch = new QLineEdit;
     txtKeywords = new QLineEdit;
-    for (QLineEdit* const field : {txtSearch, txtKeywords}) {
+    // Blocked signals would leave the clear button behind when a search ends: what the manager has already is no news.
+    for (const auto& [field, known] :
+         {std::pair(txtSearch, &ScaleManager.txtSearch), std::pair(txtKeywords, &ScaleManager.txtKeywords)}) {
         field->setClearButtonEnabled(true);
         field->installEventFilter(this);
-        connect(field, &QLineEdit::textChanged, this, typed);
+        connect(field, &QLineEdit::textChanged, this, [known = known](const QString& text) {
+            if (text == ToQString(*known)) return;
+            Shell::Guarded([&text] { Tools::SetSearch(text.toStdString()); });
+        });
     }
     txtSearch->setObjectName("txtSearch");
     txtKeywords->setObjectName("txtKeywords");
@@ -260,13 +265,11 @@ void frmScaleManager::Refresh() {
     panels->setCurrentIndex(PanelOf(ScaleManager.Panel));
     for (const auto& [field, text] :
          {std::pair(txtSearch, &ScaleManager.txtSearch), std::pair(txtKeywords, &ScaleManager.txtKeywords)}) {
-        const QSignalBlocker quiet(field);
         if (field->text() != ToQString(*text)) field->setText(ToQString(*text));
     }
     show(vbStrings, [this] { vbStrings->setValue(ScaleManager.Strings); });
     show(cmbKey, [this] { cmbKey->setCurrentIndex(ScaleManager.View.Key); });
     show(vbSpeed, [this] { vbSpeed->setValue(ScaleManager.NotesAMinute); });
-    show(chkReverb, [this] { chkReverb->setChecked(Core::Settings.ScaleReverb); });
     lblCount->setText(ToQString(Tools::ScaleCountText()));
     lblCount->setToolTip(lblCount->text());
     lblCaption->setText(ToQString(Tools::ShownScaleCaption()));

@@ -1,8 +1,10 @@
 // The menus of the scale manager.
 #include <QAction>
+#include <QCheckBox>
 #include <QMenu>
+#include <QSignalBlocker>
 
-#include "forms/SvgIcon.h"
+#include "core/mod_Settings.h"
 #include "forms/ToolEntries.h"
 #include "forms/frmScaleManager.h"
 #include "shell/mod_Sound.h"
@@ -86,8 +88,10 @@ void frmScaleManager::BuildPlayMenu() {
 
 void frmScaleManager::CommandsChanged() {
     entries->ShowStates();
-    entries->Find("mnuLefty")->setIcon(SvgIcon(ScaleManager.View.LeftHanded ? "lhand" : "rhand"));
-    entries->Find("mnuPlay")->setIcon(SvgIcon(ScaleManager.View.Sounding >= 0 ? "stop" : "play"));
+    entries->ShowIcon("mnuLefty", ScaleManager.View.LeftHanded ? "lhand" : "rhand");
+    entries->ShowIcon("mnuPlay", ScaleManager.View.Sounding >= 0 ? "stop" : "play");
+    const QSignalBlocker quiet(chkReverb);
+    chkReverb->setChecked(Core::Settings.ScaleReverb);  // the options have it too
 }
 
 }  // namespace Quillon::Forms

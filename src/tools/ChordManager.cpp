@@ -191,7 +191,7 @@ void optString_Click(int strings) {
 
 // The look ------------------------------------------------------------------------------------------------------------
 
-const std::string& DisplayModeText(int mode) { return LanguageText("str_ChordShows" + std::to_string(mode)); }
+std::string DisplayModeKey(int mode) { return "str_ChordShows" + std::to_string(mode); }
 
 void mnuDisplay_Click(int mode) {
     Library::ModeOf(mode);  // raises for one that there is not

@@ -66,8 +66,8 @@ void txtSearch_Change(const std::string& text);
 void txtTabSearch_Change(int box, const std::string& text);
 void optString_Click(int strings);
 
-/// A display mode's name, with its letter for the keyboard.
-const std::string& DisplayModeText(int mode);
+/// The text key of a display mode's name, with its letter for the keyboard.
+std::string DisplayModeKey(int mode);
 void mnuDisplay_Click(int mode);
 void mnuViewLefty_Click();
 void mnuWindowsColors_Click();

@@ -52,20 +52,6 @@ protected:
         QTest::mouseClick(&neck, Qt::LeftButton, {},
                           QPointF(shown->Neck.FretX(fret), shown->Neck.StringY(string)).toPoint());
     }
-    /// Has `act` work on the dialog that a click or a menu entry opens.
-    void OnDialog(const std::function<void(QDialog&)>& act, const std::function<void()>& open) {
-        bool seen = false;
-        QTimer::singleShot(0, window.get(), [&] {
-            auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-            if (!dialog) return;
-            seen = true;
-            act(*dialog);
-            if (dialog->isVisible()) dialog->reject();
-        });
-        open();
-        Settle();
-        EXPECT_TRUE(seen);
-    }
     static void CheckLetters(const QMenu& menu) {
         std::set<QString> letters;
         for (const QAction* action : menu.actions()) {
@@ -131,15 +117,14 @@ TEST_F(ScaleWindowsTest, AScaleIsMadeByClicksAndPrinted) {
         EXPECT_EQ(In<QLabel>(dialog, "lblTones").text(), "1  b3  5");
         dialog.accept();
     };
-    OnDialog(make, [&] { In<QAction>(tool, "mnuNewScale").trigger(); });
+    WithDialog([&] { In<QAction>(tool, "mnuNewScale").trigger(); }, make);
     EXPECT_EQ(In<QListWidget>(tool, "lstScales").currentItem()->text(), "Three notes");
     EXPECT_EQ(In<QListWidget>(tool, "lstScales").count(), 39);
-    OnDialog(
-        [&](QDialog& dialog) {
-            EXPECT_EQ(dialog.objectName(), "frmScalePrinter");
-            EXPECT_FALSE(dialog.grab().isNull());
-        },
-        [&] { In<QAction>(tool, "mnuPrintScale").trigger(); });
+    WithDialog([&] { In<QAction>(tool, "mnuPrintScale").trigger(); },
+               [&](QDialog& dialog) {
+                   EXPECT_EQ(dialog.objectName(), "frmScalePrinter");
+                   EXPECT_FALSE(dialog.grab().isNull());
+               });
 }
 
 TEST_F(ScaleWindowsTest, SelectedBarsNameTheirScale) {
@@ -191,7 +176,7 @@ TEST_F(ScaleWindowsTest, TheTunerRunsWithItsControlsHeld) {
         Q_EMIT In<QComboBox>(dialog, "cmbNote5").activated(8);  // four below
         dialog.accept();
     };
-    OnDialog(make, [&] { In<QAction>(tool, "mnuNewTuning").trigger(); });
+    WithDialog([&] { In<QAction>(tool, "mnuNewTuning").trigger(); }, make);
     EXPECT_EQ(tunings.currentText(), "Low");
     EXPECT_EQ(In<QLabel>(tool, "lblNote5").text(), QString::fromUtf8("C2  \u22124"));
     for (const char* language : {"English", "German"}) {
@@ -199,6 +184,46 @@ TEST_F(ScaleWindowsTest, TheTunerRunsWithItsControlsHeld) {
         window->LanguageChanged();
         CheckLetters(In<QMenu>(tool, "mnuTunings"));
     }
+}
+
+TEST_F(ScaleWindowsTest, KeysOfAFieldStayInItsWindow) {
+    Start("fiddle-set.qlm");
+    const char* const tools[][3] = {{"mnuToolsTuner", "frmGuitarTuner", "cmbTuning"},
+                                    {"mnuToolsChords", "frmChordManager", "cmbSearch"},
+                                    {"mnuToolsScales", "frmScaleManager", "cmbKey"}};
+    for (const auto& [command, name, field] : tools) {
+        auto& list = In<QComboBox>(Show(command, name), field);
+        list.setFocus();
+        QTest::keyClick(&list, Qt::Key_End);
+        EXPECT_EQ(Open.CurStrum, 0) << name;
+        QTest::keyClick(&list, Qt::Key_Space);
+        EXPECT_FALSE(Shell::Sound.Playing) << name;
+        list.hidePopup();
+        QTest::keyClick(&list, Qt::Key_Escape);
+        EXPECT_TRUE(window->Document().hasFocus()) << name;
+    }
+    QTest::keyClick(&window->Document(), Qt::Key_End);
+    EXPECT_GT(Open.CurStrum, 0);
+}
+
+TEST_F(ScaleWindowsTest, AFolderIsWatchedAlsoWhenItMoves) {
+    Start();
+    auto& tool = Show("mnuToolsTuner", "frmGuitarTuner");
+    auto& tunings = In<QComboBox>(tool, "cmbTuning");
+    constexpr int guard = 30'000;  // ms: it ends as soon as the list is as it should be
+    const auto shows = [&](int count) { return QTest::qWaitFor([&] { return tunings.count() == count; }, guard); };
+    const auto library = folder / "base/Data/My Tunings";
+    ASSERT_EQ(tunings.count(), 23);
+    Testing::Spill(library / "Another program's", "6\r\n12\r\n");
+    EXPECT_TRUE(shows(24));
+    // Without its folder the library is made anew; the folder that comes back is watched as the one before.
+    std::filesystem::rename(library, folder / "aside");
+    EXPECT_TRUE(shows(23));
+    std::filesystem::remove_all(library);
+    std::filesystem::rename(folder / "aside", library);
+    EXPECT_TRUE(shows(24));
+    std::filesystem::remove(library / "Another program's");
+    EXPECT_TRUE(shows(23));
 }
 
 TEST_F(ScaleWindowsTest, ATrackTakesATuningOfTheLibrary) {
@@ -212,13 +237,12 @@ TEST_F(ScaleWindowsTest, ATrackTakesATuningOfTheLibrary) {
     });
     EXPECT_EQ(Open.TabFile.Tracks[0].Tuning[5], -2);
     WithDialog("mnuTrackTuning", [&](QDialog& dialog) {
-        OnDialog(
-            [&](QDialog& loader) {
-                auto& list = In<QListWidget>(loader, "lstTunings");
-                list.setCurrentItem(list.findItems("Open A", Qt::MatchExactly).front());
-                loader.accept();
-            },
-            [&] { In<QPushButton>(dialog, "cmdLibrary").click(); });
+        WithDialog([&] { In<QPushButton>(dialog, "cmdLibrary").click(); },
+                   [&](QDialog& loader) {
+                       auto& list = In<QListWidget>(loader, "lstTunings");
+                       list.setCurrentItem(list.findItems("Open A", Qt::MatchExactly).front());
+                       loader.accept();
+                   });
         EXPECT_EQ(In<QLineEdit>(dialog, "txtTuning1").text(), "C#4");
         dialog.accept();
     });

@@ -33,19 +33,6 @@ protected:
         tool->findChild<QAction*>(name)->trigger();
         Settle();
     }
-    /// Has `act` work on the dialog of an entry of the window's menus.
-    void WithDialogOf(const char* name, const std::function<void(QDialog&)>& act) {
-        bool seen = false;
-        QTimer::singleShot(0, window.get(), [&] {
-            auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-            if (!dialog) return;
-            seen = true;
-            act(*dialog);
-            if (dialog->isVisible()) dialog->reject();
-        });
-        Act(name);
-        EXPECT_TRUE(seen) << name;
-    }
     static std::string Fret(int string) { return Core::ReadStrum(0, 0, 0).Notes[string].Fret; }
 
     frmChordManager* tool = nullptr;
@@ -64,6 +51,20 @@ TEST_F(ToolWindowsTest, DockAtEverySideAndKeepTheirPlace) {
         Act(name);
         EXPECT_EQ(window->dockWidgetArea(tool), area) << name;
         EXPECT_TRUE(tool->findChild<QAction*>(name)->isChecked());
+    }
+    // However narrow it is, the count is whole, with the files that are passed by.
+    Testing::Spill(Library::Chords.FileOf("Broken"), "no chord");
+    Tools::ChordFolderChanged();
+    Tools::optString_Click(6);
+    auto& count = In<QLabel>(*tool, "lblCount");
+    EXPECT_EQ(count.text(), "1,555 of 1,556 chords, 1 file passed by");
+    const auto shown = [&count] {
+        return count.fontMetrics().boundingRect(QRect(0, 0, count.width(), 1000), Qt::TextWordWrap, count.text());
+    };
+    for (const int width : {900, 10}) {
+        window->resizeDocks({tool}, {width}, Qt::Horizontal);
+        Settle();
+        EXPECT_TRUE(count.rect().contains(shown())) << width;
     }
     window->resizeDocks({tool}, {420}, Qt::Horizontal);
     Settle();
@@ -116,6 +117,8 @@ TEST_F(ToolWindowsTest, ChordsAreFoundHeardAndAddedByTheKeyboard) {
 
     QTest::keyClick(&search, Qt::Key_Escape);
     EXPECT_EQ(In<QLabel>(*tool, "lblCount").text(), "1,555 of 1,555 chords");
+    const auto* const clear = search.findChild<QToolButton*>();
+    EXPECT_TRUE(QTest::qWaitFor([clear] { return clear->property("opacity") == 0.0; }, 30'000)) << "it fades";
     view->setFocus();
     QTest::keyClick(view, Qt::Key_End);
     EXPECT_EQ(ChordManager.Current, 1554);
@@ -162,52 +165,55 @@ TEST_F(ToolWindowsTest, BoxesTakeTheMouseAndShowJustWhatIsInView) {
 TEST_F(ToolWindowsTest, AChordIsMadeByClicksRenamedAndPrinted) {
     Start();
     Open();
-    WithDialogOf("mnuAddChord", [this](QDialog& dialog) {
-        auto& neck = In<picChordBox>(dialog, "picChordBox");
-        const auto click = [&neck](int string, int row) {
-            const QPointF at(neck.Box().X(string), neck.Box().Y(row));
-            QTest::mouseClick(&neck, Qt::LeftButton, {}, at.toPoint());
-        };
-        click(5, 2);
-        click(4, 1);
-        for (const int open : {1, 2, 3}) click(open, -1);
-        neck.setFocus();
-        QTest::keyClick(&neck, Qt::Key_Home);  // means nothing here
-        click(0, 2);
-        EXPECT_EQ(In<QLineEdit>(dialog, "txtFrets").text(), "3 2 0 0 0 3");
-        EXPECT_EQ(In<QLineEdit>(dialog, "txtName").text(), "G") << "the name follows the shape";
-        QTest::keyClick(&neck, Qt::Key_4);
-        auto& frets = In<QLineEdit>(dialog, "txtFrets");
-        frets.setFocus();
-        frets.selectAll();
-        QTest::keyClicks(&frets, "x32010");
-        EXPECT_EQ(In<QLineEdit>(dialog, "txtName").text(), "C");
-        EXPECT_EQ(In<QComboBox>(dialog, "cmbNames").currentText(), "C");
-        In<QPushButton>(dialog, "cmdPlay").click();
-        EXPECT_TRUE(Library::IsRunPlaying());
-        In<QLineEdit>(dialog, "txtName").setText("My C");
-        dialog.accept();
-    });
+    WithDialog([this] { Act("mnuAddChord"); },
+               [this](QDialog& dialog) {
+                   auto& neck = In<picChordBox>(dialog, "picChordBox");
+                   const auto click = [&neck](int string, int row) {
+                       const QPointF at(neck.Box().X(string), neck.Box().Y(row));
+                       QTest::mouseClick(&neck, Qt::LeftButton, {}, at.toPoint());
+                   };
+                   click(5, 2);
+                   click(4, 1);
+                   for (const int open : {1, 2, 3}) click(open, -1);
+                   neck.setFocus();
+                   QTest::keyClick(&neck, Qt::Key_Home);  // means nothing here
+                   click(0, 2);
+                   EXPECT_EQ(In<QLineEdit>(dialog, "txtFrets").text(), "3 2 0 0 0 3");
+                   EXPECT_EQ(In<QLineEdit>(dialog, "txtName").text(), "G") << "the name follows the shape";
+                   QTest::keyClick(&neck, Qt::Key_4);
+                   auto& frets = In<QLineEdit>(dialog, "txtFrets");
+                   frets.setFocus();
+                   frets.selectAll();
+                   QTest::keyClicks(&frets, "x32010");
+                   EXPECT_EQ(In<QLineEdit>(dialog, "txtName").text(), "C");
+                   EXPECT_EQ(In<QComboBox>(dialog, "cmbNames").currentText(), "C");
+                   In<QPushButton>(dialog, "cmdPlay").click();
+                   EXPECT_TRUE(Library::IsRunPlaying());
+                   In<QLineEdit>(dialog, "txtName").setText("My C");
+                   dialog.accept();
+               });
     EXPECT_FALSE(Library::IsRunPlaying()) << "it ends with its window";
     EXPECT_EQ(Tools::CurrentChord(), "My C");
-    WithDialogOf("mnuBatch", [](QDialog& dialog) {
-        EXPECT_EQ(In<QLineEdit>(dialog, "txtFind").text(), "My C");
-        In<QLineEdit>(dialog, "txtReplace").setText("C-Cmaj");
-        dialog.accept();
-        EXPECT_TRUE(dialog.isVisible()) << "another chord has this name";
-        In<QLineEdit>(dialog, "txtReplace").setText("Your C");
-        EXPECT_EQ(In<QTreeWidget>(dialog, "lstPlan").topLevelItem(0)->text(1), "Your C");
-        dialog.accept();
-    });
+    WithDialog([this] { Act("mnuBatch"); },
+               [](QDialog& dialog) {
+                   EXPECT_EQ(In<QLineEdit>(dialog, "txtFind").text(), "My C");
+                   In<QLineEdit>(dialog, "txtReplace").setText("C-Cmaj");
+                   dialog.accept();
+                   EXPECT_TRUE(dialog.isVisible()) << "another chord has this name";
+                   In<QLineEdit>(dialog, "txtReplace").setText("Your C");
+                   EXPECT_EQ(In<QTreeWidget>(dialog, "lstPlan").topLevelItem(0)->text(1), "Your C");
+                   dialog.accept();
+               });
     EXPECT_EQ(Tools::CurrentChord(), "Your C");
     Tools::txtSearch_Change("Cm7");
     Tools::ChooseAllChords();
-    WithDialogOf("mnuPrintChords", [](QDialog& dialog) {
-        EXPECT_EQ(In<QLabel>(dialog, "lblPage").text(), "Page 1 of 1");
-        const QImage before = dialog.grab().toImage();
-        In<QComboBox>(dialog, "cmbDisplay").activated(0);
-        EXPECT_NE(dialog.grab().toImage(), before);
-    });
+    WithDialog([this] { Act("mnuPrintChords"); },
+               [](QDialog& dialog) {
+                   EXPECT_EQ(In<QLabel>(dialog, "lblPage").text(), "Page 1 of 1");
+                   const QImage before = dialog.grab().toImage();
+                   In<QComboBox>(dialog, "cmbDisplay").activated(0);
+                   EXPECT_NE(dialog.grab().toImage(), before);
+               });
 }
 
 }  // namespace

@@ -86,8 +86,8 @@ protected:
         window->ActionOf(command)->trigger();
         Settle();
     }
-    /// Runs a command that shows a dialog and has `act` work on it; a dialog still open then is cancelled.
-    void WithDialog(const char* command, const std::function<void(QDialog&)>& act) {
+    /// Has `act` work on the dialog that `open` shows; one still open then is cancelled.
+    void WithDialog(const std::function<void()>& open, const std::function<void(QDialog&)>& act) {
         bool seen = false;
         QTimer::singleShot(0, window.get(), [&] {
             auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
@@ -96,8 +96,13 @@ protected:
             act(*dialog);
             if (dialog->isVisible()) dialog->reject();
         });
-        Run(command);
-        EXPECT_TRUE(seen) << command;
+        open();
+        Settle();
+        EXPECT_TRUE(seen);
+    }
+    void WithDialog(const char* command, const std::function<void(QDialog&)>& act) {
+        SCOPED_TRACE(command);
+        WithDialog([this, command] { Run(command); }, act);
     }
     template <class Field>
     static Field& In(QWidget& parent, const char* name) {
