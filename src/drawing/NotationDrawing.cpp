@@ -69,25 +69,25 @@ void DrawPercussionStrum(Picture& picture, const StaffBar& bar, int strum) {
     DrawStrumNotation(picture, bar, strum);
 }
 
-void DrawNotation(Picture& picture, const std::vector<StaffBar>& staves) {
-    for (const StaffBar& staff : staves) {
-        picture.SetColor(staff.Ink());
-        if (staff.Silent) {
-            DrawBarRest(picture, staff);
-            continue;
-        }
-        DrawStaffLinksFromLastRow(picture, staff);
-        for (int strum = 0; strum < staff.Count(); ++strum) {
-            staff.IsDrum() ? DrawPercussionStrum(picture, staff, strum) : DrawStrumNotation(picture, staff, strum);
-        }
-        picture.SetColor(OverfullInk);
-        for (int strum = staff.Count(); strum < staff.All(); ++strum) {
-            for (const StaffNote& note : staff.Column(strum).Notes) DrawNoteHead(picture, staff, strum, note);
-        }
-        picture.SetColor(staff.Ink());
-        DrawBeams(picture, staff);
-        DrawTuplets(picture, staff);
+void DrawStaff(Picture& picture, const StaffBar& staff) {
+    picture.SetColor(staff.Ink());
+    if (staff.Silent) return DrawBarRest(picture, staff);
+    DrawStaffLinksFromLastRow(picture, staff);
+    for (int strum = 0; strum < staff.Count(); ++strum) {
+        staff.IsDrum() ? DrawPercussionStrum(picture, staff, strum) : DrawStrumNotation(picture, staff, strum);
     }
+    picture.SetColor(OverfullInk);
+    for (int strum = staff.Count(); strum < staff.All(); ++strum) {
+        if (IsLeftOut(staff, strum)) continue;
+        for (const StaffNote& note : staff.Column(strum).Notes) DrawNoteHead(picture, staff, strum, note);
+    }
+    picture.SetColor(staff.Ink());
+    DrawBeams(picture, staff);
+    DrawTuplets(picture, staff);
+}
+
+void DrawNotation(Picture& picture, const std::vector<StaffBar>& staves) {
+    for (const StaffBar& staff : staves) DrawStaff(picture, staff);
 }
 
 void TakeStaffRoom(TabBar& bar, const std::vector<StaffBar>& staves) {

@@ -74,7 +74,13 @@ void DrawGraceNotes(Picture& picture, const StaffBar& bar, int strum) {
     constexpr double farthest = 24, steepest = 6;
     const double fall = column.Lowest() - bottom;
     if (std::abs(fall) > farthest && heads.size() == 1) return;
-    DrawBow(picture, column.GraceX, column.X - 1.5, bottom + 4, -2.5, std::clamp(fall, -steepest, steepest));
+    // Under an accidental of the heads there, which stands between its ends.
+    double drop = 2.5;
+    for (const StaffNote& note : column.Notes) {
+        if (note.Sign == Accidental::None || note.Y + 8 < bottom + 4) continue;
+        drop = std::max(drop, std::min(SignArea(column, note).Bottom - bottom - 2.5, 8.0));
+    }
+    DrawBow(picture, column.GraceX, column.X - 1.5, bottom + 4, -drop, std::clamp(fall, -steepest, steepest));
 }
 
 }  // namespace Quillon::Drawing

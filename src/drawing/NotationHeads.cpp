@@ -122,7 +122,16 @@ StaffBar::StaffBar(const BarContext& bar, const StaffPlace& place)
     // A bar that rests as a whole shows it in its middle.
     const bool restsWhole = count == 1 && Column(0).Rest && Strum(0).Length == 0 && !Strum(0).Dotted;
     Silent = !sounds || restsWhole;
-    if (count > 0 && Column(count - 1).X > Right() - OverfullReach && TabBar(bar).Beside(1)) LeaveOutWhatReachesOut();
+    if (count > 0 && Column(count - 1).X > Right() - OverfullReach && HasWidth(bar)) LeaveOutWhatReachesOut();
+}
+
+bool HasWidth(const BarContext& bar) { return bar.Width > BarStartOffset(bar.ItsBar()) + 5; }
+
+bool IsLeftOut(const StaffBar& bar, int strum) {
+    constexpr double reach = 6;
+    if (strum < bar.Count() || !bar.Context.Look.Printed) return false;
+    const TabBar row(bar.Context);
+    return row.Beside(1) || bar.Column(strum).X + reach > PaperRight(row);
 }
 
 void StaffBar::LeaveOutWhatReachesOut() {
@@ -168,13 +177,15 @@ void PlaceHeads(StaffBar& bar) {
 }
 
 void DrawNoteHead(Picture& picture, const StaffBar& bar, int strum, const StaffNote& note) {
-    constexpr double crossSize = 10.5, crossDrop = 3.6;
+    // The circle of a longer one is no higher than a head, so that those of neighbouring strings stay apart.
+    constexpr double crossSize = 10.5, crossDrop = 3.6, circled = 0.67, circle = 3.6;
     const std::int32_t length = bar.Strum(strum).Length;
     const StaffColumn& column = bar.Column(strum);
     if (note.Cross) {
-        const Font font{.Name = "Arial", .Size = crossSize * column.Scale(), .Bold = true};
-        Print(picture, font, note.X, note.Y + crossDrop * column.Scale(), "x");
-        if (length <= 1) picture.Circle(note.X, note.Y, 5.5, 1);
+        const double scale = column.Scale() * (length <= 1 ? circled : 1);
+        const Font font{.Name = "Arial", .Size = crossSize * scale, .Bold = true};
+        Print(picture, font, note.X, note.Y + crossDrop * scale, "x");
+        if (length <= 1) picture.Circle(note.X, note.Y, circle, 1);
     } else {
         picture.Stamp(HeadShape(KindOf(note, length), column.Size), note.X, note.Y);
     }
@@ -241,7 +252,10 @@ void DrawDots(Picture& picture, const StaffBar& bar, int strum) {
     for (const StaffNote& note : column.Notes) notes.push_back(&note);
     std::sort(notes.begin(), notes.end(), [](auto* a, auto* b) { return a->Step > b->Step; });
     std::vector<int> taken;
+    const StaffNote* above = nullptr;
     for (const StaffNote* note : notes) {
+        if (above && above->Step == note->Step) continue;  // one dot for both heads of a place
+        above = note;
         // In the space above a line; in the one below when that is taken.
         int step = note->OnLine() ? note->Step + 1 : note->Step;
         const auto isTaken = [&](int at) { return std::find(taken.begin(), taken.end(), at) != taken.end(); };

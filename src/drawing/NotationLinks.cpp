@@ -30,7 +30,9 @@ Target HeadFrom(const StaffBar& bar, int strum, int string, bool& there) {
         there = true;
         for (const StaffNote& other : bar.Column(next).Notes) {
             if (other.String != string) continue;
-            const double left = other.Sign == Accidental::None ? other.X - 4.6 : other.SignX - 2.8;
+            double left = other.Sign == Accidental::None ? other.X - 4.6 : other.SignX - 2.8;
+            const bool struck = bar.Strum(next).Stroke != 0 && bar.ShowsHands();
+            if (struck || bar.Strum(next).Notes[string].HasGrace) left = bar.Column(next).Left;
             return {other.X, other.Y, left, true, true, other.Pitch, false};
         }
         break;
@@ -50,14 +52,21 @@ void WithNextBar(const StaffBar& bar, const Use& use) {
 }
 
 /// Where a bow to the next row ends: in the margin. That of a bar that is too full stays in it.
-double RowEnd(const StaffBar& bar) { return bar.Right() + (TabBar(bar.Context).Beside(1) ? -2 : 7); }
+double RowEnd(const StaffBar& bar) {
+    return bar.Right() + (bar.Count() < bar.All() || TabBar(bar.Context).Beside(1) ? -2 : 7);
+}
 
 /// The next head on a note's string, in this bar or the next one.
 Target NextHead(const StaffBar& bar, int strum, const StaffNote& note) {
     bool there = false;
     if (const Target target = HeadFrom(bar, strum + 1, note.String, there); there) return target;
     if (bar.Place.OfOther) return {};
-    const Partner partner = NextOnString(TabBar(bar.Context), bar.Count() - 1, note.String);
+    Partner partner;
+    for (int next = bar.Count(); next < bar.All() && !partner.Note; ++next) {
+        const Core::Note& other = bar.Strum(next).Notes[note.String];  // of a bar that is too full
+        if (!other.Fret.empty()) partner.Note = &other;
+    }
+    if (!partner.Note) partner = NextOnString(TabBar(bar.Context), bar.All() - 1, note.String);
     if (!partner.Note) return {};
     if (partner.SameRow) {
         Target target;
@@ -65,12 +74,12 @@ Target NextHead(const StaffBar& bar, int strum, const StaffNote& note) {
         target.InNextBar = true;
         return target;
     }
-    Target target{partner.X, note.Y, partner.X - 4.6, partner.SameRow, true, 0, false};
+    Target target{RowEnd(bar), note.Y, RowEnd(bar), false, true, 0, false};
     if (!bar.IsDrum()) {
         target.Pitch = WrittenPitch(bar.Track, note.String, *partner.Note);
         if (!Takes(bar.Place, target.Pitch)) return {};
-        target.Y = bar.YOf(SpellPitch(target.Pitch, bar.UseFlats, bar.Place.Clef).Step);
     }
+    target.Y = bar.YOf(SpellNote(bar, note.String, partner.Note->Fret).Step);
     return target;
 }
 
@@ -80,6 +89,11 @@ bool BowsUp(const StaffColumn& column, const StaffNote& note) {
     if (column.Notes.size() < 2) return !column.StemUp;
     const double middle = (column.Highest() + column.Lowest()) / 2;
     return note.Y == middle ? !column.StemUp : note.Y < middle;
+}
+
+/// A tie joins heads of one pitch; before another one its note rings on.
+bool IsHeldBy(const StaffBar& bar, const StaffNote& note, const Target& target) {
+    return bar.IsDrum() ? target.Y == note.Y : target.Pitch == note.Pitch;
 }
 
 void DrawBowTo(Picture& picture, const StaffBar& bar, int strum, const StaffNote& note, const Target& target) {
@@ -167,13 +181,17 @@ void DrawStaffLinks(Picture& picture, const StaffBar& bar, int strum) {
     for (const StaffNote& note : column.Notes) {
         const Core::Note& own = bar.Strum(strum).Notes[note.String];
         if (own.Technique == Core::LegatoSlide) DrawSlideTo(picture, bar, strum, note);
+        bool rings = own.LetRing;
         if (own.Tied) {
             if (const Target target = NextHead(bar, strum, note); target.Found) {
-                DrawBowTo(picture, bar, strum, note, target);
-                continue;
+                if (IsHeldBy(bar, note, target)) {
+                    DrawBowTo(picture, bar, strum, note, target);
+                    continue;
+                }
+                rings = rings || own.Technique != Core::HammerOnPullOff;
             }
         }
-        if (!own.LetRing) continue;
+        if (!rings) continue;
         constexpr double longest = 12, shortest = 7;
         const bool up = BowsUp(column, note);
         const double from = note.X + (column.Notes.size() > 1 ? 5.5 : 3) + (bar.Strum(strum).Dotted ? 5 : 0);
@@ -190,14 +208,20 @@ void DrawStaffLinksFromLastRow(Picture& picture, const StaffBar& bar) {
     const BarContext& context = bar.Context;
     if (bar.Place.OfOther || context.Bar == 0 || bar.Count() == 0 || TabBar(context).Beside(-1)) return;
     const auto& before = bar.Track.Bars[context.Bar - 1].Strums();
-    const Core::Strum& last = before[before.UpperBound()];
+    const auto lastOn = [&](int string) -> const Core::Note& {
+        int at = before.UpperBound();
+        while (at > 0 && before[at].Notes[string].Fret.empty()) --at;
+        return before[at].Notes[string];
+    };
     const StaffColumn& column = bar.Column(0);
     // In the margin again, unless clefs stand there or in the bar.
     const bool figures = context.ItsBar().Place.ShowTimeSig;
     const double begin = context.X + (figures ? afterFigures : RowHeadWidth(context) > 0 ? 1 : -margin);
     for (const StaffNote& note : column.Notes) {
-        const Core::Note& from = last.Notes[note.String];
-        if (from.Fret.empty() || (!from.Tied && from.Technique != Core::HammerOnPullOff)) continue;
+        const Core::Note& from = lastOn(note.String);
+        const bool held = from.Tied && (bar.IsDrum() ? SpellNote(bar, note.String, from.Fret).Step == note.Step
+                                                     : WrittenPitch(bar.Track, note.String, from) == note.Pitch);
+        if (from.Fret.empty() || (!held && from.Technique != Core::HammerOnPullOff)) continue;
         const bool up = BowsUp(column, note), inChord = column.Notes.size() > 1;
         double right = note.X - (inChord ? 5.5 : 2);
         if (inChord && note.Sign != Accidental::None) right = std::min(right, note.SignX - 3.8);

@@ -199,12 +199,22 @@ void DrawStaffSigns(Picture& picture, const StaffBar& bar, int strum);
 /// Of the dot of a staccato column, which holds notes.
 double StaccatoY(const StaffBar& bar, const StaffColumn& column);
 
+/// A staff of a bar with all that stands on it.
+void DrawStaff(Picture& picture, const StaffBar& staff);
 /// The staves of a bar with all that stands on them.
 void DrawNotation(Picture& picture, const std::vector<StaffBar>& staves);
 /// The staves of a bar, worked out.
 std::vector<StaffBar> StaffBarsOf(const BarContext& bar);
 /// The number of the bar: at its place, or as far above it as the notes there ask for.
 Label PlacedBarNumber(const BarContext& bar);
+/// False for a bar of a page so narrow that its columns find no room, where none tells of a bar too full.
+bool HasWidth(const BarContext& bar);
+/// True for a column of a bar too full for its time that a printed page leaves out, as it would stand over the music of
+/// the next bar, or past the edge of the paper. On the screen all of them show.
+bool IsLeftOut(const StaffBar& bar, int strum);
+/// How many strums with notes a printed page leaves out on the row's first staff, or on the tab where no staff stands:
+/// "+2" over the end of the bar. No text where it leaves out none.
+Label LeftOutLabel(const TabBar& bar, const std::vector<StaffBar>& staves);
 /// Takes the room above the row that the notes reach into, and below it where no tab stands.
 void TakeStaffRoom(TabBar& bar, const std::vector<StaffBar>& staves);
 

@@ -24,10 +24,12 @@ void Move(StaffColumn& column, double by) {
 
 /// Where what stands before a column may begin.
 double LeftLimit(const StaffBar& bar, int strum) {
-    constexpr double line = 3, dots = 10.5, timeRight = 41, usual = 4.6;
+    constexpr double line = 3, dots = 10.5, timeRight = 41, clearOfTime = 42.5, usual = 4.6;
     const BarContext& context = bar.Context;
     if (strum == 0) {
-        if (context.ItsBar().Place.ShowTimeSig) return context.X + timeRight + SignatureOverhang(context);
+        if (context.ItsBar().Place.ShowTimeSig) {
+            return context.X + (bar.ShowsHands() ? clearOfTime : timeRight) + SignatureOverhang(context);
+        }
         return context.X + (context.Info().RepeatOpen ? dots : line);
     }
     const StaffColumn& before = bar.Column(strum - 1);
@@ -100,60 +102,6 @@ double StepAside(StaffBar& bar, int strum, double furthest) {
     return std::min(LeftLimit(bar, strum) - column.Left, furthest);
 }
 
-/// False when no note of the bar stands high enough near its number to meet it.
-bool MayMeet(const BarContext& bar, const Label& number) {
-    constexpr int near = 32, low = 62;
-    const Core::Track& track = bar.ItsTrack();
-    if (!track.ShowTreble && !track.ShowBass) return false;
-    const auto& columns = bar.ItsBar().Place.StrumX;
-    const auto& strums = bar.ItsBar().Strums();
-    for (int s = 0; s < std::min(columns.Count(), strums.Count()); ++s) {
-        if (std::abs(columns[s] + (bar.X - bar.ItsBar().Place.BarX) - number.X) > near) continue;
-        if (!track.ShowTreble || track.IsDrum) return true;  // clefs whose staff takes other pitches
-        for (int string = 0; string < std::clamp<int>(track.Strings, 0, Core::StringCount); ++string) {
-            const Core::Note& note = strums[s].Notes[string];
-            if (!note.Fret.empty() && (note.HasGrace || WrittenPitch(track, string, note) >= low)) return true;
-        }
-    }
-    return false;
-}
-
-}  // namespace
-
-Label PlacedBarNumber(const BarContext& bar) {
-    constexpr double digit = 4.45, top = 1, bottom = 7.2;
-    Label number = BarNumberLabel(bar.ItsBar(), bar.Bar, bar.X, bar.Y);
-    if (!MayMeet(bar, number)) return number;
-    std::vector<Area> areas;
-    for (const StaffBar& staff : StaffBarsOf(bar)) {
-        if (staff.Place.Top != bar.Y) continue;
-        for (int s = 0; s < staff.Count(); ++s) {
-            const std::vector<Area> parts = AreasOf(staff, s);
-            areas.insert(areas.end(), parts.begin(), parts.end());
-            const StaffColumn& column = staff.Column(s);
-            const double flag = column.Hooks > 0 && !column.Beamed ? 8 : 1;
-            if (column.HasStem && column.StemUp) {
-                areas.push_back({column.StemX - 1, column.StemEnd - 1, column.StemX + flag, column.StemStart});
-            }
-        }
-    }
-    const double left = number.X - 1.0, right = number.X + digit * static_cast<double>(number.Text.size()) + 1;
-    // Over the bar line the signs of the form stand lower than anything beside the figures.
-    const int most = bar.ItsBar().Place.ShowTimeSig ? 20 : 8;
-    for (int rise = 0; rise <= most; ++rise) {
-        const double y = number.Y - rise;
-        const bool meets = std::any_of(areas.begin(), areas.end(), [&](const Area& area) {
-            return area.Left < right && left < area.Right && area.Top < y + bottom && y + top < area.Bottom;
-        });
-        if (meets) continue;
-        number.Y -= rise;
-        break;
-    }
-    return number;  // where nothing helps under the ink
-}
-
-namespace {
-
 bool HasAlteredGrace(const StaffBar& bar, int strum) {
     return std::ranges::any_of(GraceHeads(bar, strum),
                                [](const GraceHead& head) { return head.Sign != Accidental::None; });
@@ -162,9 +110,9 @@ bool HasAlteredGrace(const StaffBar& bar, int strum) {
 }  // namespace
 
 void MakeRoomBefore(std::vector<StaffBar>& staves) {
-    // Of the way to the next column; pixels from the tab figure of the same strum, and where no tab shows, where the
-    // first column may have to pass a crowded key and the time signature.
-    constexpr double most = 0.5, besideTab = 6, alone = 12, firstAlone = 18;
+    // Of the way to the next column; pixels from the tab figure of the same strum, and where no tab shows. The first
+    // column may have to pass a crowded key and the time signature; nothing is worse than printing over those.
+    constexpr double most = 0.5, besideTab = 6, alone = 12, firstAlone = 40, behindFigures = 12, graceBehind = 36;
     // The staves of one track move together; that of another track has columns of its own.
     for (const bool ofOther : {false, true}) {
         std::vector<StaffBar*> related;
@@ -177,9 +125,13 @@ void MakeRoomBefore(std::vector<StaffBar>& staves) {
                 const StaffColumn& column = bar->Column(s);
                 if (!column.Sounds() && !column.Rest) continue;
                 const double halfWay = std::max(0.0, most * (bar->NextX(s) - column.X));
-                const bool near = bar->Context.ItsTrack().ShowTab && !(s == 0 && HasAlteredGrace(*bar, s));
-                const bool first = s == 0 && !bar->Context.ItsTrack().ShowTab;
-                const double furthest = std::min(near ? besideTab : first ? firstAlone : alone, halfWay);
+                const bool tab = bar->Context.ItsTrack().ShowTab, first = s == 0;
+                double furthest = tab ? besideTab : first ? firstAlone : alone;
+                if (tab && first && HasAlteredGrace(*bar, s)) furthest = alone;
+                if (tab && first && bar->Context.ItsBar().Place.ShowTimeSig) {
+                    furthest = GraceHeads(*bar, s).empty() ? behindFigures : graceBehind;
+                }
+                furthest = std::min(furthest, halfWay);
                 by = std::max(by, StepAside(*bar, s, furthest));
                 if (s <= 1) by = ClearOfPrinted(*bar, s, by, furthest);
                 if (s == 0 && BehindDots(*bar) <= halfWay) by = std::max(by, BehindDots(*bar));

@@ -33,11 +33,15 @@ constexpr SignWidths FullSigns{5.6, 5.6, 5.6, false}, SmallSigns{3.9, 3.2, 2.2, 
 
 double WidthOf(const SignWidths& signs, int count, double step) { return signs.Width + step * (count - 1); }
 
-/// Signs from `left` to `right`, as near each other as they must.
-void DrawKeySigns(Picture& picture, int count, Accidental sign, Clef clef, int top, double left, double right) {
+constexpr double Breath = 2.5;  ///< between a key and the figures of the time, where there is room
+
+/// Signs from `left` to `right`, as near each other as they must; up to `breath` stays free at the right.
+void DrawKeySigns(Picture& picture, int count, Accidental sign, Clef clef, int top, double left, double right,
+                  double breath = 0) {
     constexpr double widest = 5.8;
     const int signs = std::abs(count);
     const SignWidths& widths = WidthOf(FullSigns, signs, FullSigns.Least) <= right - left ? FullSigns : SmallSigns;
+    right -= std::clamp(right - left - WidthOf(widths, signs, widths.Comfortable), 0.0, breath);
     const double step = signs > 1 ? std::min(widest, (right - left - widths.Width) / (signs - 1)) : 0;
     // What is left over stands between the clef and the first sign.
     const double first = left + widths.Width / 2 + std::min(2.0, (right - left - WidthOf(widths, signs, step)) / 2);
@@ -133,48 +137,47 @@ double TimeFiguresWidth(const BarContext& bar) {
 
 namespace {
 
-/// True when an accidental may stand before the first column of some staff.
-bool FirstColumnAltered(const BarContext& bar, const StaffPlace& place) {
-    if (place.Track.IsDrum || bar.Bar > place.Track.Bars.UpperBound()) return false;
-    const Core::Bar& own = place.Track.Bars[bar.Bar];
-    if (own.Strums().Count() == 0) return false;
-    for (int string = 0; string < std::clamp<int>(place.Track.Strings, 0, Core::StringCount); ++string) {
-        const Core::Note& note = own.Strums()[0].Notes[string];
-        if (note.Fret.empty()) continue;
-        const Spelling spelling =
-            SpellPitch(WrittenPitch(place.Track, string, note), KeyUsesFlats(own.Key), place.Clef);
-        if (spelling.Alteration != KeyAlteration(own.Key, spelling.Step, place.Clef)) return true;
+/// From what stands before the first column of the staves to the middle of its heads.
+double BeforeFirstNote(const BarContext& bar, const std::vector<StaffPlace>& staves) {
+    double most = 0;
+    for (const StaffPlace& place : staves) {
+        if (bar.Bar > place.Track.Bars.UpperBound()) continue;
+        StaffBar staff(bar, place);
+        PlaceAccidentals(staff);
+        if (staff.All() > 0 && !staff.Silent) most = std::max(most, staff.Column(0).X - staff.Column(0).Left);
     }
-    return false;
+    return most;
 }
 
 }  // namespace
 
 double SignatureOverhang(const BarContext& bar) {
-    // Signs at their full size leave the first column under the bar's number clear; so do those before a repeat's dots.
-    constexpr double usual = 5, farthest = 14, beforeDots = 10, besideTab = 9, withAccidental = 6;
-    double most = bar.Info().RepeatOpen ? beforeDots : farthest;
+    // Beside a tab, whose first figure does not move, signs at their full size are few; so they are before the dots of
+    // a repeat. A staff alone has the first column make room for all of them.
+    constexpr double usual = 5, least = 6, onStaff = 30, beforeDots = 10, besideTab = 9;
+    constexpr double behindFigures = 8;  // from them to the first column where they usually stand
     const Core::BarPlace& placed = bar.ItsBar().Place;
-    if (!placed.ShowTimeSig) return 0;
-    double missing = 0;
     const std::vector<StaffPlace> staves = StaffPlacesOf(bar);
-    // A tab holds the first column near its figure.
-    for (const StaffPlace& place : staves) {
-        if (bar.ItsTrack().ShowTab) most = std::min(most, FirstColumnAltered(bar, place) ? withAccidental : besideTab);
-    }
-    for (const StaffPlace& place : staves) {
-        const int signs = std::abs(SignatureOf(place, bar.Bar).Count);
-        if (signs == 0) continue;
-        const double room = RoomForKey(bar, place);
-        const bool full = WidthOf(FullSigns, signs, FullSigns.Least) <= room + usual;
-        const SignWidths& widths = full ? FullSigns : SmallSigns;
-        missing = std::max(missing, std::min(WidthOf(widths, signs, widths.Comfortable) - room, full ? usual : most));
-    }
-    if (missing <= 0) return 0;
-    // No further than the first column can step aside.
+    const auto keySigns = [&](const StaffPlace& place) { return std::abs(SignatureOf(place, bar.Bar).Count); };
+    if (!placed.ShowTimeSig || std::ranges::all_of(staves, [&](auto& place) { return keySigns(place) == 0; })) return 0;
+    const bool tab = bar.ItsTrack().ShowTab, alone = !tab && !bar.Info().RepeatOpen;
+    // No further than the first column can step aside, with what stands before its heads.
     const auto& columns = placed.StrumX;
     const double next = columns.Count() > 1 ? columns[1] - columns[0] : bar.Width - BarStartOffset(bar.ItsBar());
-    return std::min(missing, std::max(0.0, next / 2));
+    double most = std::max(0.0, next / 2);
+    if (most > least) most = std::max(least, most + behindFigures - BeforeFirstNote(bar, staves));
+    most = std::min(most, tab ? besideTab : alone ? onStaff : beforeDots);
+    double missing = 0;
+    for (const StaffPlace& place : staves) {
+        const int signs = keySigns(place);
+        if (signs == 0) continue;
+        const double room = RoomForKey(bar, place);
+        const bool full = WidthOf(FullSigns, signs, FullSigns.Least) <= room + (alone ? most : usual);
+        const SignWidths& widths = full ? FullSigns : SmallSigns;
+        const double wanted = WidthOf(widths, signs, widths.Comfortable) + (signs > 1 ? Breath : 0);
+        missing = std::max(missing, std::min(wanted - room, most));
+    }
+    return missing;
 }
 
 void DrawSignatures(Picture& picture, const BarContext& bar, const StaffPlace& place) {
@@ -185,7 +188,7 @@ void DrawSignatures(Picture& picture, const BarContext& bar, const StaffPlace& p
     if (key.Count == 0) return;
     const double left = bar.X + ClefLeft(bar) + ClefWidth(place.Clef) + Gap;
     const double room = std::max(SmallSigns.Width, RoomForKey(bar, place) + SignatureOverhang(bar));
-    DrawKeySigns(picture, key.Count, key.Sign, place.Clef, place.Top, left, left + room);
+    DrawKeySigns(picture, key.Count, key.Sign, place.Clef, place.Top, left, left + room, Breath);
 }
 
 double RowHeadWidth(const BarContext& bar) {

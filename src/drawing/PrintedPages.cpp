@@ -25,7 +25,10 @@ void PrintedTrack::Draw(Picture& picture, int page, const RunningTexts* texts) {
     picture.Box(0, 0, Page.PageWidth, Page.PageHeight, White);
     DrawPageFurniture(picture, Page, file, track, 0, 0, page, Pages(), texts);
     if (count.TooSmall) return TellPageTooSmall();
-    if (!look) look = LookOfRows(picture, file, track);
+    if (!look) {
+        look = LookOfRows(picture, file, track);
+        look->Printed = true;
+    }
     const auto& bars = file.Tracks[track].Bars;
     int bar = 0;
     for (int end = bars.Count(); bar < end;) {  // the pages' bars follow each other

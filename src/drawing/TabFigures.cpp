@@ -106,8 +106,20 @@ namespace {
 void DrawStrings(Picture& picture, TabBar& bar) {
     // Figures of all columns first: their white boxes must not cut what reaches from one column to the next.
     for (int strum = 0; strum < bar.Bar.Strums().Count(); ++strum) {
+        if (IsLeftOut(bar, strum)) continue;
         DrawFigures(picture, bar, strum, strum < bar.StrumCount() ? bar.Ink() : OverfullInk);
     }
+    picture.SetColor(bar.Ink());
+}
+
+/// The count of what the page leaves out; what stands above the row keeps off it.
+void DrawLeftOut(Picture& picture, TabBar& bar, const Label& label) {
+    constexpr int ascent = 7;
+    if (label.Text.empty()) return;
+    picture.SetColor(LeftOutInk);
+    Print(picture, SmallFont, label.X, label.Y + ascent, label.Text, Anchor::Left);
+    const double top = label.Y + 1.0, bottom = label.Y + ascent + 1.0;
+    bar.Around.Take({label.X - 1.0, top, label.X + picture.TextWidth(label.Text) + 1, bottom});
     picture.SetColor(bar.Ink());
 }
 
@@ -130,6 +142,7 @@ void DrawBarStrums(Picture& picture, const BarContext& context) {
         picture.SetColor(bar.Ink());
         TakeStaffRoom(bar, staves);
         TakeRoom(picture, bar);
+        DrawLeftOut(picture, bar, LeftOutLabel(bar, staves));
         if (tab) DrawStringSigns(picture, bar);
         DrawChords(picture, bar);
         for (int strum = 0; tab && strum < bar.StrumCount(); ++strum) DrawBends(picture, bar, strum);

@@ -11,6 +11,10 @@
 
 namespace Quillon::Drawing {
 
+namespace {
+constexpr double FigureReach = 6;  ///< from a column to the end of its figures
+}
+
 void Room::Take(const Area& area) {
     // A bar from a damaged file may hold thousands of strums on one spot; their marks need not make room for each
     // other.
@@ -42,10 +46,10 @@ double Room::TakeLevel(double left, double right, double labelRight, double firs
 }
 
 std::vector<Point> Room::Pieces(double left, double right, double middle) const {
-    constexpr double margin = 2;
+    constexpr double margin = 2, half = 2;  // a wave swings this far
     std::vector<Point> pieces{{left, right}};
     for (const Area& area : taken) {
-        if (!area.IsBarNumber || middle < area.Top || middle > area.Bottom) continue;
+        if (!area.IsBarNumber || middle + half < area.Top || middle - half > area.Bottom) continue;
         std::vector<Point> cut;
         for (const Point& piece : pieces) {
             const double end = std::min(piece.Y, area.Left - margin);
@@ -68,8 +72,11 @@ TabBar::TabBar(const BarContext& bar)
       OnStaff(!Track.ShowTab && (Track.ShowTreble || Track.ShowBass)),
       Shown(Bar.Strums().Count()),
       OnRowTop(Top == bar.Y) {
-    if (Bar.Place.StrumX.Count() >= Shown && Beside(1)) {
-        while (Shown > 1 && Column(Shown - 1) > Right() - OverfullReach) --Shown;
+    const double inBar = Right() - OverfullReach;
+    if (Shown > 1 && Bar.Place.StrumX.Count() >= Shown && Column(Shown - 1) > inBar) {
+        const bool inside = Beside(1) || (OnStaff && HasWidth(bar));
+        const double limit = inside ? inBar : PaperRight(*this) - FigureReach;
+        while (Shown > 1 && Column(Shown - 1) > limit) --Shown;
     }
     if (!OnStaff) return;
     const std::vector<StaffPlace> staves = StaffPlacesOf(bar);
@@ -77,6 +84,10 @@ TabBar::TabBar(const BarContext& bar)
     Top = staves.front().Top;
     Bottom = staves[lowest].Top + StaffLineSpan;
     OnRowTop = true;
+}
+
+bool IsLeftOut(const TabBar& bar, int strum) {
+    return bar.Context.Look.Printed && bar.Column(strum) > PaperRight(bar) - FigureReach;
 }
 
 double TabBar::Column(int strum) const { return Bar.Place.StrumX[strum] + (Context.X - Bar.Place.BarX); }
@@ -96,13 +107,16 @@ const Core::Bar* TabBar::Beside(int step) const {
 }
 
 Partner NextOnString(const TabBar& bar, int strum, int string) {
+    constexpr double past = 2, leastBow = 10;
+    // Of a strum that stands past the bar line already.
+    const double end = std::max(bar.Right() + past, strum >= 0 ? bar.Column(strum) + leastBow : 0);
     for (int next = strum + 1; next < bar.StrumCount(); ++next) {
         const Core::Note& note = bar.Strum(next).Notes[string];
         if (!note.Fret.empty()) return {&note, bar.Column(next), true, next == strum + 1};
     }
     for (int next = bar.StrumCount(); next < bar.Bar.Strums().Count(); ++next) {
         const Core::Note& note = bar.Strum(next).Notes[string];
-        if (!note.Fret.empty()) return {&note, bar.Right() + 2, false, false};
+        if (!note.Fret.empty()) return {&note, end, false, false};
     }
     const int following = bar.Context.Bar + 1;
     if (following > bar.Track.Bars.UpperBound()) return {};
@@ -111,7 +125,7 @@ Partner NextOnString(const TabBar& bar, int strum, int string) {
     for (int next = 0; next < nextBar.Strums().Count(); ++next) {
         const Core::Note& note = nextBar.Strums()[next].Notes[string];
         if (note.Fret.empty()) continue;
-        const double x = sameRow ? nextBar.Place.StrumX[next] + (bar.Context.X - bar.Bar.Place.BarX) : bar.Right() + 2;
+        const double x = sameRow ? nextBar.Place.StrumX[next] + (bar.Context.X - bar.Bar.Place.BarX) : end;
         return {&note, x, sameRow, next == 0 && strum + 1 == bar.StrumCount()};
     }
     return {};

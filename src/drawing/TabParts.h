@@ -54,7 +54,8 @@ struct TabBar {
     bool OnRowTop;  ///< no staff stands above the tab, so that it shares its room with the bar number
     Room Around;
 
-    /// Strums that stand in the bar. Those of a bar too full for its time reach into the next bar of the row.
+    /// Strums that stand in the bar. Those of a bar too full for its time reach into the next bar of the row; behind a
+    /// row's last bar they stand in the margin, where the strings' figures are as good as any, but no staff is.
     int StrumCount() const { return Shown; }
     const Core::Strum& Strum(int strum) const { return Bar.Strums()[strum]; }
     double Column(int strum) const;
@@ -67,6 +68,9 @@ struct TabBar {
     Color Ink() const { return Context.File.NoteFontColor; }
 };
 
+/// True for a strum whose figures would stand past the edge of the paper of a printed page.
+bool IsLeftOut(const TabBar& bar, int strum);
+
 /// The next note on a string after a strum, in this bar or the next one.
 struct Partner {
     const Core::Note* Note = nullptr;
@@ -78,6 +82,8 @@ Partner NextOnString(const TabBar& bar, int strum, int string);
 
 /// Ink of what reaches into the next bar: both stay legible.
 constexpr Color OverfullInk = PackColor(0xC0, 0x8C, 0x8C);
+/// Ink of the number of strums that a page leaves out.
+constexpr Color LeftOutInk = PackColor(0xB0, 0x40, 0x40);
 /// Behind this x a column stands in the next bar, and none of a bar that keeps its time does.
 constexpr double OverfullReach = 4;
 

@@ -27,6 +27,7 @@ struct RowLook {
     double HeaderLeft = 0;   ///< of the lower lines of a page's header: where the texts at the left end,
     double HeaderRight = 0;  ///< and where those at the right begin, both from a row's left edge
     int RowHeadRoom = 0;     ///< pixels left of a row that clefs may take; 0 for no clef on a row that changes nothing
+    bool Printed = false;    ///< on paper or in a file: nothing stands over the music of another bar
 };
 
 /// Everything a bar's painter reads.

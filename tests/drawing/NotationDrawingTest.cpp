@@ -8,44 +8,16 @@
 #include "platform/Services.h"
 #include "platform/headless/MemoryStore.h"
 #include "platform/headless/PictureLog.h"
+#include "tests/drawing/StaffScore.h"
 #include "tests/support/Golden.h"
 
 using namespace Quillon;
 using namespace Quillon::Drawing;
 using Core::Open;
+using Testing::Score;
+using Testing::Written;
 
 namespace {
-
-struct Written {
-    int Length;
-    std::initializer_list<std::pair<int, const char*>> Notes;
-    bool Dotted = false;
-};
-
-/// One bar that stands alone, its columns 40 pixels apart, and what the staff makes of it.
-struct Score {
-    Core::TabFile File;
-
-    explicit Score(std::initializer_list<Written> strums, std::int32_t key = 1) {
-        Core::Track& track = File.Tracks[0];
-        Core::Bar& bar = track.Bars.Edit(0);
-        const int count = static_cast<int>(strums.size());
-        bar.Key = key;
-        bar.EditStrums().Resize(count);
-        bar.Place.StrumX.Resize(count);
-        bar.Place.BarX = 100;
-        bar.Place.BarWidth = static_cast<std::int16_t>(9 + 40 * count);
-        int at = 0;
-        for (const Written& strum : strums) {
-            bar.Place.StrumX[at] = static_cast<std::int16_t>(109 + 40 * at);
-            Core::Strum& edited = bar.EditStrums()[at++];
-            edited.Length = strum.Length;
-            edited.Dotted = strum.Dotted;
-            for (const auto& [string, fret] : strum.Notes) edited.Notes.Edit(string).Fret = fret;
-        }
-    }
-    BarContext Context() const { return {File, 0, 0, 100, 0, File.Tracks[0].Bars[0].Place.BarWidth}; }
-};
 
 /// The signs of all heads in their order: "#", "b", "n", "." for none, strums apart by a space.
 std::string Signs(const Score& score) {
@@ -374,7 +346,7 @@ TEST(Notation, ColumnsStepAside) {
         {"the dots of a repeat", plain, true, false, true, 1, 115},
         {"behind the dots, which stand behind the figures", plain, false, true, true, 1, 175},
         {"before them over a tab", plain, true, true, true, 1, 149},
-        {"behind seven sharps", plain, true, true, false, 8, 155}};
+        {"behind seven sharps, with a natural", plain, true, true, false, 8, 160}};
     for (const auto& row : rows) {
         Score score({{2, {}}, {2, {{1, "0"}}}, {2, {}}}, static_cast<std::int32_t>(row.Key));
         Core::Track& track = score.File.Tracks[0];
