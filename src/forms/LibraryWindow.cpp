@@ -23,6 +23,7 @@ namespace {
 constexpr int FolderPause = 250;  ///< ms that a folder must be quiet before it is looked at
 constexpr int LeastExtent = 120;  ///< pixels
 constexpr int MostExtent = 4000;
+constexpr int UsualWidth = 340;  ///< of one that comes to a side from above or below
 
 struct Side {
     Qt::DockWidgetArea Area;
@@ -139,13 +140,15 @@ void LibraryWindow::KeepItsPlace() {
 void LibraryWindow::DockAt(Qt::DockWidgetArea side) {
     KeepItsPlace();
     setFloating(false);
-    if (owner.dockWidgetArea(this) == side) return ShowSide();
-    const bool turned = IsUpright(side) != IsUpright(owner.dockWidgetArea(this));
+    const Qt::DockWidgetArea before = owner.dockWidgetArea(this);
+    if (before == side) return ShowSide();
+    const bool upright = IsUpright(side);
+    const int extent = upright == IsUpright(before)      ? (upright ? width() : height())
+                       : upright == IsUpright(firstSide) ? firstExtent
+                       : upright                         ? UsualWidth
+                                                         : sizeHint().height();
     owner.addDockWidget(side, this);
-    if (turned) {
-        const auto extent = IsUpright(firstSide) == IsUpright(side) ? firstExtent : sizeHint().height();
-        owner.resizeDocks({this}, {extent}, IsUpright(side) ? Qt::Horizontal : Qt::Vertical);
-    }
+    owner.resizeDocks({this}, {extent}, upright ? Qt::Horizontal : Qt::Vertical);
     ShowSide();
 }
 
@@ -200,8 +203,12 @@ void LibraryWindow::closeEvent(QCloseEvent* event) {
 }
 
 void LibraryWindow::hideEvent(QHideEvent* event) {
-    if (!event->spontaneous()) EndSounds();
     QDockWidget::hideEvent(event);
+    if (event->spontaneous()) return;
+    // On its way from one side to another it is hidden for a moment, and is not to be touched then.
+    QTimer::singleShot(0, this, [this] {
+        if (!isVisible()) EndSounds();
+    });
 }
 
 void LibraryWindow::changeEvent(QEvent* event) {

@@ -21,13 +21,15 @@ std::optional<int> Number(std::string_view section, std::string_view key) {
     return value;
 }
 
-/// Where screens shrank or text grew, a dialog moves back until its buttons are on the screen again.
-QRect InReach(QRect place, const QScreen& screen) {
+/// Where screens shrank or text grew, a window beside the main one shrinks and moves back until its buttons are on the
+/// screen again. The main window keeps its size.
+QRect InReach(QRect place, const QScreen& screen, bool isMain) {
     constexpr int FrameBeside = 8;
     constexpr int TitleBar = 40;
     const QRect room = screen.availableGeometry().adjusted(0, 0, -FrameBeside, -TitleBar);
-    if (place.width() > room.width() || place.height() > room.height()) return place;
     if (screen.availableVirtualGeometry().contains(place)) return place;
+    if (!isMain) place.setSize(place.size().boundedTo(room.size()));
+    if (place.width() > room.width() || place.height() > room.height()) return place;
     place.moveRight(std::min(place.right(), room.right()));
     place.moveBottom(std::min(place.bottom(), room.bottom()));
     place.moveLeft(std::max(place.left(), room.left()));
@@ -49,7 +51,9 @@ void RestorePlace(QWidget& window, std::string_view section, const QSize& otherw
             // Enough of the title bar must be in reach to drag the window.
             const QRect shown = screen->availableGeometry() & place;
             if (shown.width() >= 100 && shown.height() >= 50) {
-                window.move(InReach(place, *screen).topLeft());
+                const QRect reached = InReach(place, *screen, window.parentWidget() == nullptr);
+                window.resize(reached.size());
+                window.move(reached.topLeft());
                 break;
             }
         }

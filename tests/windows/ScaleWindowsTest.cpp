@@ -160,6 +160,10 @@ TEST_F(ScaleWindowsTest, TheTunerRunsWithItsControlsHeld) {
     for (const char* held : {"cmbTuning", "chk3", "cmdUp", "cmdDown"}) {
         EXPECT_FALSE(In<QWidget>(tool, held).isEnabled()) << held;
     }
+    In<QAction>(tool, "mnuDockAbove").trigger();
+    Settle();
+    EXPECT_TRUE(Library::IsTuningPlaying()) << "a window that moves goes on";
+    EXPECT_TRUE(tool.rect().contains(tool.widget()->geometry()));
     clock.Step(clock.Now() + 10'000);
     EXPECT_TRUE(In<picString>(tool, "picString4").Look().Sounding);
     In<QPushButton>(tool, "cmdStop").click();
