@@ -95,6 +95,13 @@ frmChordPrinter::frmChordPrinter(Tools::ChordSheetModel& shown, QWidget* parent)
     title->setAccessibleName(Text("str_ChordSheetHeading"));
     title->setToolTip(Text("str_ChordSheetHeading"));
     bar->addWidget(title, 1);
+    auto* const which = new QComboBox(this);
+    which->setObjectName("cmbWhich");
+    which->addItems({Text("str_ChordSheetChosen"), Text("str_ChordSheetAll")});
+    which->setCurrentIndex(model.All ? 1 : 0);
+    which->setAccessibleName(Text("str_ChordSheetWhich"));
+    which->setToolTip(which->accessibleName());
+    bar->addWidget(which);
     auto* const display = new QComboBox(this);
     display->setObjectName("cmbDisplay");
     for (int mode = 0; mode < Library::DisplayModes; ++mode) {
@@ -126,6 +133,10 @@ frmChordPrinter::frmChordPrinter(Tools::ChordSheetModel& shown, QWidget* parent)
     connect(title, &QLineEdit::textChanged, this, [this](const QString& text) {
         model.Title = text.toStdString();
         sheet->update();
+    });
+    connect(which, &QComboBox::activated, this, [this](int index) {
+        model.TakeAll(index == 1);
+        GoTo(0);
     });
     connect(display, &QComboBox::activated, this, [this](int mode) {
         model.DisplayMode = mode;

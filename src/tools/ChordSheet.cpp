@@ -26,11 +26,15 @@ const Font FooterFont{.Name = "Arial", .Size = 8};
 }  // namespace
 
 void ChordSheetModel::Load() {
-    Names = ChosenChords();
-    if (Names.size() <= 1) Names = ChordManager.lstChords;
+    TakeAll(ChosenChords().empty());
     Title = LanguageText("str_ChordManagerTitle");
     DisplayMode = ChordManager.DisplayMode;
     Lefthanded = ChordManager.Lefthanded;
+}
+
+void ChordSheetModel::TakeAll(bool all) {
+    All = all;
+    Names = all ? ChordManager.lstChords : ChosenChords();
 }
 
 BoxGrid ChordSheetModel::GridOfPage() const {

@@ -15,12 +15,15 @@ namespace Quillon::Tools {
 
 struct ChordSheetModel : Shell::DialogModel {
     std::vector<std::string> Names;  ///< of the chords on it
+    bool All = false;                ///< they are all that the manager shows
     std::string Title;
     int DisplayMode = 5;
     bool Lefthanded = false;
 
-    /// The chosen chords as the manager shows them; all that are shown where one alone is chosen.
+    /// The chosen chords as the manager shows them.
     void Load();
+    /// Takes all that the manager shows, or just the chosen ones.
+    void TakeAll(bool all);
 
     /// Pages of the size that the page setup says.
     int Pages() const;
