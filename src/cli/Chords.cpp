@@ -42,19 +42,27 @@ struct Placed {
 
 Placed PlacedOf(const std::string& text) {
     const std::size_t at = text.rfind('@');
+    const auto refuse = [&text] { throw UsageError(text + ": NAME@T,B,S expected"); };
+    if (at == std::string::npos) refuse();
     Placed placed{text.substr(0, at)};
-    if (at == std::string::npos) return placed;
     const char* from = text.data() + at + 1;
     const char* const end = text.data() + text.size();
     for (int* const number : {&placed.Track, &placed.Bar, &placed.Strum}) {
         const auto [stop, problem] = std::from_chars(from, end, *number);
         const bool last = number == &placed.Strum;
         if (problem != std::errc{} || (last ? stop != end : stop == end || *stop != ',')) {
-            throw UsageError(text + ": NAME@T,B,S expected");
+            refuse();
         }
         from = last ? stop : stop + 1;
     }
     return placed;
+}
+
+bool IsInSong(const Placed& placed) {
+    const auto isIn = [](int index, const auto& list) { return index >= 0 && index < list.Count(); };
+    const auto& tracks = Open.TabFile.Tracks;
+    return isIn(placed.Track, tracks) && isIn(placed.Bar, tracks[placed.Track].Bars) &&
+           isIn(placed.Strum, tracks[placed.Track].Bars[placed.Bar].Strums());
 }
 
 const Library::ChordRec& ChordOf(const std::string& name) {
@@ -77,6 +85,11 @@ int AddTo(const Arguments& arguments) {
     LookAtLibrary();
     for (const Placed& placed : places) {
         const Library::ChordRec& chord = ChordOf(placed.Name);
+        if (!IsInSong(placed)) {
+            const auto number = [](int value) { return std::to_string(value); };
+            throw CommandFailure(arguments.File + ": no strum at track " + number(placed.Track) + ", bar " +
+                                 number(placed.Bar) + ", strum " + number(placed.Strum) + " for " + placed.Name);
+        }
         Core::Strum& strum = Core::EditStrum(placed.Track, placed.Bar, placed.Strum);
         const Core::Track& track = Open.TabFile.Tracks[placed.Track];
         if (!arguments.Notes) {

@@ -151,9 +151,9 @@ int ListTunings(const Filters& filters) {
     Library::EnsureTunings();
     Library::Tunings.Refresh();
     std::vector<std::string> names;
-    const std::string text = Core::UpperAscii(filters.Text);
+    const std::string text = Library::Searchable(filters.Text);
     for (const std::string& name : Library::Tunings.Names()) {
-        const bool named = Core::UpperAscii(name).find(text) != std::string::npos;
+        const bool named = Library::Searchable(name).find(text) != std::string::npos;
         const auto* const tuning = filters.Strings->count() > 0 ? Library::Tunings.Find(name) : nullptr;
         const bool strung = filters.Strings->count() == 0 || (tuning && tuning->NumStrings == filters.StringCount);
         if (named && strung) names.push_back(name);

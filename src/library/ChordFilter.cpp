@@ -10,16 +10,18 @@ namespace Quillon::Library {
 namespace {
 
 bool HasInName(const std::string& name, const std::string& upperText) {
-    std::string upper = Core::UpperAscii(name);
+    std::string upper = Searchable(name);
     if (upper.find(upperText) != std::string::npos) return true;
     std::erase(upper, ' ');
     return upper.find(upperText) != std::string::npos;
 }
 
+const std::string Muted = "x";  // as it stands in the files
+
 /// A chord has no opinion on the strings that it has not.
 bool HasFrets(const ChordRec& chord, const Row<std::string, StringCount>& wanted) {
     for (int fromLowest = 0; fromLowest < chord.NumStrings; ++fromLowest) {
-        const std::string& text = wanted[fromLowest];
+        const std::string& text = wanted[fromLowest] == "X" ? Muted : wanted[fromLowest];
         if (!text.empty() && chord.Frets[chord.NumStrings - 1 - fromLowest] != text) return false;
     }
     return true;
@@ -52,7 +54,7 @@ std::vector<std::string> FilteredChords(ChordLibrary& library, const ChordFilter
         case Kind::All:
             return library.Names();
         case Kind::Name:
-            passes = [text = Core::UpperAscii(filter.Text)](const std::string& name) { return HasInName(name, text); };
+            passes = [text = Searchable(filter.Text)](const std::string& name) { return HasInName(name, text); };
             break;
         case Kind::Tab:
             passes = ofFile([&filter](const ChordRec& chord) { return HasFrets(chord, filter.Tab); });

@@ -18,6 +18,9 @@ constexpr std::int16_t MostStrings = 7;
 constexpr std::int16_t Thumb = 5;
 constexpr std::int16_t MostPitch = 127;
 
+/// Of a letter of several bytes, any but the first.
+bool IsInsideLetter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
+
 bool IsMute(std::string_view fret) { return fret == "x" || fret == "X"; }
 bool IsUnused(std::string_view fret) { return Core::TrimBlanks(fret).empty(); }
 
@@ -109,6 +112,12 @@ std::string FileNameOf(std::string_view name) {
     for (const char letter : Core::TrimBlanks(name)) {
         const bool forbidden = std::string_view("/\\:*?\"<>|").find(letter) != std::string_view::npos;
         if (!forbidden && static_cast<unsigned char>(letter) >= ' ') result += letter;
+    }
+    constexpr std::size_t MostBytes = 200;  // file systems take 255, some that encipher names less
+    if (result.size() > MostBytes) {
+        result.resize(MostBytes + 1);
+        while (IsInsideLetter(result.back())) result.pop_back();
+        result.pop_back();
     }
     while (!result.empty() && (result.front() == '.' || result.front() == ' ')) result.erase(0, 1);
     while (!result.empty() && (result.back() == '.' || result.back() == ' ')) result.pop_back();

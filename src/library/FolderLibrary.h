@@ -22,6 +22,9 @@ namespace Quillon::Library {
 /// of the same names, so that a person's own stay.
 void WriteDefaults(const std::filesystem::path& folder, const std::vector<NamedBytes>& files);
 
+/// A text as searches compare it: in capital letters, also those beyond ASCII that the system's files can hold.
+std::string Searchable(std::string_view utf8);
+
 template <class Rec>
 class FolderLibrary {
 public:

@@ -79,13 +79,13 @@ void SaveScale(const std::string& name, const ScaleRec& scale) {
 
 std::vector<std::string> FilteredScales(ScaleLibrary& library, const ScaleFilter& filter) {
     using Kind = ScaleFilter::Kind;
-    const std::string text = Core::UpperAscii(filter.Text);
+    const std::string text = Searchable(filter.Text);
     const auto passes = [&](const std::string& name) {
-        if (filter.By == Kind::Name) return Core::UpperAscii(name).find(text) != std::string::npos;
+        if (filter.By == Kind::Name) return Searchable(name).find(text) != std::string::npos;
         const ScaleRec* const scale = library.Find(name);
         if (!scale) return false;
         if (filter.By == Kind::Strings) return scale->NumStrings == filter.Strings;
-        return Core::UpperAscii(scale->Keywords).find(text) != std::string::npos;
+        return Searchable(scale->Keywords).find(text) != std::string::npos;
     };
     if (filter.By == Kind::All) return library.Names();
     std::vector<std::string> names;

@@ -56,7 +56,8 @@ std::optional<ChordRec> ReadChord(std::string_view bytes);
 using ChordLibrary = FolderLibrary<ChordRec>;
 extern ChordLibrary Chords;
 
-/// A chord's name as a file may be called: without the characters that no file name can hold, "" when nothing is left.
+/// A chord's name as a file may be called: without the characters that no file name can hold, and cut where it is too
+/// long; "" when nothing is left.
 std::string FileNameOf(std::string_view name);
 
 /// Writes a chord under its name, in the place of one that has it.

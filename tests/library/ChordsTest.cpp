@@ -100,6 +100,10 @@ TEST_F(ChordLibraryTest, IsMadeWholeAndSearched) {
     EXPECT_EQ(Filtered({.By = Kind::Name, .Text = ""}).size(), 1555U);
     const auto found = Filtered({.By = Kind::Name, .Text = "cM7"});
     EXPECT_TRUE(std::ranges::count(found, "C m7")) << "blanks in names are optional";
+    EXPECT_EQ(Searchable("Dör Šœž ÿ ß ÷ 日本"), "DÖR ŠŒŽ Ÿ ß ÷ 日本");
+    EXPECT_EQ(FileNameOf(std::string(300, 'a')).size(), 200U);
+    EXPECT_EQ(FileNameOf("a" + std::string(100, '.') + std::string(98, 'b') + "ÄÖ"),
+              "a" + std::string(100, '.') + std::string(98, 'b'));
     ChordFilter tab{.By = Kind::Tab};
     tab.Tab = {"3", "2", "0", "0", "0", "3"};
     const std::vector<std::string> shaped = {"B-Bmaj (2)",   "Bb-Bbmaj (2)", "C-Cmaj (3)", "D-Dmaj (4)",

@@ -64,10 +64,12 @@ TEST(LibraryStories, ChordsGoIntoASongAndOntoPaper) {
     EXPECT_EQ(Slurp(story / "c.txt"), "G-Gmaj (2)  3  2  0  0  0  3      G  B  D  G  B  G\r\n");
     EXPECT_EQ(story.Run({"chords", "print", (story / "c.pdf").string(), "--name", "cm7"}).Status, 0);
     EXPECT_TRUE(Slurp(story / "c.pdf").starts_with("%PDF"));
-    for (const char* const wrong : {"A m@0,0", "A m@x,0,0", "A m@0,0,0,0"}) {
+    for (const char* const wrong : {"A m", "A m@0,0", "A m@x,0,0", "A m@0,0,0,0"}) {
         EXPECT_EQ(story.Run({"chords", "add", song, wrong, "--out", out}).Status, 2) << wrong;
     }
     for (const char* const missing : {"Nowhere@0,0,0", "A m@9,0,0", "A m@0,999,0"}) {
-        EXPECT_EQ(story.Run({"chords", "add", song, missing, "--out", out}).Status, 1) << missing;
+        const Finished run = story.Run({"chords", "add", song, missing, "--out", out});
+        EXPECT_EQ(run.Status, 1) << missing;
+        EXPECT_THAT(run.Err, HasSubstr(std::string(missing).substr(0, 3))) << "which one";
     }
 }
