@@ -2,17 +2,21 @@
 
 #include <algorithm>
 #include <map>
+#include <ranges>
 #include <set>
+#include <span>
 
 #include "core/mod_Common.h"
 #include "core/mod_Language.h"
 #include "library/ChordNaming.h"
 #include "library/mod_Chords.h"
 #include "platform/MessageBox.h"
+#include "platform/RunTimeError.h"
 #include "platform/Services.h"
 #include "shell/LongWork.h"
 #include "shell/mod_Shell.h"
 #include "tools/ChordManager.h"
+#include "tools/Questions.h"
 
 namespace Quillon::Tools {
 
@@ -132,19 +136,31 @@ int ChordBatchModel::Apply(const std::function<bool(int)>& goOn) const {
         }
         files.push_back({change.To, std::move(bytes)});
     }
-    for (std::size_t done = 0; done < files.size(); ++done) {
-        constexpr std::size_t Percent = 100;
-        if (goOn && !goOn(static_cast<int>(Percent * done / files.size()))) {
-            for (std::size_t each = 0; each < done; ++each) {
-                const auto old = going.find(files[each].Name);
-                if (old == going.end())
-                    Services.Files->Delete(Chords.FileOf(files[each].Name));
-                else
-                    Services.Files->Replace(Chords.FileOf(old->first), old->second);
-            }
-            return 0;
+    std::size_t done = 0;
+    // All is as it was: what is new goes first, which makes room for what comes back.
+    const auto undo = [&] {
+        const auto isNew = [&going](const NamedBytes& file) { return !going.contains(file.Name); };
+        const std::span written = std::span(files).first(done);
+        for (const NamedBytes& file : written | std::views::filter(isNew)) {
+            Shell::Guarded([&] { Services.Files->Delete(Chords.FileOf(file.Name)); });
         }
-        Services.Files->Replace(Chords.FileOf(files[done].Name), files[done].Bytes);
+        for (const auto& [name, bytes] : going) {
+            const bool taken = std::ranges::any_of(written, [&](const NamedBytes& file) { return file.Name == name; });
+            if (taken) Shell::Guarded([&] { Services.Files->Replace(Chords.FileOf(name), bytes); });
+        }
+    };
+    try {
+        for (; done < files.size(); ++done) {
+            constexpr std::size_t Percent = 100;
+            if (goOn && !goOn(static_cast<int>(Percent * done / files.size()))) {
+                undo();
+                return 0;
+            }
+            Services.Files->Replace(Chords.FileOf(files[done].Name), files[done].Bytes);
+        }
+    } catch (const RunTimeError&) {
+        undo();
+        throw;
     }
     for (const NamedBytes& file : files) going.erase(file.Name);
     for (const auto& [name, bytes] : going) Services.Files->Delete(Chords.FileOf(name));
@@ -170,17 +186,19 @@ bool MayDelete(const std::vector<std::string>& names) {
            Answer::Yes;
 }
 
-void Run(const ChordBatchModel& model) {
+/// False when it failed, which was told then.
+bool Run(const ChordBatchModel& model) {
     using Operation = ChordBatchModel::Operation;
-    if (model.Do == Operation::Export) return ExportChords(model.Names);
-    if (model.Do == Operation::Delete && !MayDelete(model.Names)) return;
+    if (model.Do == Operation::Export) return Shell::Guarded([&model] { ExportChords(model.Names); });
+    if (model.Do == Operation::Delete && !MayDelete(model.Names)) return true;
     const auto plan = model.Plan();
     int done = 0;
-    {
+    const bool went = Shell::Guarded([&] {
         const Shell::LongWork work(LanguageText("str_BatchTitle"));
         done = model.Apply([](int percent) { return Shell::Program.View->GoOnWithWork(percent); });
-    }
+    });
     ChordFolderChanged();
+    if (!went) return false;
     if (!plan.empty() && done > 0) {
         const auto last = std::ranges::find_if(plan, [](const auto& change) { return *change.Why == 0; });
         if (last != plan.end()) ShowChord(last->To);
@@ -189,6 +207,7 @@ void Run(const ChordBatchModel& model) {
                              : model.Do == Operation::Transpose ? "str_BatchTransposed"
                                                                 : "str_BatchDeleted";
     Shell::Program.View->ShowStatus(LanguageText(text, {std::to_string(done)}));
+    return true;
 }
 
 }  // namespace
@@ -196,7 +215,7 @@ void Run(const ChordBatchModel& model) {
 void mnuBatchOperations_Click() {
     ChordBatchModel model;
     model.Load();
-    if (Shell::Program.Dialogs->Edit(model)) Run(model);
+    EditUntilSaved(model, [&model] { return Run(model); });
 }
 
 void DeleteChosenChords() {

@@ -36,9 +36,9 @@ struct ChordBatchModel : Shell::DialogModel {
     /// A row a chord, for Rename and Transpose, as of the library now.
     std::vector<Change> Plan() const;
     std::string_view Validate() const;
-    /// Does it; how many files were written or deleted. New files come before old ones go, so that what fails on the
-    /// way loses nothing. `goOn` is told how many percent are written; when it gives false all is as it was, and 0
-    /// done.
+    /// Does it; how many files were written or deleted. New files come before old ones go; when one can't be written
+    /// all is as it was, and what that raised goes on. `goOn` is told how many percent are written; when it gives false
+    /// all is as it was, too, and 0 done.
     int Apply(const std::function<bool(int)>& goOn = {}) const;
 
 private:

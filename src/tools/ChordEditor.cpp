@@ -5,19 +5,17 @@
 #include <sstream>
 
 #include "core/mod_Common.h"
-#include "core/mod_Language.h"
 #include "core/mod_TabFileManipulation.h"
 #include "drawing/mod_NotationDrawing.h"
 #include "library/ChordNaming.h"
-#include "platform/MessageBox.h"
 #include "platform/Services.h"
 #include "shell/CursorState.h"
 #include "shell/mod_Shell.h"
 #include "tools/ChordManager.h"
+#include "tools/Questions.h"
 
 namespace Quillon::Tools {
 
-using Core::LanguageText;
 using Core::Open;
 using Core::StringCount;
 using Library::ChordRec;
@@ -191,19 +189,17 @@ std::optional<EditorBox::Place> EditorBox::At(double x, double y) const {
 
 namespace {
 
-/// Edits until it is saved or given up.
-void EditAndSave(ChordEditorModel model) {
-    for (;;) {
-        if (!Shell::Program.Dialogs->Edit(model)) return;
-        const bool others = model.Name != model.Before && Services.Files->Exists(Library::Chords.FileOf(model.Name));
-        if (!others) break;
-        const std::string question = LanguageText("str_ChordReplace", {Library::Chords.FileOf(model.Name).string()});
-        const std::string title = LanguageText("str_TitleQuestion");
-        if (Services.Messages->Show(question, title, Buttons::YesNo, BoxIcon::Question) == Answer::Yes) break;
-    }
+bool Save(const ChordEditorModel& model) {
+    const std::filesystem::path file = Library::Chords.FileOf(model.Name);
+    const bool renamed = model.Name != model.Before;
+    if (renamed && Services.Files->Exists(file) && !Agrees("str_ChordReplace", {file.string()})) return false;
     Library::SaveChord(model.Name, model.Chord());
-    const bool renamed = !model.Before.empty() && model.Name != model.Before;
-    if (renamed) Services.Files->Delete(Library::Chords.FileOf(model.Before));
+    if (renamed && !model.Before.empty()) Services.Files->Delete(Library::Chords.FileOf(model.Before));
+    return true;
+}
+
+void EditAndSave(ChordEditorModel model) {
+    if (!EditUntilSaved(model, [&model] { return Save(model); })) return;
     ChordFolderChanged();
     ShowChord(model.Name);
 }

@@ -74,6 +74,15 @@ void SearchBy(Kind kind) {
     RefreshFilter();
 }
 
+/// False also for a file that can't be read.
+bool Holds(const std::filesystem::path& file, const std::string& bytes) {
+    try {
+        return Services.Files->Read(file) == bytes;
+    } catch (const RunTimeError&) {
+        return false;
+    }
+}
+
 /// Only those that are shown can be meant.
 void ForgetHidden() {
     std::set<std::string> shown;
@@ -180,7 +189,7 @@ void txtSearch_Change(const std::string& text) {
 }
 
 void txtTabSearch_Change(int box, const std::string& text) {
-    ChordManager.Filter.Tab[box] = Core::TrimBlanks(text) == "X" ? "x" : std::string(Core::TrimBlanks(text));
+    ChordManager.Filter.Tab[box] = Core::TrimBlanks(text);
     SearchBy(Kind::Tab);
 }
 
@@ -280,7 +289,7 @@ void mnuResetChords_Click() {
     Chords.Refresh();
     for (const std::string& name : Chords.Names()) {
         const auto known = defaults.find(name);
-        if (known == defaults.end() || Services.Files->Read(Chords.FileOf(name)) != known->second) ++others;
+        if (known == defaults.end() || !Holds(Chords.FileOf(name), known->second)) ++others;
     }
     const std::string question =
         others == 0 ? LanguageText("str_ChordsRestore", {WithThousands(defaults.size()), Chords.Folder().string()})

@@ -82,7 +82,7 @@ void ShowWritten(const std::string& name) {
 void EditTuning(const std::string& name) {
     TuningEditModel model;
     model.LoadEditor(name, Tuner.Tuning);
-    if (Shell::Program.Dialogs->Edit(model) && model.Apply()) ShowWritten(model.Name);
+    if (EditUntilSaved(model, [&model] { return model.Apply(); })) ShowWritten(model.Name);
 }
 
 }  // namespace

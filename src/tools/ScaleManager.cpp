@@ -277,7 +277,7 @@ void StopScale() {
 void mnuNewScale_Click() {
     ScaleEditModel model;
     model.LoadNew(nullptr);
-    if (Shell::Program.Dialogs->Edit(model) && model.Apply()) ShowWritten(model.Name);
+    if (EditUntilSaved(model, [&model] { return model.Apply(); })) ShowWritten(model.Name);
 }
 
 void mnuEditScale_Click() {
@@ -285,7 +285,7 @@ void mnuEditScale_Click() {
     if (!scale) return;
     ScaleEditModel model;
     model.LoadFrom(ScaleManager.Chosen, *scale);
-    if (Shell::Program.Dialogs->Edit(model) && model.Apply()) ShowWritten(model.Name);
+    if (EditUntilSaved(model, [&model] { return model.Apply(); })) ShowWritten(model.Name);
 }
 
 void mnuDeleteScale_Click() {

@@ -204,6 +204,24 @@ TEST_F(ChordEditingTest, ManyAreRenamedTransposedAndDeleted) {
     EXPECT_FALSE(Library::TransposedChord(Library::MakeChord(6, false, {"x", "x", "x", "x", "x", "x"}), 1));
     EXPECT_FALSE(Library::TransposedChord(Library::MakeChord(6, false, {"0", "24", "x", "x", "x", "x"}), 1));
 
+    // A name that another program took meanwhile by a folder: nothing is lost, and the window comes back.
+    ChooseAll("G-Mine");
+    const std::vector<std::string> before = ChosenChords();
+    std::vector<std::string> shapes;
+    for (const std::string& name : before) shapes.push_back(FretsOf(name.c_str()));
+    int shown = 0;
+    run->Window.On<ChordBatchModel>([&](ChordBatchModel& each) {
+        each.Find = "G-Mine";
+        each.Replace = "G-Yours";
+        std::filesystem::create_directories(Library::Chords.FileOf(each.Plan().back().To) / "full");
+        return ++shown == 1;
+    });
+    mnuBatchOperations_Click();
+    EXPECT_EQ(shown, 2);
+    EXPECT_EQ(ChosenChords(), before);
+    for (std::size_t i = 0; i < before.size(); ++i) EXPECT_EQ(FretsOf(before[i].c_str()), shapes[i]);
+    EXPECT_EQ(Library::Chords.Names().size(), 1555U + many);
+
     ChooseAll("A-Mine");
     run->Box.Answers = {Answer::No};
     DeleteChosenChords();
@@ -229,7 +247,9 @@ TEST_F(ChordEditingTest, ChordsAreToldAsTextAndPrinted) {
     ChooseChord(0, Choose::Only);
     ChordSheetModel sheet;
     sheet.Load();
-    EXPECT_EQ(sheet.Names.size(), 1555U) << "one chosen chord is no sheet";
+    EXPECT_EQ(sheet.Names, ChosenChords());
+    sheet.TakeAll(true);
+    EXPECT_EQ(sheet.Names.size(), 1555U);
     const auto logOf = [&sheet](int page) {
         PictureLog log;
         sheet.Draw(log, page);

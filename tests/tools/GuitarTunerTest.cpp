@@ -74,14 +74,16 @@ TEST_F(GuitarTunerTest, TuningsAreMadeRenamedDeletedAndRestored) {
     mnuNewTuning_Click();
     EXPECT_EQ(GuitarTuner.Chosen, "Double drop");
     EXPECT_EQ(Library::WriteTuning(*Tunings.Find("Double drop")), "6\r\n12\r\n10\r\n12\r\n12\r\n12\r\n12\r\n10\r\n");
-    Window().On<TuningEditModel>([](TuningEditModel& model) {
+    // Not to be written over: the editor comes back as it was, until it is agreed to.
+    std::vector<std::string> seen;
+    Window().On<TuningEditModel>([&seen](TuningEditModel& model) {
+        seen.push_back(model.Name + std::to_string(Tunings.Find("Nashville")->Tuning[5]));
         model.Name = "Nashville";
         return true;
     });
     Box().Answers = {Answer::No, Answer::Yes, Answer::Yes, Answer::Yes};
     mnuEditTuning_Click();
-    EXPECT_EQ(Tunings.Find("Nashville")->Tuning[5], 12) << "not written over";
-    mnuEditTuning_Click();
+    EXPECT_EQ(seen, (std::vector<std::string>{"Double drop12", "Nashville12"}));
     EXPECT_EQ(Tunings.Find("Nashville")->Tuning[5], -2);
     EXPECT_FALSE(Tunings.Find("Double drop"));
     mnuDeleteTuning_Click();
