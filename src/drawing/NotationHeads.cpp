@@ -109,6 +109,7 @@ StaffBar::StaffBar(const BarContext& bar, const StaffPlace& place)
         elapsed += Core::StrumLength(Strum(s));
         column.Hooks = std::max(0, std::clamp(Strum(s).Length, 0, 6) - 2);
     }
+    KeepOffTheBarLine();
     ChooseSizes(*this);
     IsDrum() ? PlaceDrumHeads(*this) : PlaceHeads(*this);
     bool sounds = false;
@@ -132,6 +133,18 @@ bool IsLeftOut(const StaffBar& bar, int strum) {
     if (strum < bar.Count() || !bar.Context.Look.Printed) return false;
     const TabBar row(bar.Context);
     return row.Beside(1) || bar.Column(strum).X + reach > PaperRight(row);
+}
+
+void StaffBar::KeepOffTheBarLine() {
+    constexpr double line = 6, doubleLine = 10, dots = 14, least = 5;
+    const bool ends = Context.Bar == Context.ItsTrack().Bars.UpperBound();
+    const double limit = Right() - (Context.Info().RepeatClose > 0 ? dots : ends ? doubleLine : line);
+    for (int s = 1; HasWidth(Context) && s < All(); ++s) {
+        const double x = Column(s).X, before = Column(s - 1).X;
+        if (x <= limit || x > Right() - OverfullReach) continue;
+        Column(s).X = std::round(std::max(limit, before + std::max(least, (x - before) / 2)));
+        Column(s).X = std::min(x, Column(s).X);
+    }
 }
 
 void StaffBar::LeaveOutWhatReachesOut() {

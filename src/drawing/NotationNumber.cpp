@@ -139,7 +139,7 @@ bool Rises(const Strip& strip, Label& label) {
 /// `paint` paints what stands near it.
 template <class Paint>
 void Place(Label& label, const Paint& paint) {
-    for (const int aside : {0, -7, 9, -14, 16}) {
+    for (const int aside : {0, -7, 9, -14, 16, -21, -28}) {
         Label moved = label;
         moved.X += aside;
         Strip strip(moved.X - 1.0, moved.X + Digit * static_cast<double>(label.Text.size()) + 1);

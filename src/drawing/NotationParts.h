@@ -101,6 +101,8 @@ struct StaffBar {
     int Count() const { return Shown; }
     int All() const { return static_cast<int>(Columns.size()); }
     StaffColumn& Column(int strum) { return Columns[static_cast<std::size_t>(strum)]; }
+    /// A column at the very end of the bar, as the first one too many for its time, steps aside for the line.
+    void KeepOffTheBarLine();
     void LeaveOutWhatReachesOut();
     const StaffColumn& Column(int strum) const { return Columns[static_cast<std::size_t>(strum)]; }
     const Core::Strum& Strum(int strum) const { return Bar.Strums()[strum]; }

@@ -10,6 +10,7 @@ namespace Quillon::Drawing {
 namespace {
 
 constexpr double DotsRight = 69.5;  ///< of the dots of a repeat behind the figures, from the bar's left edge
+constexpr double NearDots = 85;     ///< columns left of here may meet them
 
 void Move(StaffColumn& column, double by) {
     column.X += by;
@@ -69,10 +70,21 @@ std::vector<Area> AreasOf(const StaffBar& bar, int strum) {
 
 namespace {
 
+/// Where the stem of a column is going to stand, as far as it matters to what is printed before it.
+Area StemArea(const StaffBar& bar, int strum) {
+    constexpr double half = 1.5;
+    const StaffColumn& column = bar.Column(strum);
+    const auto group = std::ranges::find_if(bar.Groups, [&](const BeamGroup& at) { return at.Last >= strum; });
+    const bool up = group != bar.Groups.end() && group->StemUp;
+    const double x = column.X + (column.Displaced ? 3 : up ? HeadHalf : -HeadHalf) * column.Scale();
+    return {x - half, column.Highest() - (up ? OctaveLong : 0), x + half, column.Lowest() + (up ? 0 : OctaveLong)};
+}
+
 /// How far a column must step so that it prints over nothing; `by` when that is further than `most`.
 double ClearOfPrinted(const StaffBar& bar, int strum, double by, double most) {
     double clear = by;
-    const std::vector<Area> areas = AreasOf(bar, strum);
+    std::vector<Area> areas = AreasOf(bar, strum);
+    if (!bar.Column(strum).Notes.empty() && bar.Strum(strum).Length > 0) areas.push_back(StemArea(bar, strum));
     for (const Area& printed : PrintedBefore(bar)) {
         for (const Area& area : areas) {
             const bool meets = area.Left + clear < printed.Right && printed.Left < area.Right + clear &&
@@ -133,7 +145,7 @@ void MakeRoomBefore(std::vector<StaffBar>& staves) {
                 }
                 furthest = std::min(furthest, halfWay);
                 by = std::max(by, StepAside(*bar, s, furthest));
-                if (s <= 1) by = ClearOfPrinted(*bar, s, by, furthest);
+                if (column.X < bar->Context.X + NearDots) by = ClearOfPrinted(*bar, s, by, furthest);
                 if (s == 0 && BehindDots(*bar) <= halfWay) by = std::max(by, BehindDots(*bar));
             }
             for (StaffBar* bar : related) {

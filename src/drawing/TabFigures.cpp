@@ -104,10 +104,12 @@ void DrawStrum(Picture& picture, const BarContext& context, int strum) {
 namespace {
 
 void DrawStrings(Picture& picture, TabBar& bar) {
+    const double end = bar.Right() - (HasWidth(bar.Context) ? OverfullReach : -bar.Context.Width);
     // Figures of all columns first: their white boxes must not cut what reaches from one column to the next.
     for (int strum = 0; strum < bar.Bar.Strums().Count(); ++strum) {
         if (IsLeftOut(bar, strum)) continue;
-        DrawFigures(picture, bar, strum, strum < bar.StrumCount() ? bar.Ink() : OverfullInk);
+        const bool inside = strum < bar.StrumCount() && bar.Column(strum) <= end;
+        DrawFigures(picture, bar, strum, inside ? bar.Ink() : OverfullInk);
     }
     picture.SetColor(bar.Ink());
 }

@@ -218,3 +218,19 @@ TEST(Engraving, HeadsOfOnePlaceShareADot) {
         EXPECT_EQ(ink.Discs, dots) << second;
     }
 }
+
+TEST(Engraving, AHeadAtTheEndOfABarKeepsOffItsLine) {
+    const struct {
+        const char* Why;
+        bool Follows, Closes;
+        double Away;
+    } rows[] = {{"a line", true, false, 6}, {"two lines", false, false, 10}, {"the dots of a repeat", true, true, 14}};
+    for (const auto& row : rows) {
+        Score score({{2, {{0, "0"}}}, {2, {{0, "0"}}}});
+        score.File.Tracks[0].Bars.Edit(0).Place.StrumX[1] = 189 - 5;
+        if (row.Follows) AddBar(score);
+        score.File.BarInfos.Edit(0).RepeatClose = row.Closes ? 1 : 0;
+        const BarContext context = score.Context();
+        EXPECT_EQ(189 - StaffBarsOf(context).front().Column(1).X, row.Away) << row.Why;
+    }
+}
