@@ -94,14 +94,16 @@ frmChordPrinter::frmChordPrinter(Tools::ChordSheetModel& shown, QWidget* parent)
     title->setObjectName("txtTitle");
     title->setAccessibleName(Text("str_ChordSheetHeading"));
     title->setToolTip(Text("str_ChordSheetHeading"));
-    bar->addWidget(title, 1);
+    auto* const what = new QHBoxLayout;
+    what->addWidget(title, 1);
+    bar->addStretch();
     auto* const which = new QComboBox(this);
     which->setObjectName("cmbWhich");
     which->addItems({Text("str_ChordSheetChosen"), Text("str_ChordSheetAll")});
     which->setCurrentIndex(model.All ? 1 : 0);
     which->setAccessibleName(Text("str_ChordSheetWhich"));
     which->setToolTip(which->accessibleName());
-    bar->addWidget(which);
+    what->addWidget(which);
     auto* const display = new QComboBox(this);
     display->setObjectName("cmbDisplay");
     for (int mode = 0; mode < Library::DisplayModes; ++mode) {
@@ -109,7 +111,7 @@ frmChordPrinter::frmChordPrinter(Tools::ChordSheetModel& shown, QWidget* parent)
     }
     display->setCurrentIndex(model.DisplayMode);
     display->setAccessibleName(Text("str_ChordDisplay").remove('&'));
-    bar->addWidget(display);
+    what->addWidget(display);
     const auto turn = [this, bar](const char* name, const char* icon, const char* text, int by) {
         auto* const button = new QToolButton(this);
         button->setObjectName(name);
@@ -129,6 +131,7 @@ frmChordPrinter::frmChordPrinter(Tools::ChordSheetModel& shown, QWidget* parent)
     sheet = new picSheet(model, this);
     auto* const body = new QVBoxLayout(this);
     body->addLayout(bar);
+    body->addLayout(what);
     body->addWidget(sheet, 1);
     connect(title, &QLineEdit::textChanged, this, [this](const QString& text) {
         model.Title = text.toStdString();

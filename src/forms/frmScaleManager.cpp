@@ -186,20 +186,22 @@ QWidget* frmScaleManager::BuildScale() {
     });
     column->addWidget(picScale, 1);
 
-    auto* const fields = new QHBoxLayout;
+    facts = new QBoxLayout(QBoxLayout::LeftToRight);
     cmbKey = new QComboBox(side);
     cmbKey->setObjectName("cmbKey");
     for (const char* const name : KeyNames) cmbKey->addItem(name);
     cmbKey->setMaxVisibleItems(cmbKey->count());
     connect(cmbKey, &QComboBox::activated, this, [](int key) { Shell::Guarded([key] { Tools::SetScaleKey(key); }); });
-    fields->addWidget(cmbKey);
+    facts->addWidget(cmbKey, 0, Qt::AlignLeft);
     lblTones = NewLabel(side, "lblTones");
-    fields->addWidget(lblTones, 1);
+    facts->addWidget(lblTones, 1);
+    auto* const heard = new QHBoxLayout;
+    facts->addLayout(heard);
     chkReverb = new QCheckBox(side);
     chkReverb->setObjectName("chkReverb");
     chkReverb->setLayoutDirection(Qt::RightToLeft);  // its text ends in a colon: the box comes behind it
     connect(chkReverb, &QCheckBox::toggled, this, [](bool on) { Shell::Guarded([on] { Tools::SetScaleReverb(on); }); });
-    fields->addWidget(chkReverb);
+    heard->addWidget(chkReverb);
     vbSpeed = new QSpinBox(side);
     vbSpeed->setObjectName("vbSpeed");
     vbSpeed->setRange(Tools::LeastNotesAMinute, Tools::MostNotesAMinute);
@@ -207,8 +209,8 @@ QWidget* frmScaleManager::BuildScale() {
     vbSpeed->setSingleStep(step);
     connect(vbSpeed, &QSpinBox::valueChanged, this,
             [](int notes) { Shell::Guarded([notes] { Tools::SetNotesAMinute(notes); }); });
-    fields->addWidget(vbSpeed);
-    column->addLayout(fields);
+    heard->addWidget(vbSpeed);
+    column->addLayout(facts);
     return side;
 }
 
@@ -285,11 +287,13 @@ void frmScaleManager::FolderChanged() { Tools::LookAtScaleFolder(); }
 void frmScaleManager::EndSounds() { Tools::frmScaleManager_Unload(); }
 void frmScaleManager::TakeFocus() { lstScales->setFocus(); }
 
-/// Beside the paper there is no room for two columns.
+/// Beside the paper there is no room for two columns, nor for a scale's tones among the fields.
 void frmScaleManager::resizeEvent(QResizeEvent* event) {
     LibraryWindow::resizeEvent(event);
     const auto wanted = width() > height() ? Qt::Horizontal : Qt::Vertical;
-    if (halves->orientation() != wanted) halves->setOrientation(wanted);
+    if (halves->orientation() == wanted) return;
+    halves->setOrientation(wanted);
+    facts->setDirection(wanted == Qt::Vertical ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
 }
 
 /// From a search field the arrows walk the list, and Enter plays what was found.

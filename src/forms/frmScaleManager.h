@@ -61,6 +61,7 @@ private:
     QLabel* lblCaption = nullptr;
     QLabel* lblTones = nullptr;
     picNeck* picScale = nullptr;
+    QBoxLayout* facts = nullptr;  ///< of the scale, below its neck
     QComboBox* cmbKey = nullptr;
     QSpinBox* vbSpeed = nullptr;
     QCheckBox* chkReverb = nullptr;
