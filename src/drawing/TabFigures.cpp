@@ -125,6 +125,20 @@ void DrawLeftOut(Picture& picture, TabBar& bar, const Label& label) {
     picture.SetColor(bar.Ink());
 }
 
+/// A number that high notes moved may stand over this bar's end.
+void TakeNextNumber(Picture& picture, TabBar& bar) {
+    const BarContext& here = bar.Context;
+    const Core::Bar* next = bar.Beside(1);
+    if (!next) return;
+    const BarContext behind{here.File, here.Track,           here.Bar + 1, here.X + here.Width,
+                            here.Y,    next->Place.BarWidth, here.Look};
+    const Label usual = BarNumberLabel(*next, behind.Bar, behind.X, behind.Y), placed = PlacedBarNumber(behind);
+    if (placed.X == usual.X && placed.Y == usual.Y) return;
+    picture.SetFont(SmallFont);
+    const double right = placed.X + picture.TextWidth(placed.Text) + 1.2;
+    bar.Around.Take({static_cast<double>(placed.X), placed.Y + 1.0, right, placed.Y + 8.0, true});
+}
+
 void DrawStringSigns(Picture& picture, TabBar& bar) {
     DrawLinksFromLastRow(picture, bar);
     for (int strum = 0; strum < bar.StrumCount(); ++strum) {
@@ -144,6 +158,7 @@ void DrawBarStrums(Picture& picture, const BarContext& context) {
         picture.SetColor(bar.Ink());
         TakeStaffRoom(bar, staves);
         TakeRoom(picture, bar);
+        TakeNextNumber(picture, bar);
         DrawLeftOut(picture, bar, LeftOutLabel(bar, staves));
         if (tab) DrawStringSigns(picture, bar);
         DrawChords(picture, bar);
