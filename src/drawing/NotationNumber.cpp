@@ -123,6 +123,14 @@ void TakeUppermostStaff(Strip& strip, const BarContext& bar) {
     }
 }
 
+bool HasFigures(const TabBar& bar, int strum) {
+    const auto& notes = bar.Strum(strum).Notes;
+    for (int string = 0; string < StringsInUse(bar.Track); ++string) {
+        if (!notes[string].Fret.empty()) return true;
+    }
+    return false;
+}
+
 /// True when a small text stands free after it rose as many pixels as it needs, but not too far.
 bool Rises(const Strip& strip, Label& label) {
     constexpr double top = 1, bottom = 7.2;
@@ -170,30 +178,22 @@ Label PlacedBarNumber(const BarContext& bar) {
     return number;
 }
 
-Label LeftOutLabel(const TabBar& bar, const std::vector<StaffBar>& staves) {
+Label LeftOutLabel(const TabBar& bar, const StaffBar* staff) {
     constexpr int over = 12, inset = 8, gap = 4;
     const BarContext& context = bar.Context;
     int count = 0;
-    const auto addAll = [&](const auto& isLeftOut) {
-        for (int s = 0; s < bar.Bar.Strums().Count(); ++s) {
-            const auto& notes = bar.Bar.Strums()[s].Notes;
-            bool sounds = false;
-            for (int string = 0; string < StringsInUse(bar.Track); ++string) sounds |= !notes[string].Fret.empty();
-            if (sounds && isLeftOut(s)) ++count;
-        }
-    };
-    const bool onStaff = !staves.empty() && !staves.front().Place.OfOther;
-    if (context.Look.Printed && onStaff) addAll([&](int s) { return IsLeftOut(staves.front(), s); });
-    if (context.Look.Printed && !onStaff && bar.Track.ShowTab) addAll([&](int s) { return IsLeftOut(bar, s); });
+    for (int s = 0; context.Look.Printed && s < (staff ? staff->All() : bar.Bar.Strums().Count()); ++s) {
+        if (staff ? staff->HasNotes(s) && IsLeftOut(*staff, s) : HasFigures(bar, s) && IsLeftOut(bar, s)) ++count;
+    }
     if (count == 0) return {};
-    Label label{"+" + std::to_string(count), 0, context.Y - over};
+    Label label{"+" + std::to_string(count), 0, (staff ? staff->Place.Top : context.Y) - over};
     const int repeats = context.Info().RepeatClose;
     const double behind = repeats > 0 ? Digit * static_cast<double>(std::to_string(repeats).size() + 1) + gap : 0;
     const double width = Digit * static_cast<double>(label.Text.size());
     const double right = std::min(bar.Right() - inset, PaperRight(bar)) - behind;
     label.X = static_cast<int>(std::floor(right - width));
     Place(label, [&](Strip& strip) {
-        if (onStaff) DrawStaff(strip, staves.front());
+        if (staff) DrawStaff(strip, *staff);
     });
     return label;
 }

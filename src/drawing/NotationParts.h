@@ -214,9 +214,9 @@ bool HasWidth(const BarContext& bar);
 /// True for a column of a bar too full for its time that a printed page leaves out, as it would stand over the music of
 /// the next bar, or past the edge of the paper. On the screen all of them show.
 bool IsLeftOut(const StaffBar& bar, int strum);
-/// How many strums with notes a printed page leaves out on the row's first staff, or on the tab where no staff stands:
-/// "+2" over the end of the bar. No text where it leaves out none.
-Label LeftOutLabel(const TabBar& bar, const std::vector<StaffBar>& staves);
+/// How many strums with notes a printed page leaves out on a staff, or on the tab where it is null: "+2" over the end
+/// of the bar. No text where it leaves out none.
+Label LeftOutLabel(const TabBar& bar, const StaffBar* staff);
 /// Takes the room above the row that the notes reach into, and below it where no tab stands.
 void TakeStaffRoom(TabBar& bar, const std::vector<StaffBar>& staves);
 

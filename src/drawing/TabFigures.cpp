@@ -159,13 +159,17 @@ void DrawBarStrums(Picture& picture, const BarContext& context) {
         TakeStaffRoom(bar, staves);
         TakeRoom(picture, bar);
         TakeNextNumber(picture, bar);
-        DrawLeftOut(picture, bar, LeftOutLabel(bar, staves));
+        const bool staff = !staves.empty() && !staves.front().Place.OfOther;
+        DrawLeftOut(picture, bar, LeftOutLabel(bar, staff ? &staves.front() : nullptr));
         if (tab) DrawStringSigns(picture, bar);
         DrawChords(picture, bar);
         for (int strum = 0; tab && strum < bar.StrumCount(); ++strum) DrawBends(picture, bar, strum);
         DrawMarks(picture, bar);
         DrawTexts(picture, bar);
         DrawMarksBelow(picture, bar);
+    }
+    for (const StaffBar& staff : staves) {
+        if (staff.Place.OfOther) DrawLeftOut(picture, bar, LeftOutLabel(bar, &staff));
     }
     DrawNotation(picture, staves);
 }
