@@ -193,7 +193,8 @@ void TellPageTooSmall() {
 
 RowLook LookOfRows(Picture& picture, const TabFile& file, int track) {
     RowLook look = LookOfLyrics(file, track, LyricsTrackOf(file, track));
-    constexpr int edge = 4;
+    constexpr int least = 4, overhang = 6;  // into the margin
+    const int edge = std::max(least, Page.PageLeftMargin - overhang);
     look.PaperLeft = edge - Page.PageLeftMargin;
     look.PaperRight = Page.PageWidth - Page.PageLeftMargin - edge;
     look.TopMargin = Page.PageTopMargin;

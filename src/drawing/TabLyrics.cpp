@@ -2,12 +2,11 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <limits>
 #include <string>
-#include <vector>
 
 #include "core/mod_TabFileManipulation.h"
-#include "drawing/TabParts.h"
+#include "drawing/LyricWords.h"
+#include "drawing/NotationParts.h"
 #include "drawing/mod_PageLayout.h"
 
 namespace Quillon::Drawing {
@@ -17,24 +16,16 @@ namespace {
 constexpr double LineHeight = 1.15;  ///< of a line of text, in ems
 constexpr double Ascent = 0.9;       ///< from a line's top to its baseline, in ems
 constexpr double SmallestSize = 6;
-constexpr double SmallestOfRow = 7;  ///< of a row whose words stand close: smaller ones are hard to sing from
-constexpr double Gap = 3;            ///< between two words
+constexpr double SmallestOfRow = 7;    ///< of a row whose words stand close: long words are cut before they get smaller
+constexpr double SmallestOfCrowd = 4;  ///< of a row that finds no room for the short ones
+constexpr std::size_t LettersKept = 4;  ///< of a word that is cut
 
-/// A word, or a syllable of one, under a row.
-struct Word {
-    int Bar = 0;
-    double Column = 0;  ///< where it begins when nothing is in its way
-    std::string Text;
-    double Left = 0;  ///< where it begins
-    double Width = 0;
-};
-using Line = std::vector<Word>;
+using Words = std::array<LyricLine, Core::LyricLines>;
 
 /// The bars that share a row, and the paper that its words may use, in the layout's coordinates.
 struct Row {
     int First = 0, Last = 0;
-    double Left = std::numeric_limits<double>::lowest();
-    double Right = std::numeric_limits<double>::max();
+    LyricRoom Room{};
 };
 
 Row RowOf(const BarContext& bar) {
@@ -42,14 +33,13 @@ Row RowOf(const BarContext& bar) {
     Row row{FirstOfRow(tab), LastOfRow(tab)};
     if (bar.Look.PaperRight == 0) return row;
     const int left = bar.ItsTrack().Bars[row.First].Place.BarX;
-    row.Left = left + bar.Look.PaperLeft;
-    row.Right = left + bar.Look.PaperRight;
+    row.Room = {static_cast<double>(left) + bar.Look.PaperLeft, static_cast<double>(left) + bar.Look.PaperRight};
     return row;
 }
 
 /// The words of a bar by lines. Their columns stand by musical time in the frame of the bar above, unrounded, so that
 /// both tracks' notes meet their words.
-void AddWords(std::array<Line, Core::LyricLines>& lines, const BarContext& context, int lyricsTrack, int bar) {
+void AddWords(Words& lines, const BarContext& context, int lyricsTrack, int bar) {
     const Core::Bar& frame = context.ItsTrack().Bars[bar];
     const double start = BarStartOffset(frame);
     const double usable = frame.Place.BarWidth - start - 5;
@@ -65,48 +55,39 @@ void AddWords(std::array<Line, Core::LyricLines>& lines, const BarContext& conte
     }
 }
 
-void Measure(Picture& picture, Line& line) {
-    for (Word& word : line) word.Width = picture.TextWidth(word.Text);
+/// The widths of all words in the font in use.
+void Measure(Picture& picture, LyricLine& line) {
+    constexpr double worthIt = 0.8;
+    for (LyricWord& word : line) {
+        word.Width = word.Least = picture.TextWidth(word.Text);
+        std::size_t letters = 0, bytes = 0;
+        while (bytes < word.Text.size() && letters < LettersKept) {
+            do ++bytes;
+            while (bytes < word.Text.size() && (static_cast<unsigned char>(word.Text[bytes]) & 0xC0) == 0x80);
+            ++letters;
+        }
+        const double cut = picture.TextWidth(word.Text.substr(0, bytes) + "...");
+        if (cut < worthIt * word.Width) word.Least = cut;
+    }
 }
 
-/// How much smaller a line's words must be to stand clear of each other on the paper, 1 when they fit. Only the last
-/// one may step aside, from the paper's edge.
-double Fit(const Line& line, const Row& row) {
-    double fit = 1;
-    for (std::size_t i = 0; i < line.size(); ++i) {
-        const Word& word = line[i];
-        if (word.Width <= 0) continue;
-        const bool last = i + 1 == line.size();
-        fit = std::min(fit, (last ? row.Right - row.Left : line[i + 1].Column - word.Column - Gap) / word.Width);
-        if (last && i > 0) {
-            fit = std::min(fit, (row.Right - Gap - line[i - 1].Column) / (line[i - 1].Width + word.Width));
-        }
-    }
-    return fit;
+bool PlaceAll(Words& lines, const LyricRoom& room, double scale, bool cut) {
+    bool placed = true;
+    for (LyricLine& line : lines) placed = PlaceWords(line, room, scale, cut) && placed;
+    return placed;
 }
 
-/// Places a line's words: at their columns where they fit there, a little aside where that helps, and cut where nothing
-/// does.
-void PlaceWords(Picture& picture, Line& line, const Row& row) {
-    constexpr double aside = 12;
-    double limit = row.Right;
-    for (std::size_t i = line.size(); i-- > 0; limit = line[i].Left - Gap) {
-        Word& word = line[i];
-        word.Left = std::min(word.Column, limit - word.Width);
-        word.Left = std::max(word.Left, i + 1 == line.size() ? row.Left : word.Column - aside);
+/// The size at which a row's words, measured at `size`, find their places.
+double SizeOfRow(Words& lines, const LyricRoom& room, double size) {
+    constexpr double step = 0.5;
+    const double least = std::min(SmallestOfRow, size);
+    for (double tried = size; tried > least; tried -= step) {
+        if (PlaceAll(lines, room, tried / size, false)) return tried;
     }
-    double free = row.Left;
-    for (std::size_t i = 0; i < line.size(); ++i) {
-        Word& word = line[i];
-        word.Left = std::max(word.Left, free);
-        const double end = i + 1 < line.size() ? std::min(row.Right, line[i + 1].Column + aside - Gap) : row.Right;
-        if (word.Left + word.Width > end) {
-            word.Text = CutToFit(picture, word.Text, end - word.Left);
-            word.Width = picture.TextWidth(word.Text);
-            if (word.Width > end - word.Left) word = {word.Bar, word.Column, "", word.Left, 0};
-        }
-        if (!word.Text.empty()) free = word.Left + word.Width + Gap;
+    for (double tried = least; tried > SmallestOfCrowd; tried -= step) {
+        if (PlaceAll(lines, room, tried / size, true)) return tried;
     }
+    return SmallestOfCrowd;
 }
 
 Font LyricsFont(const Core::TabFile& file, double size) {
@@ -136,59 +117,83 @@ bool HasCharts(const Core::TabFile& file, int track) {
     return false;
 }
 
-double LinesHeight(double points, int lines) { return lines * std::ceil(points * 4 / 3 * LineHeight); }
+int LinesHeight(double points, int lines) { return lines * static_cast<int>(std::ceil(points * 4 / 3 * LineHeight)); }
+
+/// How much lower than usual the lyrics stand under a staff whose notes reach far down.
+double DropBelowStaff(const BarContext& bar, const Row& row) {
+    constexpr double most = 32, gap = 3, headHalf = 3.5, beamHalf = 1.5;
+    if (!ShowsStaffOfOther(bar.File, bar.ItsTrack())) return 0;
+    const double usual = bar.Y + RowHeight(bar.ItsTrack()) + StaffHeadroom;
+    double lowest = usual;
+    for (int index = row.First; index <= row.Last; ++index) {
+        const Core::BarPlace& place = bar.ItsTrack().Bars[index].Place;
+        const BarContext context{bar.File, bar.Track, index, place.BarX, bar.Y, place.BarWidth, bar.Look};
+        StaffBar staff(context, StaffPlacesOf(context).back());
+        PlaceStems(staff);
+        PlaceBeams(staff);
+        for (const StaffColumn& column : staff.Columns) {
+            if (!column.Sounds()) continue;
+            lowest = std::max(lowest, column.Lowest() + headHalf + gap);
+            if (column.HasStem) lowest = std::max(lowest, column.StemEnd + beamHalf + gap);
+        }
+    }
+    return std::min(most, lowest - usual);
+}
 
 }  // namespace
 
 RowLook LookOfLyrics(const Core::TabFile& file, int track, int lyricsTrack) {
     constexpr int numberZone = 14, chartZone = 87, mostDrop = 28;
-    constexpr double leastForRoom = 9;
+    constexpr double leastForRoom = 7;
     const int lines = LinesInUse(file, lyricsTrack);
     if (lines == 0) return {};
     const double full = std::clamp(file.FontSize - 1.0, SmallestSize, LargestFontSize);
     RowLook look{.LyricsSize = full};
     const bool charts = HasCharts(file, track);
     const int gap = file.RowSpacing - StaffHeadroom - (charts ? chartZone : numberZone);
-    const double missing = LinesHeight(look.LyricsSize, lines) - gap;
+    look.LyricsHeight = LinesHeight(full, lines);
+    const int missing = look.LyricsHeight - gap;
     if (missing <= 0) return look;
-    look.ChartDrop = charts ? std::min(mostDrop, static_cast<int>(std::ceil(missing))) : 0;
-    while (look.LyricsSize > leastForRoom && LinesHeight(look.LyricsSize, lines) > gap + look.ChartDrop) {
+    look.ChartDrop = charts ? std::min(mostDrop, missing) : 0;
+    while (look.LyricsSize > leastForRoom && look.LyricsHeight > gap + look.ChartDrop) {
         look.LyricsSize -= 1;
+        look.LyricsHeight = LinesHeight(look.LyricsSize, lines);
     }
     return look;
 }
 
 void DrawLyrics(Picture& picture, const BarContext& bar, int lyricsTrack) {
     const Core::TabFile& file = bar.File;
-    std::array<Line, Core::LyricLines> lines;
+    Words lines;
     AddWords(lines, bar, lyricsTrack, bar.Bar);
-    if (std::ranges::all_of(lines, [](const Line& line) { return line.empty(); })) return;
+    if (std::ranges::all_of(lines, [](const LyricLine& line) { return line.empty(); })) return;
     const Row row = RowOf(bar);
     lines = {};
     for (int index = row.First; index <= row.Last; ++index) AddWords(lines, bar, lyricsTrack, index);
     Font font = LyricsFont(file, std::max(SmallestSize, bar.Look.LyricsSize));
-    const double height = std::ceil(font.Pixels() * LineHeight), ascent = Ascent * font.Pixels();
     picture.SetFont(font);
-    double fit = 1;
-    for (Line& line : lines) {
+    for (LyricLine& line : lines) {
         // A bar too full for its time reaches into the next one.
-        std::ranges::stable_sort(line, {}, &Word::Column);
+        std::ranges::stable_sort(line, {}, &LyricWord::Column);
         Measure(picture, line);
-        fit = std::min(fit, Fit(line, row));
     }
-    if (fit < 1) {
-        font.Size = std::clamp(std::floor(2 * font.Size * fit) / 2, std::min(SmallestOfRow, font.Size), font.Size);
+    const double size = SizeOfRow(lines, row.Room, font.Size);
+    if (size != font.Size) {
+        font.Size = size;
         picture.SetFont(font);
-        for (Line& line : lines) Measure(picture, line);
+        for (LyricLine& line : lines) Measure(picture, line);
     }
+    PlaceAll(lines, row.Room, 1, true);
     picture.SetColor(file.FontColor);
-    const double top = bar.Y + RowHeight(bar.ItsTrack()) + StaffHeadroom;
+    const double height = std::ceil(font.Pixels() * LineHeight), ascent = Ascent * font.Pixels();
+    const double top = bar.Y + RowHeight(bar.ItsTrack()) + StaffHeadroom + DropBelowStaff(bar, row);
     const int moved = bar.X - bar.ItsBar().Place.BarX;
     for (std::size_t at = 0; at < lines.size(); ++at) {
-        PlaceWords(picture, lines[at], row);
         const double baseline = std::round(top + static_cast<double>(at) * height + ascent);
-        for (const Word& word : lines[at]) {
-            if (word.Bar == bar.Bar && !word.Text.empty()) picture.Print(word.Left + moved, baseline, word.Text);
+        for (const LyricWord& word : lines[at]) {
+            if (word.Bar != bar.Bar || word.Left + word.Shown > row.Room.Right + 1) continue;
+            const bool whole = word.Shown >= word.Width;
+            picture.Print(word.Left + moved, baseline, whole ? word.Text : CutToFit(picture, word.Text, word.Shown));
         }
     }
 }

@@ -25,24 +25,6 @@ void TakeNumber(Picture& picture, TabBar& bar, const Label& label) {
                      label.Y + 8.0, true});
 }
 
-/// Texts of the row's other bars that reach over a bar line.
-void TakeOverhang(Picture& picture, TabBar& bar) {
-    picture.SetFont(TextFont(bar.Context.File));
-    for (int index = FirstOfRow(bar); index < bar.Context.Bar; ++index) {
-        const Core::Bar& before = bar.Track.Bars[index];
-        for (int at = 0; at < std::min(before.Strums().Count(), before.Place.StrumX.Count()); ++at) {
-            if (before.Strums()[at].Text.empty()) continue;
-            const double width = picture.TextWidth(FitToPaper(picture, bar, before.Strums()[at].Text));
-            const double column = before.Place.StrumX[at] + (bar.Context.X - bar.Bar.Place.BarX) - TextLead;
-            const double left = LeftOnPaper(bar, column, width + 3), right = left + width;
-            // One that the paper's edge moves to the left goes round them all.
-            if (right <= bar.Context.X - 8 && PaperRight(bar) > bar.Right() + 200) continue;
-            bar.Around.Take(
-                {left, bar.Context.Y - TextMiddle - HalfText, right + 3, bar.Context.Y - TextMiddle + HalfText});
-        }
-    }
-}
-
 /// Over a page's first row stands the header.
 void TakeHeader(TabBar& bar) {
     constexpr double wide = 40000, nearest = 20;  // a smaller margin leaves the marks their usual place
@@ -59,18 +41,83 @@ void TakeHeader(TabBar& bar) {
     take(left + look.HeaderRight, left + wide, HeaderBottom);
 }
 
-/// The lowest free place at or above the band of texts; a text that meets something short steps right of it first.
-Area TextPlace(const TabBar& bar, double column, double width) {
-    constexpr double aside = 14, step = 4;
-    const double left = LeftOnPaper(bar, column, width), farthest = std::min(left + aside, PaperRight(bar) - width);
-    double middle = bar.Context.Y - TextMiddle;
-    const auto at = [&](double x) { return Area{x, middle - HalfText, x + width, middle + HalfText}; };
-    for (int level = 0; level < 40; ++level, middle -= step) {
-        for (double x = left; x <= std::max(left, farthest); x += 2) {
-            if (bar.Around.IsFree(at(x))) return at(x);
+/// The row before, when it stands above on the same page: marks may not rise into it.
+void TakeRowAbove(TabBar& bar) {
+    constexpr double wide = 40000;
+    const int first = FirstOfRow(bar);
+    if (first == 0 || bar.Bar.Place.Page < 0) return;
+    const Core::BarPlace& above = bar.Track.Bars[first - 1].Place;
+    if (above.Page != bar.Bar.Place.Page || above.BarY >= bar.Bar.Place.BarY) return;
+    const RowLook& look = bar.Context.Look;
+    const int top = above.BarY + (bar.Context.Y - bar.Bar.Place.BarY);
+    const int lyrics = look.LyricsHeight > 0 ? StaffHeadroom + look.LyricsHeight : 0;
+    const double left = RowLeft(bar);
+    bar.Around.Take(
+        {left - wide, static_cast<double>(top), left + wide, static_cast<double>(top + RowHeight(bar.Track) + lyrics)});
+}
+
+/// A text above a strum, as it is going to stand.
+struct PlacedText {
+    std::string Text;
+    Area Place;
+};
+
+/// The lowest free place at or above the band of texts; a text that meets something short steps right of it first. One
+/// that finds none is cut until it does.
+PlacedText PlaceText(Picture& picture, const TabBar& bar, const std::string& whole, double column, double frame) {
+    constexpr double aside = 14, step = 4, shortest = 40;
+    constexpr int levels = 40;
+    std::string text = FitToPaper(picture, bar, whole);
+    for (double width = picture.TextWidth(text) + frame;;) {
+        const double left = LeftOnPaper(bar, column, width);
+        const double farthest = std::max(left, std::min(left + aside, PaperRight(bar) - width));
+        double middle = bar.Context.Y - TextMiddle;
+        const auto at = [&](double x) { return Area{x, middle - HalfText, x + width, middle + HalfText}; };
+        for (int level = 0; level < levels; ++level, middle -= step) {
+            for (double x = left; x <= farthest; x += 2) {
+                if (bar.Around.IsFree(at(x))) return {text, at(x)};
+            }
+        }
+        middle = bar.Context.Y - TextMiddle;
+        if (width <= shortest) return {text, at(left)};
+        text = CutToFit(picture, whole, width / 2 - frame);
+        width = std::min(width / 2, picture.TextWidth(text) + frame);
+    }
+}
+
+/// Places a strum's text and its go-to point, and takes their room. `draw` is told each, its font in use.
+template <typename Draw>
+void PlaceTexts(Picture& picture, TabBar& bar, const Core::Strum& strum, double column, Draw draw) {
+    constexpr double gap = 3, frame = 5;
+    const auto place = [&](const std::string& text, const Font& font, double beside, bool framed) {
+        if (text.empty()) return;
+        picture.SetFont(font);
+        const PlacedText placed = PlaceText(picture, bar, text, column - TextLead, beside);
+        bar.Around.Take(placed.Place);
+        draw(placed, framed);
+    };
+    place(strum.Text, TextFont(bar.Context.File), gap, false);
+    place(strum.GotoText, SmallFont, frame, true);
+}
+
+/// Signs of the row's other bars, and texts that begin in those before: these are placed anew, in their order.
+void TakeOverhang(Picture& picture, TabBar& bar) {
+    const int first = FirstOfRow(bar), last = LastOfRow(bar);
+    const int moved = bar.Context.X - bar.Bar.Place.BarX;
+    for (int index = first; index <= last; ++index) {
+        if (index == bar.Context.Bar) continue;
+        const Core::BarPlace& place = bar.Track.Bars[index].Place;
+        const BarContext other{bar.Context.File, bar.Context.Track, index,           place.BarX + moved,
+                               bar.Context.Y,    place.BarWidth,    bar.Context.Look};
+        for (const PlacedSign& sign : SignsOf(other)) bar.Around.Take(SignArea(picture, sign));
+    }
+    for (int index = first; index < bar.Context.Bar; ++index) {
+        const Core::Bar& before = bar.Track.Bars[index];
+        for (int at = 0; at < std::min(before.Strums().Count(), before.Place.StrumX.Count()); ++at) {
+            const double column = before.Place.StrumX[at] + moved;
+            PlaceTexts(picture, bar, before.Strums()[at], column, [](const PlacedText&, bool) {});
         }
     }
-    return at(left);
 }
 
 }  // namespace
@@ -88,36 +135,24 @@ void TakeRoom(Picture& picture, TabBar& bar) {
         bar.Around.Take({right - width, bar.Context.Y - 11.0, right, bar.Context.Y - 4.0, true});
     }
     TakeHeader(bar);
+    TakeRowAbove(bar);
     for (const PlacedSign& sign : SignsOf(bar.Context)) bar.Around.Take(SignArea(picture, sign));
     TakeOverhang(picture, bar);
 }
 
 void DrawTexts(Picture& picture, TabBar& bar) {
-    const Font font = TextFont(bar.Context.File);
-    for (int at = 0; at < bar.StrumCount(); ++at) {
-        const Core::Strum& strum = bar.Strum(at);
-        const double left = bar.Column(at) - TextLead;
-        if (!strum.Text.empty()) {
-            picture.SetFont(font);
-            const std::string text = FitToPaper(picture, bar, strum.Text);
-            const Area area = TextPlace(bar, left, picture.TextWidth(text) + 3);
-            picture.Print(area.Left, area.Top + HalfText + 4, text, Anchor::Left);
-            bar.Around.Take(area);
-        }
-        if (!strum.GotoText.empty()) {
-            picture.SetFont(SmallFont);
-            const std::string text = FitToPaper(picture, bar, strum.GotoText);
-            const double width = picture.TextWidth(text) + 4;
-            const Area area = TextPlace(bar, left, width + 1);
-            picture.Print(area.Left + 2, area.Top + HalfText + 3, text, Anchor::Left);
-            picture.Polyline({{area.Left, area.Top},
-                              {area.Left + width, area.Top},
-                              {area.Left + width, area.Bottom},
-                              {area.Left, area.Bottom},
-                              {area.Left, area.Top}});
-            bar.Around.Take(area);
-        }
-    }
+    const auto draw = [&](const PlacedText& placed, bool framed) {
+        const Area& area = placed.Place;
+        if (!framed) return picture.Print(area.Left, area.Top + HalfText + 4, placed.Text, Anchor::Left);
+        const double right = area.Right - 1;
+        picture.Print(area.Left + 2, area.Top + HalfText + 3, placed.Text, Anchor::Left);
+        picture.Polyline({{area.Left, area.Top},
+                          {right, area.Top},
+                          {right, area.Bottom},
+                          {area.Left, area.Bottom},
+                          {area.Left, area.Top}});
+    };
+    for (int at = 0; at < bar.StrumCount(); ++at) PlaceTexts(picture, bar, bar.Strum(at), bar.Column(at), draw);
 }
 
 }  // namespace Quillon::Drawing

@@ -20,6 +20,7 @@ constexpr double LargestFontSize = 200;
 /// How all rows of a laid-out track look, beside what the document says.
 struct RowLook {
     double LyricsSize = 0;   ///< points; 0 without lyrics
+    int LyricsHeight = 0;    ///< of all lines of lyrics together
     int ChartDrop = 0;       ///< how much lower than usual chord charts stand, to make room for the lyrics above them
     int PaperLeft = 0;       ///< where texts may begin, from a row's left edge; with PaperRight 0 they reach anywhere
     int PaperRight = 0;      ///< where they must end
@@ -58,8 +59,9 @@ void DrawBarMarks(Picture& picture, const BarContext& bar);
 /// font, smaller in whole points where the lines do not fit between two rows. Chord charts come down first, as far as
 /// they can.
 RowLook LookOfLyrics(const Core::TabFile& file, int track, int lyricsTrack);
-/// The lyric lines of the strums of `lyricsTrack`'s bar under this bar's row, in columns worked out apart. A row whose
-/// words would meet each other, or leave the paper, gets smaller ones; those that still would are moved or cut.
+/// The lyric lines of the strums of `lyricsTrack`'s bar under this bar's row, in columns worked out apart. Words that
+/// would meet each other, or leave the paper, step a little aside; where that does not do, the row's words get smaller,
+/// and long ones are cut before they are hard to read. Under a staff they keep clear of its lowest notes.
 void DrawLyrics(Picture& picture, const BarContext& bar, int lyricsTrack);
 /// Two dots at y and y + 7.
 void DrawRepeatDots(Picture& picture, double x, double y);
