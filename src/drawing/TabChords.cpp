@@ -147,7 +147,8 @@ double TakeChordsBefore(Picture& picture, TabBar& bar) {
             const double first = bar.Context.Y - (charts ? NameMiddle - bar.Context.Look.ChartDrop : NameAlone);
             const double middle = names.TakeLevel(name.Left, name.Right, name.Right, first, NameStep);
             constexpr double half = 3.5;
-            if (name.Right > bar.Context.X) bar.Around.Take({name.Left, middle - half, name.Right, middle + half});
+            // One that ends before this bar may still meet a wide name that stands in the middle over its first column.
+            bar.Around.Take({name.Left, middle - half, name.Right, middle + half});
         }
     }
     return free;

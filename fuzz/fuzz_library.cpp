@@ -1,3 +1,0 @@
-#include "fuzz/Main.h"
-
-QUILLON_FUZZ(Quillon::Fuzz::LibraryFile);

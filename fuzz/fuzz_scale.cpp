@@ -1,0 +1,3 @@
+#include "fuzz/Main.h"
+
+QUILLON_FUZZ(Quillon::Fuzz::Scale);
