@@ -158,9 +158,7 @@ void Place(Label& label, const Paint& paint) {
     }
 }
 
-}  // namespace
-
-Label PlacedBarNumber(const BarContext& bar) {
+Label FindNumberPlace(const BarContext& bar) {
     Label number = BarNumberLabel(bar.ItsBar(), bar.Bar, bar.X, bar.Y);
     const Core::Track& track = bar.ItsTrack();
     if (!track.ShowTreble && !track.ShowBass) return number;
@@ -176,6 +174,13 @@ Label PlacedBarNumber(const BarContext& bar) {
         DrawBarMarks(strip, bar);
     });
     return number;
+}
+
+}  // namespace
+
+Label PlacedBarNumber(const BarContext& bar) {
+    if (!bar.Number) bar.Number = FindNumberPlace(bar);
+    return *bar.Number;
 }
 
 Label LeftOutLabel(const TabBar& bar, const StaffBar* staff) {

@@ -3,6 +3,7 @@
 // x and y are the bar's left edge and the top of its row; the columns are the StrumX of the bar's place.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -31,6 +32,12 @@ struct RowLook {
     bool Printed = false;    ///< on paper or in a file: nothing stands over the music of another bar
 };
 
+struct Label {
+    std::string Text;
+    int X = 0;
+    int Y = 0;  ///< top of the text
+};
+
 /// Everything a bar's painter reads.
 struct BarContext {
     const Core::TabFile& File;
@@ -40,6 +47,7 @@ struct BarContext {
     int Y;
     int Width;
     RowLook Look{};
+    mutable std::optional<Label> Number{};  ///< the bar's, once it found its place among the notes
 
     const Core::Track& ItsTrack() const { return File.Tracks[Track]; }
     const Core::Bar& ItsBar() const { return ItsTrack().Bars[Bar]; }
@@ -85,11 +93,6 @@ constexpr double BendUnitsPerTone = 8;
 /// The amount of a bend of `value` units, to the quarter of a tone: "¼" to "3".
 std::string BendLabel(double value);
 
-struct Label {
-    std::string Text;
-    int X = 0;
-    int Y = 0;  ///< top of the text
-};
 /// Bar number and where it stands.
 Label BarNumberLabel(const Core::Bar& bar, int index, int x, int y);
 
