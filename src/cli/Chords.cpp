@@ -115,6 +115,7 @@ int Export(const Arguments& arguments) {
 }
 
 int PrintSheet(const Arguments& arguments) {
+    if (!Core::LowerAscii(arguments.Out).ends_with(".pdf")) throw UsageError(arguments.Out + ": .pdf expected");
     Tools::ChordSheetModel sheet;
     sheet.Names = NamesFor(arguments);
     sheet.Title = Core::LanguageText("str_ChordManagerTitle");

@@ -37,8 +37,10 @@ void PrintError(const std::string& line) {
 
 /// What a wrong command line is told. A first word that is no command says more than that one is missing.
 std::string ReasonOf(const CLI::App& app, const CLI::ParseError& wrong) {
-    const std::vector<std::string> strange = app.remaining();
-    if (!app.get_subcommands().empty() || strange.empty()) return wrong.what();
+    const CLI::App* command = &app;
+    while (!command->get_subcommands().empty()) command = command->get_subcommands().front();
+    const std::vector<std::string> strange = app.remaining(true);
+    if (strange.empty() || command->get_subcommands(nullptr).empty()) return wrong.what();
     return strange.front() + ": no such " + (strange.front().starts_with('-') ? "option" : "command");
 }
 

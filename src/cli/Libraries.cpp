@@ -216,7 +216,8 @@ void AddLibraries(CLI::App& app, Work& work) {
             ->excludes(scaleFilters->Name)
             ->excludes(scaleFilters->Strings);
     scaleList->callback([scaleFilters, &work] { work = [scaleFilters] { return ListScales(*scaleFilters); }; });
-    CLI::App* const find = scales->add_subcommand("find", "Prints the scales that hold some notes, the best first");
+    CLI::App* const find =
+        scales->add_subcommand("find", "Prints the scales that hold at least half of some notes, the best first");
     const auto notes = std::make_shared<std::vector<std::string>>();
     find->add_option("NOTES", *notes, "Such as C E G# or C,E,G#; the first is taken for the tonic")
         ->required()

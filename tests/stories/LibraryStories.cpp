@@ -40,6 +40,14 @@ TEST(LibraryStories, LibrariesAreMadeSearchedAndNamed) {
     EXPECT_EQ(count("chords"), 1555);
     EXPECT_EQ(count("tunings"), 23);
 
+    EXPECT_THAT(story.Run({"scales", "sing"}).Err, HasSubstr("sing: no such command"));
+    // A folder of the person's own in a library stays beside it, each time.
+    for (const char* const kept : {"My Chords.old", "My Chords 2.old"}) {
+        Spill(story / "base/Data/My Chords/own/x", "mine");
+        EXPECT_EQ(story.Run({"library", "init", "--restore"}).Status, 0);
+        EXPECT_EQ(Slurp(story / "base/Data" / kept / "own/x"), "mine");
+        EXPECT_FALSE(std::filesystem::exists(story / "base/Data/My Chords/own"));
+    }
     for (const std::vector<std::string>& wrong : {std::vector<std::string>{"chords"},
                                                   {"chords", "name", "0,2,x"},
                                                   {"chords", "name", "x,3,2,0,1,q"},

@@ -172,6 +172,16 @@ bool RemoveFolder(const fs::path& folder) {
     return ::rmdir(folder.c_str()) == 0 || errno == ENOENT;
 }
 
+/// What is left of a folder keeps a name beside it that is free.
+void SetAside(const fs::path& rest, const fs::path& folder) {
+    constexpr int Tries = 1000;
+    for (int number = 1; number <= Tries; ++number) {
+        const std::string old = folder.string() + (number == 1 ? "" : " " + std::to_string(number)) + ".old";
+        const int moved = ::renameat2(AT_FDCWD, rest.c_str(), AT_FDCWD, old.c_str(), RENAME_NOREPLACE);
+        if (moved == 0 || errno != EEXIST) return;
+    }
+}
+
 }  // namespace
 
 PosixFiles::PosixFiles(std::size_t readLimit) : limit(readLimit) { std::signal(SIGXFSZ, SIG_IGN); }
@@ -288,8 +298,7 @@ std::vector<FileStamp> PosixFiles::StampsIn(const fs::path& folder) const {
 void PosixFiles::ReplaceFolder(const fs::path& path, const std::vector<NamedBytes>& files) {
     const fs::path folder = FollowLinks(path);
     const fs::path made = folder.string() + std::string(NewFileSuffix);
-    const fs::path old = folder.string() + ".old";
-    RemoveFolder(made);  // that a crash left
+    if (!RemoveFolder(made)) SetAside(made, folder);  // that a crash left
     MakeFolder(made);
     try {
         for (const NamedBytes& each : files) {
@@ -309,7 +318,7 @@ void PosixFiles::ReplaceFolder(const fs::path& path, const std::vector<NamedByte
         throw;
     }
     File(FolderOf(folder), O_RDONLY | O_DIRECTORY).Flush();
-    if (!RemoveFolder(made)) ::rename(made.c_str(), old.c_str());
+    if (!RemoveFolder(made)) SetAside(made, folder);
 }
 
 // The lock belongs to the open file, so a second one in this program would wait for the first for ever: they share.

@@ -52,7 +52,11 @@ Answer QtMessageBox::Show(const std::string& text, const std::string& title, But
     // The text comes from documents too, and is no markup.
     box.setTextFormat(Qt::PlainText);
     for (QAbstractButton* button : box.buttons()) button->setIcon(QIcon());
-    if (buttons == Buttons::YesNo) box.setEscapeButton(QMessageBox::No);
+    if (buttons == Buttons::YesNo) {
+        box.setEscapeButton(QMessageBox::No);
+        // Where something would go, Enter alone lets it stay.
+        if (icon == BoxIcon::Exclamation) box.setDefaultButton(QMessageBox::No);
+    }
     switch (box.exec()) {
         case QMessageBox::Yes:
             return Answer::Yes;
