@@ -23,6 +23,7 @@ namespace {
 constexpr int FolderPause = 250;  ///< ms that a folder must be quiet before it is looked at
 constexpr int LeastExtent = 120;  ///< pixels
 constexpr int MostExtent = 4000;
+constexpr int Squeezed = 30;     ///< beyond its least extent
 constexpr int UsualWidth = 340;  ///< of one that comes to a side from above or below
 
 struct Side {
@@ -78,7 +79,7 @@ void LibraryWindow::SetContent(QWidget* content) {
     area->setFrameShape(QFrame::NoFrame);
     area->setWidgetResizable(true);
     area->setWidget(content);
-    constexpr int LeastHeight = 80;  // three of them and all toolbars fit 800 by 600
+    constexpr int LeastHeight = 56;  // all four of them and all toolbars fit 800 by 600
     area->setMinimumSize(LeastExtent, LeastHeight);
     area->setFocusPolicy(Qt::NoFocus);
     setWidget(area);
@@ -134,7 +135,10 @@ void LibraryWindow::KeepItsPlace() {
     Services.Settings->Save(details, "Docked", isFloating() || side == Sides.end() ? Floating : side->Word);
     if (!isVisible()) return;
     if (isFloating()) return KeepPlace(*this, section);
-    Services.Settings->Save(details, "Size", std::to_string(IsUpright(area) ? width() : height()));
+    // What others squeeze to its least has no size of its own.
+    const int extent = IsUpright(area) ? width() : height();
+    const int least = IsUpright(area) ? minimumSizeHint().width() : minimumSizeHint().height();
+    if (extent > least + Squeezed) Services.Settings->Save(details, "Size", std::to_string(extent));
 }
 
 void LibraryWindow::DockAt(Qt::DockWidgetArea side) {

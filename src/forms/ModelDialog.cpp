@@ -144,6 +144,10 @@ void ModelDialog::FollowFields() {
 void ModelDialog::ShowComplaint(std::string_view textKey) {
     lblComplaint->setText(textKey.empty() ? QString() : ComplaintText(textKey));
     lblComplaint->setVisible(!textKey.empty());
+    if (textKey.empty() || !isVisible()) return;
+    layout()->activate();
+    const int least = layout()->hasHeightForWidth() ? layout()->minimumHeightForWidth(width()) : 0;
+    if (least > height()) resize(width(), least);
 }
 
 QLineEdit* ModelDialog::AddText(QFormLayout* page, const char* name, std::string_view labelKey, std::string& value) {

@@ -248,11 +248,15 @@ void frmChordManager::FolderChanged() { Tools::ChordFolderChanged(); }
 void frmChordManager::EndSounds() { Tools::StopChord(); }
 
 void frmChordManager::TakeFocus() {
-    if (ChordManager.Filter.By == Kind::All || ChordManager.Filter.By == Kind::Name) {
-        txtSearch->setFocus();
-        txtSearch->selectAll();
-    } else {
-        picView->setFocus();
+    switch (ChordManager.Filter.By) {
+        case Kind::All:
+        case Kind::Name:
+            txtSearch->setFocus();
+            return txtSearch->selectAll();
+        case Kind::Tab:
+            return txtTabSearch.front()->setFocus();
+        default:
+            return picView->setFocus();
     }
 }
 

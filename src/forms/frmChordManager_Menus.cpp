@@ -70,13 +70,18 @@ void frmChordManager::BuildMenus() {
 
 void frmChordManager::BuildSearchMenu() {
     QMenu& search = *entries->AddMenu(*mnuChords, "mnuSearch", "str_MenuSearch");
-    entries->Add(search, "mnuSearchName", "str_SearchName", Tools::mnuSearchName_Click,
-                 {.Checked = Searches<Kind::Name>});
-    entries->Add(search, "mnuSearchTab", "str_SearchTab", Tools::mnuSearchTab_Click, {.Checked = Searches<Kind::Tab>});
-    entries->Add(search, "mnuSearchStrings", "str_SearchStrings", Tools::mnuSearchStrings_Click,
-                 {.Checked = Searches<Kind::Strings>});
-    entries->Add(search, "mnuSearchChordsInCurrentFile", "str_SearchTrack", Tools::mnuSearchChordsInCurrentFile_Click,
-                 {.Checked = Searches<Kind::InTrack>});
+    const auto add = [&](const char* name, const char* text, void (*searchBy)(), bool (*checked)()) {
+        const auto act = [this, searchBy] {
+            searchBy();
+            TakeFocus();
+        };
+        entries->Add(search, name, text, act, {.Checked = checked});
+    };
+    add("mnuSearchName", "str_SearchName", Tools::mnuSearchName_Click, Searches<Kind::Name>);
+    add("mnuSearchTab", "str_SearchTab", Tools::mnuSearchTab_Click, Searches<Kind::Tab>);
+    add("mnuSearchStrings", "str_SearchStrings", Tools::mnuSearchStrings_Click, Searches<Kind::Strings>);
+    add("mnuSearchChordsInCurrentFile", "str_SearchTrack", Tools::mnuSearchChordsInCurrentFile_Click,
+        Searches<Kind::InTrack>);
     search.addSeparator();
     entries->Add(search, "mnuSearchClear", "str_SearchClear", Tools::mnuSearchClear_Click,
                  {.Enabled = [] { return ChordManager.Filter.By != Kind::All; }});

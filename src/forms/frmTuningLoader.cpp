@@ -37,6 +37,9 @@ frmTuningLoader::frmTuningLoader(Shell::TuningLoaderModel& edited, QWidget* pare
     connect(lstTunings, &QListWidget::itemDoubleClicked, this, &ModelDialog::accept);
     Finish([this] { return model.Validate(); });
     Show();
+    // Once it has its size.
+    QMetaObject::invokeMethod(
+        this, [this] { lstTunings->scrollToItem(lstTunings->currentItem()); }, Qt::QueuedConnection);
 }
 
 void frmTuningLoader::Show() {

@@ -64,6 +64,8 @@ void StopRun() {
     if (!Now) return;
     const auto ended = std::exchange(Now, nullptr);
     Playback::MidiChannelOff(Channel);
+    // The song and the tuner sound on this channel too, and never set it.
+    if (ended->Run.Reverb) Playback::MidiController(Channel, ReverbController, 0);
     if (ended->Run.Sounds) ended->Run.Sounds(-1);
 }
 

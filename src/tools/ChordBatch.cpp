@@ -182,7 +182,7 @@ bool MayDelete(const std::vector<std::string>& names) {
     const std::string question = names.size() == 1
                                      ? LanguageText("str_ChordDelete", {Chords.FileOf(names.front()).string()})
                                      : LanguageText("str_ChordsDelete", {number, Chords.Folder().string()});
-    return Services.Messages->Show(question, LanguageText("str_TitleQuestion"), Buttons::YesNo, BoxIcon::Question) ==
+    return Services.Messages->Show(question, LanguageText("str_TitleQuestion"), Buttons::YesNo, BoxIcon::Exclamation) ==
            Answer::Yes;
 }
 

@@ -12,10 +12,10 @@
 
 namespace Quillon::Tools {
 
-/// Asks with the text of a key; true for yes.
+/// Asks with the text of a key whether something may go; true for yes.
 inline bool Agrees(std::string_view key, std::initializer_list<std::string_view> arguments) {
     return Services.Messages->Show(Core::LanguageText(key, arguments), Core::LanguageText("str_TitleQuestion"),
-                                   Buttons::YesNo, BoxIcon::Question) == Answer::Yes;
+                                   Buttons::YesNo, BoxIcon::Exclamation) == Answer::Yes;
 }
 
 /// Has a model edited until `save` says that it is saved, or the person gives up, false then. When a save fails, which

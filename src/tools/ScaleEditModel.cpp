@@ -102,6 +102,7 @@ std::string_view ScaleEditModel::Validate() const {
     for (int s = 0; s < Scale.NumStrings; ++s) {
         if (Core::PitchOfNoteName(Core::TrimBlanks(OpenNotes[s])) < 0) return "str_ScaleStringUnknown";
     }
+    if (Core::FromWindows1252(Core::ToWindows1252(Keywords)) != Keywords) return "str_ScaleKeywordsLost";
     const auto any = [](const auto& string) { return string.any(); };
     return std::ranges::any_of(Scale.Pattern, any) ? "" : "str_ScaleEmpty";
 }
