@@ -109,8 +109,8 @@ StaffBar::StaffBar(const BarContext& bar, const StaffPlace& place)
         elapsed += Core::StrumLength(Strum(s));
         column.Hooks = std::max(0, std::clamp(Strum(s).Length, 0, 6) - 2);
     }
-    KeepOffTheBarLine();
     ChooseSizes(*this);
+    KeepOffTheBarLine();
     IsDrum() ? PlaceDrumHeads(*this) : PlaceHeads(*this);
     bool sounds = false;
     for (int s = 0; s < count; ++s) {
