@@ -273,7 +273,8 @@ bool frmChordManager::eventFilter(QObject* watched, QEvent* event) {
     }
     auto* const key = static_cast<QKeyEvent*>(event);
     const bool ofFind = key->key() == Qt::Key_Up || key->key() == Qt::Key_Down || key->key() == Qt::Key_PageUp ||
-                        key->key() == Qt::Key_PageDown || key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
+                        key->key() == Qt::Key_PageDown || key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter ||
+                        (key->key() == Qt::Key_F2 && !key->modifiers());
     const bool escape = key->key() == Qt::Key_Escape;
     if (!ofFind && !escape) return LibraryWindow::eventFilter(watched, event);
     if (event->type() == QEvent::ShortcutOverride) {

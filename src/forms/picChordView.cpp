@@ -193,6 +193,10 @@ bool picChordView::TakeKey(const QKeyEvent& event) {
             if (modifiers == (Qt::ControlModifier | Qt::ShiftModifier)) return run(Tools::AddChordAsDiagram), true;
             if (modifiers) return false;
             return run(Tools::PlayCurrentChord), true;
+        case Qt::Key_F2:
+            if (modifiers) return false;
+            Q_EMIT EditAsked();
+            return true;
         default:
             return false;
     }
@@ -215,7 +219,6 @@ void picChordView::keyPressEvent(QKeyEvent* event) {
         return;
     }
     if (key == Qt::Key_A && modifiers == Qt::ControlModifier) return Tools::ChooseAllChords();
-    if (key == Qt::Key_F2 && !modifiers) return Q_EMIT EditAsked();
     if (key == Qt::Key_Delete && !modifiers) return Q_EMIT DeleteAsked();
     if (!event->text().isEmpty() && event->text().front().isPrint() && !(modifiers & ~Qt::ShiftModifier)) {
         return Q_EMIT Typed(event->text());

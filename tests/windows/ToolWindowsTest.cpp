@@ -108,6 +108,10 @@ TEST_F(ToolWindowsTest, ChordsAreFoundHeardAndAddedByTheKeyboard) {
     QTest::keyClick(&search, Qt::Key_Up);
     QTest::keyClick(&search, Qt::Key_Return);
     EXPECT_TRUE(Library::IsRunPlaying());
+    WithDialog([&search] { QTest::keyClick(&search, Qt::Key_F2); },
+               [](QDialog& dialog) { EXPECT_EQ(In<QLineEdit>(dialog, "txtName").text(), "G-Gmaj"); });
+    window->activateWindow();
+    search.setFocus();
     QTest::keyClick(&search, Qt::Key_Return, Qt::ControlModifier);
     EXPECT_EQ(Fret(0), "3");
     Settle();
