@@ -3,6 +3,7 @@
 #include <array>
 #include <cmath>
 #include <string>
+#include <vector>
 
 #include "core/mod_TabFileManipulation.h"
 #include "drawing/LyricWords.h"
@@ -122,13 +123,15 @@ int LinesHeight(double points, int lines) { return lines * static_cast<int>(std:
 /// How much lower than usual the lyrics stand under a staff whose notes reach far down.
 double DropBelowStaff(const BarContext& bar, const Row& row) {
     constexpr double most = 32, gap = 3, headHalf = 3.5, beamHalf = 1.5;
-    if (!ShowsStaffOfOther(bar.File, bar.ItsTrack())) return 0;
+    if (bar.ItsTrack().ShowTab && !ShowsStaffOfOther(bar.File, bar.ItsTrack())) return 0;
     const double usual = bar.Y + RowHeight(bar.ItsTrack()) + StaffHeadroom;
     double lowest = usual;
     for (int index = row.First; index <= row.Last; ++index) {
         const Core::BarPlace& place = bar.ItsTrack().Bars[index].Place;
         const BarContext context{bar.File, bar.Track, index, place.BarX, bar.Y, place.BarWidth, bar.Look};
-        StaffBar staff(context, StaffPlacesOf(context).back());
+        const std::vector<StaffPlace> staves = StaffPlacesOf(context);
+        if (staves.empty()) return 0;
+        StaffBar staff(context, staves.back());
         PlaceStems(staff);
         PlaceBeams(staff);
         for (const StaffColumn& column : staff.Columns) {
