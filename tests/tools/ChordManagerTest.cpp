@@ -121,6 +121,13 @@ TEST_F(ChordManagerTest, IsHeardFromTheLowestStringUntilStopped) {
     EXPECT_EQ(ChordManager.Sounding, "");
     EXPECT_FALSE(Library::IsRunPlaying());
 
+    // The reverb goes with the chord: the song's first track has the same channel.
+    Core::Settings.ChordReverb = true;
+    PlayCurrentChord();
+    EXPECT_TRUE(std::ranges::count(run->Midi.Sent, SentMessage{0xB0, 91, 127}));
+    StopChord();
+    EXPECT_EQ(run->Midi.Sent.back(), (SentMessage{0xB0, 91, 0}));
+
     // Stop, a song that begins, and the window that goes end it.
     void (*const ends[])() = {Shell::mnuSoundStop_Click, Shell::mnuSoundPlayFromStart_Click, ChordManager_Unload};
     for (const auto end : ends) {

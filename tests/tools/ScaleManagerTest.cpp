@@ -107,6 +107,10 @@ TEST_F(ScaleManagerTest, ScalesAreMadeChangedDeletedAndRestored) {
     mnuNewScale_Click();
     EXPECT_EQ(complaints, (Names{"str_ScaleNameMissing", "str_ScaleEmpty"}));
     EXPECT_EQ(ScaleManager.Chosen, "MyOwn");
+    ScaleEditModel odd;
+    odd.LoadFrom("MyOwn", *ChosenScale());
+    odd.Keywords = "日本";
+    EXPECT_EQ(odd.Validate(), "str_ScaleKeywordsLost") << "the file would hold question marks";
     SetScaleKey(2);
     EXPECT_EQ(ScaleTonesText(), "D  F  B   \u2013   1  b3  6");
 
