@@ -238,7 +238,8 @@ void DrawChordCell(Picture& picture, double x, double y, const std::string& name
     if (shows.Notes) {
         Columns columns = NoteColumns(shows, *chord);
         columns.First += x;
-        DrawNotes(picture, *chord, columns, y + shows.Notes->Top, lefthanded, PrefersFlats(name), colors);
+        const double clear = shows.Fingers ? 2 : 0;  // of the fingers above
+        DrawNotes(picture, *chord, columns, y + shows.Notes->Top + clear, lefthanded, PrefersFlats(name), colors);
     }
 }
 
