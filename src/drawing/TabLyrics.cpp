@@ -120,27 +120,38 @@ bool HasCharts(const Core::TabFile& file, int track) {
 
 int LinesHeight(double points, int lines) { return lines * static_cast<int>(std::ceil(points * 4 / 3 * LineHeight)); }
 
+/// y of the lowest ink of a bar's last staff, and of the marks under it.
+double LowestOf(const BarContext& bar, const StaffPlace& place) {
+    constexpr double headHalf = 3.5, beamHalf = 1.5;
+    StaffBar staff(bar, place);
+    PlaceStems(staff);
+    PlaceBeams(staff);
+    std::vector<int> marks;
+    if (!place.OfOther) marks = MarkLinesBelow(TabBar(bar));
+    double lowest = staff.Bottom();
+    for (std::size_t at = 0; at < staff.Columns.size(); ++at) {
+        const StaffColumn& column = staff.Columns[at];
+        double low = staff.Bottom();
+        if (column.Sounds()) low = std::max(low, column.Lowest() + headHalf);
+        if (column.Sounds() && column.HasStem) low = std::max(low, column.StemEnd + beamHalf);
+        lowest = std::max(lowest, low + (at < marks.size() ? marks[at] * MarkStep : 0));
+    }
+    return lowest;
+}
+
 /// How much lower than usual the lyrics stand under a staff whose notes reach far down.
 double DropBelowStaff(const BarContext& bar, const Row& row) {
-    constexpr double most = 32, gap = 3, headHalf = 3.5, beamHalf = 1.5;
+    constexpr double most = 36, gap = 3;
     if (bar.ItsTrack().ShowTab && !ShowsStaffOfOther(bar.File, bar.ItsTrack())) return 0;
     const double usual = bar.Y + RowHeight(bar.ItsTrack()) + StaffHeadroom;
-    double lowest = usual;
+    double lowest = usual - gap;
     for (int index = row.First; index <= row.Last; ++index) {
         const Core::BarPlace& place = bar.ItsTrack().Bars[index].Place;
         const BarContext context{bar.File, bar.Track, index, place.BarX, bar.Y, place.BarWidth, bar.Look};
         const std::vector<StaffPlace> staves = StaffPlacesOf(context);
-        if (staves.empty()) return 0;
-        StaffBar staff(context, staves.back());
-        PlaceStems(staff);
-        PlaceBeams(staff);
-        for (const StaffColumn& column : staff.Columns) {
-            if (!column.Sounds()) continue;
-            lowest = std::max(lowest, column.Lowest() + headHalf + gap);
-            if (column.HasStem) lowest = std::max(lowest, column.StemEnd + beamHalf + gap);
-        }
+        if (!staves.empty()) lowest = std::max(lowest, LowestOf(context, staves.back()));
     }
-    return std::min(most, lowest - usual);
+    return std::min(most, lowest + gap - usual);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <array>
 #include <cmath>
 #include <string>
+#include <vector>
 
 #include "core/mod_TabFileManipulation.h"
 #include "drawing/TabParts.h"
@@ -291,6 +292,21 @@ bool HasRight(const TabBar& bar, const Core::Strum& strum) {
 }
 
 }  // namespace
+
+std::vector<int> MarkLinesBelow(const TabBar& bar) {
+    std::vector<int> lines(static_cast<std::size_t>(bar.StrumCount()), 0);
+    int loudness = -1;
+    for (int at = 0; at < bar.StrumCount(); ++at) {
+        const Core::Strum& strum = bar.Strum(at);
+        const int own = Loudness(strum);
+        if (own < 0) continue;
+        if (loudness < 0) loudness = LoudnessBefore(bar.Track, bar.Context.Bar);
+        const bool left = AnyNote(bar, strum, [](const Core::Note& note) { return note.LeftFinger != 0; });
+        lines[static_cast<std::size_t>(at)] = left + HasRight(bar, strum) + (own != loudness);
+        loudness = own;
+    }
+    return lines;
+}
 
 void DrawMarksBelow(Picture& picture, TabBar& bar) {
     static constexpr std::array<const char*, 8> dynamics = {"ppp", "pp", "p", "mp", "mf", "f", "ff", "fff"};

@@ -142,6 +142,8 @@ int RepeatCountRight(const TabBar& bar);
 void TakeRoom(Picture& picture, TabBar& bar);  ///< bar numbers, signs, texts of the bar before
 void DrawTexts(Picture& picture, TabBar& bar);
 void DrawMarksBelow(Picture& picture, TabBar& bar);
+/// Lines of fingers and dynamics that stand under each strum of a bar without tab.
+std::vector<int> MarkLinesBelow(const TabBar& bar);
 
 enum class Sign { DalSegno, Coda, ToCoda, Segno };
 /// A navigation sign at the left and top of its cell of 16 pixels.
