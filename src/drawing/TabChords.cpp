@@ -18,6 +18,7 @@ constexpr int NameMiddle = 78;  ///< above the row
 constexpr int NameAlone = 34;   ///< of a name without a chart
 constexpr double DotRadius = 1.9;
 constexpr double NameStep = 4;  ///< from one try to the next of a name that finds its place taken
+constexpr double NameGap = 3;   ///< behind a name
 const Font NameFont{.Name = "Arial", .Size = 7.5, .Bold = true};
 
 struct Chart {
@@ -105,7 +106,7 @@ void DrawChart(Picture& picture, const TabBar& bar, const Chart& chart, double m
 /// nothing helps.
 int LiftOf(const TabBar& bar, double left, double right, int top) {
     constexpr int step = 3, most = 36;
-    for (int lift = 0; lift <= most; lift += step) {
+    for (int lift = 0; lift <= most && (lift == 0 || top - lift - 7.0 >= bar.Around.Ceiling()); lift += step) {
         if (bar.Around.IsFree({left, top - lift - 7.0, right, top - lift + FretRows * Step + 1.0})) return lift;
     }
     return 0;
@@ -182,7 +183,8 @@ void DrawChords(Picture& picture, TabBar& bar) {
         picture.SetColor(bar.Ink());
         const NamePlace name = PlaceName(picture, bar, strum, x);
         const double nearest = charts ? top - (NameMiddle - ChartTop) : bar.Context.Y - NameAlone;
-        const double middle = bar.Around.TakeLevel(name.Left, name.Right, name.Right, nearest, NameStep);
+        const double right = name.Right + NameGap;
+        const double middle = bar.Around.TakeLevel(name.Left, right, right, nearest, NameStep);
         const double drop = 0.36 * NameFont.Pixels();
         picture.Print((name.Left + name.Right) / 2, std::round(middle + drop), name.Text, Anchor::Center);
     }

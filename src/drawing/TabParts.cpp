@@ -35,6 +35,7 @@ double Room::TakeLevel(double left, double right, double labelRight, double firs
     double middle = firstMiddle;  // where nothing is free, as good a place as any
     for (int level = 0; level < enough; ++level) {
         const double at = firstMiddle - step * level, label = std::min(right, labelRight);
+        if (at - half < ceiling) break;
         if ((label <= left || IsFree({left, at - half, label, at + half})) &&
             IsFree({left, at - half, right, at + half}, true)) {
             middle = at;

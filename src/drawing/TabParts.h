@@ -1,6 +1,7 @@
 // What the sources of the bar's painter share: the tab's geometry in a bar, and the room around it that is taken.
 #pragma once
 
+#include <limits>
 #include <string_view>
 #include <vector>
 
@@ -28,8 +29,12 @@ class Room {
 public:
     Room() { taken.reserve(32); }
     void Take(const Area& area);
+    /// What is looked for from here on stands below this y: the row above, or the paper's edge, is not its place.
+    void SetCeiling(double y) { ceiling = y; }
+    double Ceiling() const { return ceiling; }
     bool IsFree(const Area& area, bool passNumbers = false) const;
-    /// Takes the lowest free place of this width whose middle is `firstMiddle`, or that less a multiple of `step`.
+    /// Takes the lowest free place of this width whose middle is `firstMiddle`, or that less a multiple of `step`; the
+    /// first one when none is free.
     /// Right of labelRight the mark is a thin run that may pass bar numbers. The middle is returned.
     double TakeLevel(double left, double right, double labelRight, double firstMiddle, double step);
     /// The parts of left..right at this height that no bar number stands in.
@@ -37,6 +42,7 @@ public:
 
 private:
     std::vector<Area> taken;
+    double ceiling = std::numeric_limits<double>::lowest();
 };
 
 /// A bar that shows its tab, or staves alone.

@@ -1,5 +1,6 @@
 // Free text and go-to points above the bar, and the room that is taken before any mark looks for its place.
 #include <algorithm>
+#include <limits>
 #include <string>
 
 #include "drawing/NotationParts.h"
@@ -41,19 +42,17 @@ void TakeHeader(TabBar& bar) {
     take(left + look.HeaderRight, left + wide, HeaderBottom);
 }
 
-/// The row before, when it stands above on the same page: marks may not rise into it.
-void TakeRowAbove(TabBar& bar) {
-    constexpr double wide = 40000;
-    const int first = FirstOfRow(bar);
-    if (first == 0 || bar.Bar.Place.Page < 0) return;
-    const Core::BarPlace& above = bar.Track.Bars[first - 1].Place;
-    if (above.Page != bar.Bar.Place.Page || above.BarY >= bar.Bar.Place.BarY) return;
+/// y of the end of the row above on the page, and of its lyrics; far up for a page's first row.
+double CeilingOf(const TabBar& bar, bool withLyrics) {
+    constexpr double none = std::numeric_limits<double>::lowest();
+    const Core::BarPlace& place = bar.Bar.Place;
     const RowLook& look = bar.Context.Look;
-    const int top = above.BarY + (bar.Context.Y - bar.Bar.Place.BarY);
-    const int lyrics = look.LyricsHeight > 0 ? StaffHeadroom + look.LyricsHeight : 0;
-    const double left = RowLeft(bar);
-    bar.Around.Take(
-        {left - wide, static_cast<double>(top), left + wide, static_cast<double>(top + RowHeight(bar.Track) + lyrics)});
+    const int first = FirstOfRow(bar);
+    if (first == 0 || place.Page < 0) return none;
+    const Core::BarPlace& above = bar.Track.Bars[first - 1].Place;
+    if (above.Page != place.Page || above.BarY >= place.BarY) return none;
+    const int lyrics = withLyrics && look.LyricsHeight > 0 ? StaffHeadroom + look.LyricsHeight : 0;
+    return above.BarY + (bar.Context.Y - place.BarY) + RowHeight(bar.Track) + lyrics;
 }
 
 /// A text above a strum, as it is going to stand.
@@ -67,19 +66,23 @@ struct PlacedText {
 PlacedText PlaceText(Picture& picture, const TabBar& bar, const std::string& whole, double column, double frame) {
     constexpr double aside = 14, step = 4, shortest = 40;
     constexpr int levels = 40;
+    const double ceilings[] = {CeilingOf(bar, true), CeilingOf(bar, false)};  // rather between words than cut
     std::string text = FitToPaper(picture, bar, whole);
     for (double width = picture.TextWidth(text) + frame;;) {
         const double left = LeftOnPaper(bar, column, width);
         const double farthest = std::max(left, std::min(left + aside, PaperRight(bar) - width));
-        double middle = bar.Context.Y - TextMiddle;
-        const auto at = [&](double x) { return Area{x, middle - HalfText, x + width, middle + HalfText}; };
-        for (int level = 0; level < levels; ++level, middle -= step) {
-            for (double x = left; x <= farthest; x += 2) {
-                if (bar.Around.IsFree(at(x))) return {text, at(x)};
+        const auto at = [&](double x, int level) {
+            const double middle = bar.Context.Y - TextMiddle - level * step;
+            return Area{x, middle - HalfText, x + width, middle + HalfText};
+        };
+        for (const double ceiling : ceilings) {
+            for (int level = 0; level < levels && (level == 0 || at(left, level).Top >= ceiling); ++level) {
+                for (double x = left; x <= farthest; x += 2) {
+                    if (bar.Around.IsFree(at(x, level))) return {text, at(x, level)};
+                }
             }
         }
-        middle = bar.Context.Y - TextMiddle;
-        if (width <= shortest) return {text, at(left)};
+        if (width <= shortest) return {text, at(left, 0)};
         text = CutToFit(picture, whole, width / 2 - frame);
         width = std::min(width / 2, picture.TextWidth(text) + frame);
     }
@@ -135,7 +138,7 @@ void TakeRoom(Picture& picture, TabBar& bar) {
         bar.Around.Take({right - width, bar.Context.Y - 11.0, right, bar.Context.Y - 4.0, true});
     }
     TakeHeader(bar);
-    TakeRowAbove(bar);
+    bar.Around.SetCeiling(CeilingOf(bar, false));
     for (const PlacedSign& sign : SignsOf(bar.Context)) bar.Around.Take(SignArea(picture, sign));
     TakeOverhang(picture, bar);
 }

@@ -48,6 +48,27 @@ std::string FreeName(const std::string& name, const std::set<std::string>& taken
     }
 }
 
+/// In this order no chord's file is written over before its chord stands under its new name, so that even a crash on
+/// the way loses none. Names that change places in a ring have no such order.
+std::vector<ChordBatchModel::Change> InSafeOrder(const std::vector<ChordBatchModel::Change>& plan) {
+    std::map<std::string, std::size_t> from;
+    for (std::size_t i = 0; i < plan.size(); ++i) {
+        if (*plan[i].Why == 0) from[plan[i].From] = i;
+    }
+    std::vector<bool> seen(plan.size());
+    std::vector<ChordBatchModel::Change> ordered;
+    for (const auto& entry : from) {
+        std::vector<std::size_t> chain;  // each to be written after the next one
+        for (auto next = from.find(entry.first); next != from.end() && !seen[next->second];) {
+            chain.push_back(next->second);
+            seen[next->second] = true;
+            next = from.find(plan[next->second].To);
+        }
+        for (; !chain.empty(); chain.pop_back()) ordered.push_back(plan[chain.back()]);
+    }
+    return ordered;
+}
+
 }  // namespace
 
 void ChordBatchModel::Load() {
@@ -127,8 +148,7 @@ int ChordBatchModel::Apply(const std::function<bool(int)>& goOn) const {
     }
     std::map<std::string, std::string> going;  // old names and what their files held
     std::vector<NamedBytes> files;
-    for (const Change& change : Plan()) {
-        if (*change.Why != 0) continue;
+    for (const Change& change : InSafeOrder(Plan())) {
         std::string bytes = Services.Files->Read(Chords.FileOf(change.From));
         if (Do == Operation::Rename || !KeepOld) going[change.From] = bytes;
         if (Do == Operation::Transpose) {

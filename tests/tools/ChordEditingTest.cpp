@@ -1,5 +1,6 @@
 // Chords that are made, changed, moved, deleted, told as text and printed.
 #include <algorithm>
+#include <set>
 
 #include "core/mod_TabFileManipulation.h"
 #include "library/ChordNaming.h"
@@ -230,6 +231,39 @@ TEST_F(ChordEditingTest, ManyAreRenamedTransposedAndDeleted) {
     DeleteChosenChords();
     EXPECT_FALSE(Has("A-Mine (2)"));
     EXPECT_EQ(Library::Chords.Names().size(), 1555U);
+}
+
+TEST_F(ChordEditingTest, NoChordIsGoneAtAnyMomentOfARenaming) {
+    const char* shapes[] = {"C 7", "G 7", "A m"};
+    std::set<std::string> contents;
+    ChordBatchModel model;
+    for (const char* shape : shapes) {
+        model.Names.push_back(
+            std::string(model.Names.size() + 1, 'z'));  // the first one's new name is the second one's
+        const std::string bytes = Testing::Slurp(Library::Chords.FileOf(shape));
+        Testing::Spill(Library::Chords.FileOf(model.Names.back()), bytes);
+        contents.insert(bytes);
+    }
+    ASSERT_EQ(contents.size(), 3U);
+    ChordFolderChanged();
+    model.Find = "z";
+    model.Replace = "zz";
+    const auto found = [] {
+        std::set<std::string> now;
+        for (int length = 1; length <= 6; ++length) {
+            const auto file = Library::Chords.FileOf(std::string(static_cast<std::size_t>(length), 'z'));
+            if (std::filesystem::exists(file)) now.insert(Testing::Slurp(file));
+        }
+        return now;
+    };
+    const int renamed = model.Apply([&](int) {
+        EXPECT_EQ(found(), contents);
+        return true;
+    });
+    EXPECT_EQ(renamed, 3);
+    EXPECT_EQ(found(), contents);
+    EXPECT_EQ(Testing::Slurp(Library::Chords.FileOf("zz")), Testing::Slurp(Library::Chords.FileOf("C 7")));
+    EXPECT_FALSE(std::filesystem::exists(Library::Chords.FileOf("z")));
 }
 
 TEST_F(ChordEditingTest, ChordsAreToldAsTextAndPrinted) {
