@@ -39,13 +39,45 @@ std::array<int, Core::StringCount> HeldPitches(const StaffBar& bar) {
     return held;
 }
 
+constexpr int Unclear = 9;  ///< two alterations of one place sounded together
+
+/// What alters the places of a staff in the course of a bar.
+class Alterations {
+public:
+    explicit Alterations(const StaffBar& where) : bar(where) {}
+
+    int Of(int step) const {
+        const auto known = altered.find(step);
+        return known != altered.end() ? known->second : KeyAlteration(bar.Key, step, bar.Place.Clef);
+    }
+    void Set(int step, int alteration) { altered[step] = alteration; }
+
+private:
+    const StaffBar& bar;
+    std::map<int, int> altered;
+};
+
+/// Signs of the grace notes of a column, which hold for what follows on their places as any others do.
+void ChooseGraceSigns(const StaffBar& bar, int strum, std::vector<StaffNote>& notes, Alterations& altered) {
+    std::vector<Spelling> shown;
+    for (StaffNote& note : notes) {
+        const Core::Note& own = bar.Strum(strum).Notes[note.String];
+        if (!own.HasGrace || own.GraceFret.empty() || own.GraceFret == "x" || own.GraceFret == "X") continue;
+        const Spelling spelling = SpellNote(bar, note.String, own.GraceFret);
+        if (spelling.Alteration == altered.Of(spelling.Step)) continue;
+        note.GraceSign = SignOf(spelling.Alteration);
+        shown.push_back(spelling);
+    }
+    for (const Spelling& spelling : shown) altered.Set(spelling.Step, spelling.Alteration);
+}
+
 /// Gives its sign to each head that differs from the key and from what stood on its place in the bar before.
 void ChooseSigns(StaffBar& bar) {
-    constexpr int unclear = 9;  // two alterations of one place sounded together
     auto held = HeldPitches(bar);
-    std::map<int, int> altered;  // by place of the staff
+    Alterations altered(bar);
     for (int s = 0; s < bar.Count(); ++s) {
         std::vector<StaffNote>& notes = bar.Column(s).Notes;
+        ChooseGraceSigns(bar, s, notes, altered);
         const auto clashes = [&](const StaffNote& note) {
             return std::any_of(notes.begin(), notes.end(), [&](const StaffNote& other) {
                 return !other.Cross && other.Step == note.Step && other.Alteration != note.Alteration;
@@ -58,7 +90,7 @@ void ChooseSigns(StaffBar& bar) {
             if (tiedOver || note.Cross) continue;
             if (clashes(note)) {
                 // Each shows its own; so does the next on this place.
-                altered[note.Step] = unclear;
+                altered.Set(note.Step, Unclear);
                 const bool there = std::any_of(notes.data(), &note, [&](const StaffNote& other) {
                     return other.Step == note.Step && other.Alteration == note.Alteration &&
                            other.Sign != Accidental::None;
@@ -66,11 +98,8 @@ void ChooseSigns(StaffBar& bar) {
                 if (!there) note.Sign = SignOf(note.Alteration);
                 continue;
             }
-            const auto known = altered.find(note.Step);
-            const int before =
-                known != altered.end() ? known->second : KeyAlteration(bar.Key, note.Step, bar.Place.Clef);
-            if (note.Alteration == before) continue;
-            altered[note.Step] = note.Alteration;
+            if (note.Alteration == altered.Of(note.Step)) continue;
+            altered.Set(note.Step, note.Alteration);
             note.Sign = SignOf(note.Alteration);
         }
     }
@@ -125,7 +154,7 @@ void PlaceWhatComesBefore(StaffBar& bar, int strum) {
         column.GraceX = column.Left - graceHalf - 1 - right;
         column.Left = column.GraceX + left - 0.5;
     }
-    if (bar.Strum(strum).Stroke != 0 && bar.ShowsHands() && !column.Notes.empty()) {
+    if (bar.Strum(strum).Stroke != 0 && bar.ShowsHands() && column.Sounds()) {
         column.StrokeX = column.Left - strokeAway;
         column.Left = column.StrokeX - strokeHalf;
     }
@@ -138,13 +167,6 @@ Area SignArea(const StaffColumn& column, const StaffNote& note) {
     const bool flat = note.Sign == Accidental::Flat;
     return {note.SignX - SignHalf * scale, note.Y - (flat ? 11.5 : 8) * scale, note.SignX + SignHalf * scale,
             note.Y + (flat ? 5 : 8) * scale};
-}
-
-Accidental GraceSign(const StaffBar& bar, const Spelling& spelling) {
-    if (bar.IsDrum() || spelling.Alteration == KeyAlteration(bar.Key, spelling.Step, bar.Place.Clef)) {
-        return Accidental::None;
-    }
-    return SignOf(spelling.Alteration);
 }
 
 double HeadReach(const StaffBar& bar, int strum, const StaffNote& note) {
@@ -169,6 +191,8 @@ void PlaceBefore(StaffBar& bar, int strum) {
     }
     PlaceSigns(column);
     PlaceWhatComesBefore(bar, strum);
+    // The strokes stand lower or higher than what else comes before the heads.
+    if (TremoloStrokes(bar, strum) > 0) column.Left = std::min(column.Left, StemXAhead(bar, strum) - TremoloReach);
 }
 
 }  // namespace Quillon::Drawing

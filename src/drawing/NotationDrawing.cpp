@@ -8,8 +8,8 @@ namespace Quillon::Drawing {
 
 namespace {
 
-/// Of two staves the treble shows the rests, unless all notes of the bar stand on the bass.
-void GiveRestsToTheStaffInUse(const BarContext& bar, std::vector<StaffPlace>& places) {
+/// Of two staves the treble shows strokes that stand for chords, unless all notes of the bar stand on the bass.
+void GiveStrokesToTheStaffInUse(const BarContext& bar, std::vector<StaffPlace>& places) {
     if (places.size() < 2 || places[1].OfOther || bar.ItsTrack().IsDrum) return;
     bool high = false, low = false;
     for (const Core::Strum& strum : bar.ItsBar().Strums()) {
@@ -27,7 +27,7 @@ void GiveRestsToTheStaffInUse(const BarContext& bar, std::vector<StaffPlace>& pl
 
 std::vector<StaffBar> StaffBarsOf(const BarContext& bar) {
     std::vector<StaffPlace> places = StaffPlacesOf(bar);
-    GiveRestsToTheStaffInUse(bar, places);
+    GiveStrokesToTheStaffInUse(bar, places);
     std::vector<StaffBar> staves;
     staves.reserve(places.size());
     for (const StaffPlace& place : places) {
@@ -41,6 +41,12 @@ std::vector<StaffBar> StaffBarsOf(const BarContext& bar) {
         PlaceBeams(staff);
     }
     return staves;
+}
+
+std::vector<double> HeadColumns(const StaffBar& bar) {
+    std::vector<double> columns;
+    for (const StaffColumn& column : bar.Columns) columns.push_back(column.X);
+    return columns;
 }
 
 void DrawStrumNotation(Picture& picture, const StaffBar& bar, int strum) {
@@ -116,12 +122,24 @@ void TakeStaffRoom(TabBar& bar, const std::vector<StaffBar>& staves) {
                 const Core::Note& own = staff.Strum(s).Notes[note.String];
                 const bool bow = own.Tied || own.Technique == Core::HammerOnPullOff;
                 if (bow && !staff.Column(s).StemUp) take(note.X, note.Y - 12, staff.NextX(s), note.Y);
+                if (own.Technique == Core::HammerOnPullOff && staff.ShowsHands() && !staff.Column(s).StemUp) {
+                    // The letter over the bow.
+                    constexpr double letterTop = 21, half = 4;
+                    const double other = s + 1 < staff.Count() && !staff.Column(s + 1).Notes.empty()
+                                             ? staff.Column(s + 1).Highest()
+                                             : note.Y;
+                    const double middle = (note.X + staff.NextX(s)) / 2;
+                    take(middle - half, std::min(note.Y, other) - letterTop, middle + half, note.Y);
+                }
                 if (own.Technique == Core::Staccato && staff.ShowsHands()) {
                     const StaffColumn& column = staff.Column(s);
                     const double dot = StaccatoY(staff, column);
                     take(column.X - 3, dot - 2, column.X + 3, dot + 2);
                 }
-                if (own.HasBend && !bar.Track.ShowTab) take(note.X, note.Y - 20, note.X + 18, note.Y);
+                if (own.HasBend && !bar.Track.ShowTab) {
+                    const double curves = static_cast<double>(std::max<std::size_t>(2, BendTurns(own).size())) - 1;
+                    take(note.X, note.Y - 20, note.X + 11 + BendStep * curves, note.Y);
+                }
             }
         }
         for (const BeamStroke& beam : staff.Beams) {

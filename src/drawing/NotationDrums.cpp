@@ -15,7 +15,7 @@ constexpr std::array<std::int8_t, 47> Lanes = {-1, 7, 7, 5, 5, 5, 5, 6, 2, 6, 8,
 
 /// Sounds that are written with an "x": side stick, hi-hats, cymbals, tambourine, cowbell.
 constexpr std::array<int, 12> CrossSounds = {3, 8, 10, 12, 15, 17, 18, 19, 20, 21, 22, 23};
-constexpr int SecondRide = 25;
+constexpr int SecondRide = 25, OpenHiHat = 12;
 
 constexpr int LaneOfNoSound = 5;  ///< a letter that plays nothing still shows
 
@@ -85,6 +85,7 @@ void PlaceDrumHeads(StaffBar& bar) {
             placed.X = column.X + head.DX * column.Scale();
             placed.Y = bar.YOf(placed.Step);
             placed.Cross = IsCross(bar.Track, head.String, note);
+            placed.Open = bar.ShowsHands() && SoundOfNote(bar.Track, head.String, note) == OpenHiHat;
             column.Displaced = column.Displaced || head.DX != 0;
             column.Notes.push_back(placed);
         }

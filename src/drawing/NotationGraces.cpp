@@ -15,7 +15,7 @@ std::vector<GraceHead> GraceHeads(const StaffBar& bar, int strum) {
         if (!own.HasGrace || own.GraceFret.empty()) continue;
         const bool cross = own.GraceFret == "x" || own.GraceFret == "X";
         const Spelling spelling = SpellNote(bar, note.String, own.GraceFret);
-        const GraceHead head{spelling.Step, 0, cross ? Accidental::None : GraceSign(bar, spelling), 0, cross};
+        const GraceHead head{spelling.Step, 0, note.GraceSign, 0, cross};
         const bool there = std::any_of(heads.begin(), heads.end(), [&](const GraceHead& other) {
             return other.Step == head.Step && other.Sign == head.Sign && other.Cross == head.Cross;
         });

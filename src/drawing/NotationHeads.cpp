@@ -12,7 +12,7 @@ namespace Quillon::Drawing {
 namespace {
 
 constexpr int LowestPitch = 23, HighestPitch = 105;  ///< of the staff's table
-constexpr double WholeExtra = 3;
+constexpr double HeadAside = 6, WholeExtra = 3;      ///< of a head that makes room for its neighbour
 
 /// Steps of the scale from the lowest octave on.
 int ScaleStep(int pitch, bool useFlats) {
@@ -113,11 +113,21 @@ StaffBar::StaffBar(const BarContext& bar, const StaffPlace& place)
     KeepOffTheBarLine();
     IsDrum() ? PlaceDrumHeads(*this) : PlaceHeads(*this);
     bool sounds = false;
+    // Of two staves a rest stands on that of the notes before it in the bar, at the bar's start on that of the first
+    // ones, so that each staff can be counted.
+    const bool divides = Place.TakesHigh != Place.TakesLow;
+    bool takesRests = Place.TakesRests;
+    for (int s = 0; divides && s < count; ++s) {
+        if (!HasNotes(s)) continue;
+        takesRests = !Column(s).Notes.empty();
+        break;
+    }
     for (int s = 0; s < count; ++s) {
         StaffColumn& column = Column(s);
         const bool empty = !HasNotes(s);
+        if (divides && !empty) takesRests = !column.Notes.empty();
         column.Slash = empty && Strum(s).Hash != 0 && Place.TakesRests;
-        column.Rest = empty && !column.Slash && Place.TakesRests;
+        column.Rest = empty && !column.Slash && takesRests;
         sounds = sounds || column.Sounds() || column.Rest;
     }
     // A bar that rests as a whole shows it in its middle.
@@ -160,11 +170,36 @@ Spelling SpellNote(const StaffBar& bar, int string, const std::string& fret) {
     return SpellPitch(WrittenPitch(bar.Track, string, note), bar.UseFlats, bar.Place.Clef);
 }
 
+namespace {
+
+/// Heads of neighbouring places that are three semitones apart, as A flat and B, count as no neighbours: the upper one
+/// steps aside all the same where it would stand on the other.
+void PartAugmentedSeconds(StaffColumn& column, double aside) {
+    constexpr int augmentedSecond = 3;
+    for (StaffNote& upper : column.Notes) {
+        const auto touches = [&](double x) {
+            return std::ranges::any_of(column.Notes, [&](const StaffNote& other) {
+                return &other != &upper && other.X == x && std::abs(other.Step - upper.Step) <= 1;
+            });
+        };
+        const bool onLower = std::ranges::any_of(column.Notes, [&](const StaffNote& lower) {
+            return lower.X == upper.X && upper.Step - lower.Step == 1 && upper.Pitch - lower.Pitch == augmentedSecond;
+        });
+        const double away = upper.X == column.X ? column.X + aside : column.X;
+        if (onLower && !touches(away)) upper.X = away;
+    }
+    column.Displaced = std::ranges::any_of(column.Notes, [&](const StaffNote& note) { return note.X != column.X; });
+}
+
+}  // namespace
+
 void PlaceHeads(StaffBar& bar) {
     for (int s = 0; s < bar.Count(); ++s) {
         StaffColumn& column = bar.Column(s);
         const Core::Strum& strum = bar.Strum(s);
         bool allDisplaced = true;
+        // A whole note is wider than the others and steps further aside.
+        const double aside = (HeadAside + (strum.Length <= 0 ? WholeExtra : 0)) * column.Scale();
         for (const Head& head : StrumHeads(bar.Track, strum, bar.UseFlats)) {
             const Core::Note& note = strum.Notes[head.String];
             StaffNote placed{head.String, WrittenPitch(bar.Track, head.String, note)};
@@ -172,8 +207,7 @@ void PlaceHeads(StaffBar& bar) {
             const Spelling spelling = SpellPitch(placed.Pitch, bar.UseFlats, bar.Place.Clef);
             placed.Step = spelling.Step;
             placed.Alteration = spelling.Alteration;
-            // A whole note is wider than the others and steps further aside.
-            placed.X = column.X + (head.DX + (head.DX != 0 && strum.Length <= 0 ? WholeExtra : 0)) * column.Scale();
+            placed.X = column.X + (head.DX != 0 ? aside : 0);
             placed.Y = bar.YOf(spelling.Step);
             placed.Cross = note.Fret == "x" || note.Fret == "X";
             placed.Diamond = note.Harmonic != Core::NoHarmonic;
@@ -186,12 +220,13 @@ void PlaceHeads(StaffBar& bar) {
             for (StaffNote& note : column.Notes) note.X = column.X;
             column.Displaced = false;
         }
+        if (column.Notes.size() > 1) PartAugmentedSeconds(column, aside);
     }
 }
 
 void DrawNoteHead(Picture& picture, const StaffBar& bar, int strum, const StaffNote& note) {
     // The circle of a longer one is no higher than a head, so that those of neighbouring strings stay apart.
-    constexpr double crossSize = 10.5, crossDrop = 3.6, circled = 0.67, circle = 3.6;
+    constexpr double crossSize = 10.5, crossDrop = 3.6, circled = 0.67, circle = 3.6, openAway = 8, openRadius = 2.2;
     const std::int32_t length = bar.Strum(strum).Length;
     const StaffColumn& column = bar.Column(strum);
     if (note.Cross) {
@@ -202,6 +237,7 @@ void DrawNoteHead(Picture& picture, const StaffBar& bar, int strum, const StaffN
     } else {
         picture.Stamp(HeadShape(KindOf(note, length), column.Size), note.X, note.Y);
     }
+    if (note.Open) picture.Circle(note.X, note.Y - openAway, openRadius, 1);
     const Core::Note& own = bar.Strum(strum).Notes[note.String];
     if (own.Ghost) picture.Stamp(ParenthesesShape(), note.X, note.Y);
 }

@@ -23,7 +23,7 @@ struct StaffPlace {
     int Top;                 ///< y of the top line
     bool TakesHigh = true;   ///< notes from middle C, sounding 48, up
     bool TakesLow = true;    ///< notes below that
-    bool TakesRests = true;  ///< columns without notes
+    bool TakesRests = true;  ///< those of a bar without notes, and strokes that stand for chords
     bool OfOther = false;    ///< the staff of the track whose lyrics are shown
 };
 /// The staves of a row from the top down.
@@ -38,8 +38,10 @@ struct StaffNote {
     int Alteration = 0;  ///< 1 sharp, -1 flat, as spelled
     Accidental Sign = Accidental::None;
     double SignX = 0;
-    bool Cross = false;    ///< a dead note, or a cymbal
-    bool Diamond = false;  ///< a harmonic
+    Accidental GraceSign = Accidental::None;  ///< of its grace note
+    bool Cross = false;                       ///< a dead note, or a cymbal
+    bool Diamond = false;                     ///< a harmonic
+    bool Open = false;                        ///< an open hi-hat, which nothing else tells where no tab shows
     bool OnLine() const { return Step % 2 == 0; }
 };
 
@@ -157,8 +159,6 @@ struct GraceHead {
 };
 /// The heads of a strum's grace notes from the top down; those of one place stand once.
 std::vector<GraceHead> GraceHeads(const StaffBar& bar, int strum);
-/// The accidental of a grace note, None where its place has it already.
-Accidental GraceSign(const StaffBar& bar, const Spelling& spelling);
 /// What an accidental covers.
 Area SignArea(const StaffColumn& column, const StaffNote& note);
 void PlaceStems(StaffBar& bar);
@@ -198,6 +198,15 @@ void DrawStaffLinksFromLastRow(Picture& picture, const StaffBar& bar);
 /// Strokes of the hand, tremolo picking and slides into and out of notes, where no tab tells them.
 void DrawStaffSigns(Picture& picture, const StaffBar& bar, int strum);
 
+/// Width of a curve of a bend where no tab shows it.
+constexpr double BendStep = 7;
+/// How far the strokes of tremolo picking reach to either side of a stem.
+constexpr double TremoloReach = 4;
+/// Strokes of tremolo picking that a column shows, 0 to 3.
+int TremoloStrokes(const StaffBar& bar, int strum);
+/// x of the stem that a column is going to have.
+double StemXAhead(const StaffBar& bar, int strum);
+
 /// Of the dot of a staccato column, which holds notes.
 double StaccatoY(const StaffBar& bar, const StaffColumn& column);
 
@@ -217,6 +226,8 @@ bool IsLeftOut(const StaffBar& bar, int strum);
 /// How many strums with notes a printed page leaves out on a staff, or on the tab where it is null: "+2" over the end
 /// of the bar. No text where it leaves out none.
 Label LeftOutLabel(const TabBar& bar, const StaffBar* staff);
+/// x of the heads of each column, of those that a bar too full leaves out too.
+std::vector<double> HeadColumns(const StaffBar& bar);
 /// Takes the room above the row that the notes reach into, and below it where no tab stands.
 void TakeStaffRoom(TabBar& bar, const std::vector<StaffBar>& staves);
 

@@ -70,13 +70,26 @@ std::vector<Area> AreasOf(const StaffBar& bar, int strum) {
 
 namespace {
 
+bool StemUpAhead(const StaffBar& bar, int strum) {
+    const auto group = std::ranges::find_if(bar.Groups, [&](const BeamGroup& at) { return at.Last >= strum; });
+    return group != bar.Groups.end() && group->StemUp;
+}
+
+}  // namespace
+
+double StemXAhead(const StaffBar& bar, int strum) {
+    const StaffColumn& column = bar.Column(strum);
+    return column.X + (column.Displaced ? 3 : StemUpAhead(bar, strum) ? HeadHalf : -HeadHalf) * column.Scale();
+}
+
+namespace {
+
 /// Where the stem of a column is going to stand, as far as it matters to what is printed before it.
 Area StemArea(const StaffBar& bar, int strum) {
     constexpr double half = 1.5;
     const StaffColumn& column = bar.Column(strum);
-    const auto group = std::ranges::find_if(bar.Groups, [&](const BeamGroup& at) { return at.Last >= strum; });
-    const bool up = group != bar.Groups.end() && group->StemUp;
-    const double x = column.X + (column.Displaced ? 3 : up ? HeadHalf : -HeadHalf) * column.Scale();
+    const bool up = StemUpAhead(bar, strum);
+    const double x = StemXAhead(bar, strum);
     return {x - half, column.Highest() - (up ? OctaveLong : 0), x + half, column.Lowest() + (up ? 0 : OctaveLong)};
 }
 

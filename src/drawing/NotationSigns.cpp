@@ -13,7 +13,9 @@ void DrawStaffStroke(Picture& picture, const StaffBar& bar, int strum, bool up) 
     constexpr double overhang = 6;
     const StaffColumn& column = bar.Column(strum);
     const double x = std::round(std::max(column.StrokeX, bar.Context.X + 3.0));
-    const double top = column.Highest() - overhang, bottom = column.Lowest() + overhang;
+    const double middle = bar.Place.Top + 2.0 * StaffStep;  // of a slash, which has no heads
+    const double top = (column.Slash ? middle - 6 : column.Highest()) - overhang;
+    const double bottom = (column.Slash ? middle + 6 : column.Lowest()) + overhang;
     picture.Line(x, up ? top + 4 : top, x, up ? bottom : bottom - 4);
     DrawArrowhead(picture, x, up ? top - 1 : bottom + 1, up ? -1 : 1);
 }
@@ -32,7 +34,7 @@ void DrawSlideStroke(Picture& picture, const StaffBar& bar, int strum, const Sta
 
 /// One to three strokes through the stem, or over the head of a whole note.
 void DrawTremolo(Picture& picture, const StaffBar& bar, int strum, int count) {
-    constexpr double half = 4, rise = 1.5, step = 4, fromHead = 13;
+    constexpr double half = TremoloReach, rise = 1.5, step = 4, fromHead = 13;
     const StaffColumn& column = bar.Column(strum);
     const double outward = column.StemUp ? -1 : 1;
     const double x = column.HasStem ? column.StemX : column.X;
@@ -46,41 +48,56 @@ void DrawTremolo(Picture& picture, const StaffBar& bar, int strum, int count) {
     }
 }
 
-/// A curve up from the head with the highest amount of its bend.
-void DrawStaffBend(Picture& picture, const StaffBar& bar, int strum, const StaffNote& note) {
-    constexpr double reach = 7, height = 11;
-    const auto& points = bar.Strum(strum).Notes[note.String].BendPoints.Read();
-    const double most = *std::max_element(points.begin(), points.end());
-    const std::string label = BendLabel(most);
-    if (label.empty()) return;
-    const double left = note.X + 5.5 + (bar.Strum(strum).Dotted ? 5 : 0), right = left + reach;
-    const double top = note.Y - height;
-    picture.Polyline({{left, note.Y - 1}, {left + 4, note.Y - 2.5}, {left + 6.2, note.Y - 5.5}, {right, top + 3}}, 1);
-    DrawArrowhead(picture, right, top, -1, 4);
-    Print(picture, SmallFont, right, top - 1.5, label);
+/// The way of a bend from the head up, and back where it is released.
+void DrawStaffBend(Picture& picture, const StaffBar& bar, int strum, const StaffNote& note, Room& amounts) {
+    constexpr double away = 5.5, dot = 5, beforeNext = 2, narrowest = 4.5, height = 11;
+    const std::vector<double> turns = BendTurns(bar.Strum(strum).Notes[note.String]);
+    if (turns.empty()) return;
+    const double left = note.X + away + (bar.Strum(strum).Dotted ? dot : 0);
+    const double next = strum + 1 < bar.Count() ? bar.Column(strum + 1).Left : bar.Right();
+    const double room = next - beforeNext - left, curves = std::max(1.0, static_cast<double>(turns.size() - 1));
+    const double step = std::clamp(room / curves, narrowest, BendStep);
+    DrawBendTurns(picture, turns, {left, note.Y - 1, note.Y - height, step, SmallFont, amounts});
+}
+
+/// Heads near each other share an amount.
+void DrawStaffBends(Picture& picture, const StaffBar& bar, int strum) {
+    const std::vector<StaffNote>& notes = bar.Column(strum).Notes;
+    const auto isBent = [&](const StaffNote& note) { return bar.Strum(strum).Notes[note.String].HasBend; };
+    if (std::ranges::none_of(notes, isBent)) return;
+    Room amounts;
+    for (const StaffNote& note : notes) {
+        if (isBent(note)) DrawStaffBend(picture, bar, strum, note, amounts);
+    }
 }
 
 }  // namespace
 
+int TremoloStrokes(const StaffBar& bar, int strum) {
+    std::int32_t most = 0;
+    for (const StaffNote& note : bar.Column(strum).Notes) {
+        const std::int32_t technique = bar.Strum(strum).Notes[note.String].Technique;
+        if (technique < Core::TremoloPicking8ths || technique > Core::TremoloPicking32nds) continue;
+        most = std::max(most, technique - Core::TremoloPicking8ths + 1);
+    }
+    return bar.ShowsHands() ? most : 0;
+}
+
 void DrawStaffSigns(Picture& picture, const StaffBar& bar, int strum) {
     const StaffColumn& column = bar.Column(strum);
     const Core::Strum& own = bar.Strum(strum);
-    if (!bar.ShowsHands() || column.Notes.empty()) return;
+    if (!bar.ShowsHands() || !column.Sounds()) return;
     if (own.Stroke != 0) DrawStaffStroke(picture, bar, strum, own.Stroke == 1);
     bool staccato = false;
-    std::int32_t tremolo = 0;
     for (const StaffNote& note : column.Notes) {
         const std::int32_t technique = own.Notes[note.String].Technique;
         staccato = staccato || technique == Core::Staccato;
-        if (technique >= Core::TremoloPicking8ths && technique <= Core::TremoloPicking32nds) {
-            tremolo = std::max(tremolo, technique - Core::TremoloPicking8ths + 1);
-        }
         const bool stroke = technique == Core::SlideUp || technique == Core::SlideDown ||
                             technique == Core::SlideIntoUp || technique == Core::SlideIntoDown;
-        if (own.Notes[note.String].HasBend) DrawStaffBend(picture, bar, strum, note);
         if (stroke) DrawSlideStroke(picture, bar, strum, note, technique);
     }
-    if (tremolo > 0) DrawTremolo(picture, bar, strum, tremolo);
+    if (const int strokes = TremoloStrokes(bar, strum); strokes > 0) DrawTremolo(picture, bar, strum, strokes);
+    DrawStaffBends(picture, bar, strum);
     if (staccato) picture.Disc(column.X, StaccatoY(bar, column), 1.3);
 }
 

@@ -43,11 +43,11 @@ void DrawQuarter(Picture& picture, Point from, Point to) {
     picture.Polyline(points);
 }
 
-/// Paints the turns of one note; the x at which they end is returned.
+/// Paints the turns of one note, from left to right.
 class BendPainter {
 public:
-    BendPainter(Picture& target, TabBar& where, double start, double line, double tip, double stepWidth)
-        : picture(target), bar(where), x(start), y(line), low(line), high(where.Top - tip), step(stepWidth) {}
+    BendPainter(Picture& target, const BendRoom& where)
+        : picture(target), room(where), x(where.X), y(where.Low), low(where.Low), high(where.High) {}
 
     /// A note that is bent before it sounds.
     void Hold(double amount) {
@@ -58,7 +58,7 @@ public:
         y = high;
     }
     void Rise(double amount) {
-        const double next = x + step;
+        const double next = x + room.Step;
         DrawQuarter(picture, {x, y}, {next, high + 4});
         DrawArrowhead(picture, next, high, -1);
         x = next;
@@ -66,7 +66,7 @@ public:
         Amount(amount);
     }
     void Release(double amount) {
-        const double next = x + step;
+        const double next = x + room.Step;
         // A release that stops on the way stops at half the height.
         const double target = amount >= Turn ? (low + high) / 2 : low;
         DrawQuarter(picture, {x, high}, {next, target - 4});
@@ -79,25 +79,25 @@ private:
     void Amount(double amount) {
         const std::string label = BendLabel(amount);
         const double baseline = std::floor(high - LabelLift);
-        picture.SetFont(AccentFont);
+        picture.SetFont(room.Letters);
         const double half = picture.TextWidth(label) / 2;
         const Area area{x - half, baseline - 9, x + half, high + 5};
         // The strings of a chord that are bent alike share one amount.
-        if (!bar.Around.IsFree({area.Left + 1, area.Top + 1, area.Right - 1, area.Bottom - 1}, true)) return;
+        if (!room.Around.IsFree({area.Left + 1, area.Top + 1, area.Right - 1, area.Bottom - 1}, true)) return;
         picture.Print(x, baseline, label, Anchor::Center);
-        bar.Around.Take(area);
+        room.Around.Take(area);
     }
 
     Picture& picture;
-    TabBar& bar;
-    double x, y, low, high, step;
+    const BendRoom& room;
+    double x, y, low, high;
 };
 
 void DrawBend(Picture& picture, TabBar& bar, int strum, int string) {
     const Core::Note& note = bar.Strum(strum).Notes[string];
-    const std::vector<double> turns = TurnsOf(note.BendPoints.Read());
-    const bool held = turns.front() >= Turn;
-    if (turns.size() == 1 && !held) return;
+    const std::vector<double> turns = BendTurns(note);
+    if (turns.empty()) return;
+    const bool held = IsHeldBend(turns);
     const double start = bar.Column(strum) + FigureExtent(picture, bar, strum, string).Right + 1.5;
     const double room = std::max(8.0, bar.NextColumn(strum) - start - 6);
     const auto curves = static_cast<double>(turns.size() - 1);
@@ -106,15 +106,7 @@ void DrawBend(Picture& picture, TabBar& bar, int strum, int string) {
     // One height for all strings of a chord, which share the amount.
     const Core::Note& top = bar.Strum(strum).Notes[0];
     const double tip = top.HasBend && !top.Fret.empty() ? ArrowTipOnTop : ArrowTip;
-    BendPainter painter(picture, bar, start, bar.LineY(string) - 1, tip, step);
-    if (held) painter.Hold(turns.front());
-    for (std::size_t i = 1; i < turns.size(); ++i) {
-        if (turns[i] > turns[i - 1]) {
-            painter.Rise(turns[i]);
-        } else if (i > 1 || held) {
-            painter.Release(turns[i]);
-        }
-    }
+    DrawBendTurns(picture, turns, {start, bar.LineY(string) - 1.0, bar.Top - tip, step, AccentFont, bar.Around});
 }
 
 }  // namespace
@@ -126,6 +118,27 @@ std::string BendLabel(double value) {
     // Written so that a point that is no number, from a damaged file, is no index.
     const double index = quarters >= 1 ? std::min(quarters, 12.0) : 1;
     return labels[static_cast<std::size_t>(index) - 1];
+}
+
+std::vector<double> BendTurns(const Core::Note& note) {
+    std::vector<double> turns = TurnsOf(note.BendPoints.Read());
+    if (turns.size() == 1 && !IsHeldBend(turns)) turns.clear();
+    return turns;
+}
+
+bool IsHeldBend(const std::vector<double>& turns) { return turns.front() >= Turn; }
+
+void DrawBendTurns(Picture& picture, const std::vector<double>& turns, const BendRoom& room) {
+    BendPainter painter(picture, room);
+    const bool held = IsHeldBend(turns);
+    if (held) painter.Hold(turns.front());
+    for (std::size_t i = 1; i < turns.size(); ++i) {
+        if (turns[i] > turns[i - 1]) {
+            painter.Rise(turns[i]);
+        } else if (i > 1 || held) {
+            painter.Release(turns[i]);
+        }
+    }
 }
 
 void DrawBends(Picture& picture, TabBar& bar, int strum) {

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "core/mod_Common.h"
-#include "drawing/TabParts.h"
+#include "drawing/NotationParts.h"
 
 namespace Quillon::Drawing {
 
@@ -134,10 +134,18 @@ double TakeChordsBefore(Picture& picture, TabBar& bar) {
     Room names;
     for (int index = FirstOfRow(bar); index < bar.Context.Bar; ++index) {
         const Core::Bar& before = bar.Track.Bars[index];
+        const int moved = bar.Context.X - bar.Bar.Place.BarX;
+        std::vector<double> heads;
+        if (bar.OnStaff && std::ranges::any_of(before.Strums(), &Core::Strum::HasChord)) {
+            const BarContext context{bar.Context.File,          bar.Context.Track, index,
+                                     before.Place.BarX + moved, bar.Context.Y,     before.Place.BarWidth,
+                                     bar.Context.Look};
+            heads = HeadColumns(StaffBarsOf(context).front());
+        }
         for (int at = 0; at < std::min(before.Strums().Count(), before.Place.StrumX.Count()); ++at) {
             const Core::Strum& strum = before.Strums()[at];
             if (!strum.HasChord) continue;
-            const double x = before.Place.StrumX[at] + (bar.Context.X - bar.Bar.Place.BarX);
+            const double x = heads.empty() ? before.Place.StrumX[at] + moved : heads[static_cast<std::size_t>(at)];
             if (charts) {
                 const Chart chart = ChartOf(strum);
                 const double half = HalfWidth(chart);
@@ -167,7 +175,7 @@ void DrawChords(Picture& picture, TabBar& bar) {
     for (int at = first; at < bar.StrumCount(); ++at) {
         const Core::Strum& strum = bar.Strum(at);
         if (!strum.HasChord) continue;
-        const double x = bar.Column(at);
+        const double x = bar.MarkX(at);
         Chart chart;
         if (charts) chart = ChartOf(strum);
         const double half = HalfWidth(chart);

@@ -156,6 +156,7 @@ void DrawBarStrums(Picture& picture, const BarContext& context) {
     if (tab || bar.OnStaff) {
         if (tab) DrawStrings(picture, bar);
         picture.SetColor(bar.Ink());
+        if (bar.OnStaff) bar.Heads = HeadColumns(staves.front());
         TakeStaffRoom(bar, staves);
         TakeRoom(picture, bar);
         TakeNextNumber(picture, bar);

@@ -28,7 +28,7 @@ public:
     void Centered(int strum, const Font& font, const std::string& text, double drop = SmallDrop) {
         picture.SetFont(font);
         const double half = picture.TextWidth(text) / 2;
-        const double x = bar.Column(strum);
+        const double x = bar.MarkX(strum);
         picture.Print(x, Above(x - half, x + half) + drop, text, Anchor::Center);
     }
 
@@ -95,9 +95,9 @@ public:
         const auto& [first, last, comesIn, goesOn, level] = run;
         constexpr double dash = 3, gap = 3, tick = 4;
         picture.SetFont(SmallFont);
-        const double left = comesIn ? bar.Context.X : bar.Column(first) - 4;
+        const double left = comesIn ? bar.Context.X : bar.MarkX(first) - 4;
         const double labelRight = comesIn ? left : left + picture.TextWidth(label);
-        const double end = goesOn ? bar.Right() : std::max(bar.Column(last) + 5, labelRight);
+        const double end = goesOn ? bar.Right() : std::max(bar.MarkX(last) + 5, labelRight);
         const double middle = Above(left, end, labelRight, level);
         if (!comesIn) picture.Print(left, middle + SmallDrop, label, Anchor::Left);
         if (first == last && !comesIn && !goesOn) return;
@@ -112,8 +112,8 @@ public:
     void WaveRun(double amplitude, const Run& run) {
         constexpr double lead = 3;
         const auto& [first, last, comesIn, goesOn, level] = run;
-        const double left = comesIn ? bar.Context.X : bar.Column(first) - lead;
-        const double right = goesOn ? bar.Right() : bar.NextColumn(last) - ColumnGap;
+        const double left = comesIn ? bar.Context.X : bar.MarkX(first) - lead;
+        const double right = goesOn ? bar.Right() : bar.NextMarkX(last) - ColumnGap;
         const double middle = Above(left, std::max(right, left + 8), left, level);
         for (const Point& piece : bar.Around.Pieces(left, std::max(right, left + 8), middle)) {
             DrawWave(picture, piece.X, piece.Y, middle, amplitude);
@@ -123,9 +123,9 @@ public:
     void Trill(int strum) {
         const Font font{.Name = "Times New Roman", .Size = 7, .Bold = true, .Italic = true};
         picture.SetFont(font);
-        const double left = bar.Column(strum) - 3;
+        const double left = bar.MarkX(strum) - 3;
         const double wave = left + picture.TextWidth("tr") + 2;
-        const double right = std::max(bar.NextColumn(strum) - ColumnGap, wave + 6);
+        const double right = std::max(bar.NextMarkX(strum) - ColumnGap, wave + 6);
         const double middle = Above(left, right);
         picture.Print(left, middle + SmallDrop, "tr", Anchor::Left);
         DrawWave(picture, wave, right, middle, 1.4);
@@ -133,8 +133,8 @@ public:
 
     void FadeIn(int strum) {
         constexpr double half = 3;
-        const double left = bar.Column(strum) - 3;
-        const double right = std::max(std::min(bar.NextColumn(strum) - ColumnGap, left + 26), left + 12);
+        const double left = bar.MarkX(strum) - 3;
+        const double right = std::max(std::min(bar.NextMarkX(strum) - ColumnGap, left + 26), left + 12);
         const double middle = Above(left, right);
         picture.Polyline({{right, middle - half}, {left, middle}, {right, middle + half}});
     }
@@ -158,7 +158,7 @@ void MarkPainter::TremoloBar(int strum) {
     label = (dips ? "-" : "+") + label;
 
     picture.SetFont(SmallFont);
-    const double x = bar.Column(strum);
+    const double x = bar.MarkX(strum);
     const double middle = Above(x - half, x + half + textGap + picture.TextWidth(label));
     const double outer = middle + (dips ? -depth : depth);
     const double inner = middle + (dips ? depth : -depth);
@@ -202,7 +202,7 @@ void DrawMarks(Picture& picture, TabBar& bar) {
         }
         if (AnyNote(bar, strum, [](const Core::Note& note) { return note.Technique == Core::Staccato; }) &&
             !bar.OnStaff) {
-            const double x = bar.Column(at);
+            const double x = bar.MarkX(at);
             // Alone it stands near the figures, else just above the accent.
             picture.Disc(x, bar.Around.TakeLevel(x - 2, x + 2, x + 2, bar.Top - 7, MarkStep), 1.3);
         }
@@ -318,7 +318,7 @@ void DrawMarksBelow(Picture& picture, TabBar& bar) {
         if (text.empty()) return;
         picture.SetFont(font);
         const double half = picture.TextWidth(text) / 2;
-        const double x = bar.Column(strum);
+        const double x = bar.MarkX(strum);
         picture.Print(x, below(x - half, x + half) + drop, text, Anchor::Center);
     };
     // The letters of a dynamic are taller than a small mark: what stands above them is left a little further off.
@@ -326,7 +326,7 @@ void DrawMarksBelow(Picture& picture, TabBar& bar) {
         constexpr double ascent = 2;
         picture.SetFont(dynamicFont);
         const double half = picture.TextWidth(text) / 2;
-        const double x = bar.Column(strum);
+        const double x = bar.MarkX(strum);
         const double first = bar.Bottom + MarkStep;
         double middle = first;
         while (middle < first + 10 * MarkStep &&
@@ -355,7 +355,7 @@ void DrawMarksBelow(Picture& picture, TabBar& bar) {
                 strokes = std::max(strokes, note.Technique - Core::TremoloPicking8ths + 1);
             }
         }
-        const double x = bar.Column(at);
+        const double x = bar.MarkX(at);
         if (strokes > 0 && !bar.OnStaff) DrawTremoloStrokes(picture, x, below(x - 4, x + 4), strokes);
         const std::string left = Fingers(bar, strum, &Core::Note::LeftFinger, "T1234");
         centered(at, SmallFont, left, SmallDrop);

@@ -53,11 +53,12 @@ struct TabBar {
     const Core::Track& Track;
     const Core::Bar& Bar;
     int Strings;
-    int Top;        ///< y of the first string's line
-    int Bottom;     ///< y of the last string's line
-    bool OnStaff;   ///< the tab is hidden: what belongs to no string stands around the staves instead
-    int Shown;      ///< see StrumCount
-    bool OnRowTop;  ///< no staff stands above the tab, so that it shares its room with the bar number
+    int Top;                    ///< y of the first string's line
+    int Bottom;                 ///< y of the last string's line
+    bool OnStaff;               ///< the tab is hidden: what belongs to no string stands around the staves instead
+    int Shown;                  ///< see StrumCount
+    std::vector<double> Heads;  ///< x of each column's heads, where no tab shows
+    bool OnRowTop;              ///< no staff stands above the tab, so that it shares its room with the bar number
     Room Around;
 
     /// Strums that stand in the bar. Those of a bar too full for its time reach into the next bar of the row; behind a
@@ -67,6 +68,10 @@ struct TabBar {
     double Column(int strum) const;
     /// x of the next column, and of the bar's right edge behind the last one.
     double NextColumn(int strum) const;
+    /// The same for what stands over the heads of a column and under them, which may have stepped aside: they lead
+    /// where no tab shows.
+    double MarkX(int strum) const { return Heads.empty() ? Column(strum) : Heads[static_cast<std::size_t>(strum)]; }
+    double NextMarkX(int strum) const { return strum + 1 < StrumCount() ? MarkX(strum + 1) : Right(); }
     int LineY(int string) const { return Top + StringStep * string; }
     double Right() const { return Context.X + Context.Width; }
     /// The bar `step` bars away when it stands on the same row beside the bars between, else null.
@@ -132,6 +137,18 @@ void Print(Picture& picture, const Font& font, double x, double baseline, std::s
 void DrawBow(Picture& picture, double left, double right, double y, double rise, double fall = 0);
 /// A wave along `middle`.
 void DrawWave(Picture& picture, double left, double right, double middle, double amplitude);
+/// Where the curves of a bend stand: from a note's right to the right, from its height up to the arrow's tip.
+struct BendRoom {
+    double X, Low, High;
+    double Step;  ///< width of a curve
+    const Font& Letters;
+    Room& Around;  ///< gives the amounts their place
+};
+/// The values at which a note's bend starts, turns and ends; none for one that does not bend.
+std::vector<double> BendTurns(const Core::Note& note);
+/// True when the note is bent before it sounds.
+bool IsHeldBend(const std::vector<double>& turns);
+void DrawBendTurns(Picture& picture, const std::vector<double>& turns, const BendRoom& room);
 /// A filled arrowhead whose tip is at x, y; `direction` -1 points upward, 1 downward.
 void DrawArrowhead(Picture& picture, double x, double y, int direction, double size = 5);
 

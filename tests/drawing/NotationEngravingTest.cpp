@@ -234,3 +234,128 @@ TEST(Engraving, AHeadAtTheEndOfABarKeepsOffItsLine) {
         EXPECT_EQ(189 - StaffBarsOf(context).front().Column(1).X, row.Away) << row.Why;
     }
 }
+
+TEST(Engraving, OfTwoStavesARestStandsWithItsNotes) {
+    const Written high{2, {{1, "1"}}}, low{2, {{4, "1"}}}, both{2, {{1, "1"}, {4, "1"}}}, rest{2, {}};
+    const struct {
+        const char* Why;
+        Score Of;
+        const char* Treble;  // a letter a column: note, rest
+        const char* Bass;
+    } rows[] = {{"each after its notes", Score({high, rest, low, rest}), "nr  ", "  nr"},
+                {"after notes of both", Score({both, rest, low, rest}), "nr  ", "nrnr"},
+                {"before the first ones", Score({rest, low, rest, high}), "   n", "rnr "},
+                {"a bar without notes", Score({rest, rest}), "rr", "  "}};
+    for (const auto& row : rows) {
+        Score score = row.Of;
+        score.File.Tracks[0].ShowBass = true;
+        const BarContext context = score.Context();
+        const std::vector<StaffBar> staves = StaffBarsOf(context);
+        for (const auto& [staff, expected] : {std::pair{0, row.Treble}, std::pair{1, row.Bass}}) {
+            std::string told;
+            for (const StaffColumn& column : staves[static_cast<std::size_t>(staff)].Columns) {
+                told += column.Rest ? 'r' : column.Notes.empty() ? ' ' : 'n';
+            }
+            EXPECT_EQ(told, expected) << row.Why;
+        }
+    }
+}
+
+TEST(Engraving, WhereNoTabShowsMarksStandOverTheHeadsAndStrokesBehindTheTime) {
+    for (const bool tab : {false, true}) {
+        Score score({{2, {{0, "5"}}}, {2, {{0, "5"}}}}, 6);
+        Core::Track& track = score.File.Tracks[0];
+        track.ShowTab = tab;
+        Core::Bar& bar = track.Bars.Edit(0);
+        bar.Place.ShowTimeSig = true;
+        bar.Place.BarWidth = 249;
+        bar.Place.StrumX[0] = 149;
+        bar.Place.StrumX[1] = 249;
+        Core::Note& note = bar.EditStrums()[0].Notes.Edit(0);
+        note.Accentuate = true;
+        note.Technique = Core::TremoloPicking32nds;
+        bar.EditStrums()[0].HasChord = true;
+        bar.EditStrums()[0].ChordName = "Am";
+        const BarContext context = score.Context();
+        const std::vector<StaffBar> staves = StaffBarsOf(context);
+        const StaffColumn& column = staves.front().Column(0);
+        if (!tab) {
+            EXPECT_GT(column.X, 149);
+            EXPECT_GE(column.StemX - TremoloReach, 141 + SignatureOverhang(context)) << "the figures of the time";
+        }
+        Ink ink;
+        DrawBarStrums(ink, context);
+        for (const char* mark : {"\">\"", "\"Am\""}) {
+            const std::size_t at = ink.Text().rfind("text ", ink.Text().find(mark));
+            ASSERT_NE(at, std::string::npos);
+            EXPECT_NEAR(std::stod(ink.Text().substr(at + 5)), tab ? 149 : column.X, 0.1) << mark;
+        }
+    }
+}
+
+TEST(Engraving, AStaffTellsTheWayOfABend) {
+    const auto full = static_cast<double>(BendUnitsPerTone);
+    const struct {
+        const char* Why;
+        double Start, Middle, End;
+        int Arrows, Amounts;
+    } rows[] = {{"bent", 0, full, full, 1, 1},
+                {"and released", 0, full, 0, 2, 1},
+                {"bent before it sounds", full, full, full, 1, 1},
+                {"and then released", full, full, 0, 2, 1},
+                {"not at all", 0, 0, 0, 0, 0}};
+    std::vector<std::string> logs;
+    for (const auto& row : rows) {
+        Score score({{2, {{0, "5"}}}, {2, {{0, "5"}}}});
+        Core::Track& track = score.File.Tracks[0];
+        track.ShowTab = false;
+        Core::Note& note = track.Bars.Edit(0).EditStrums()[0].Notes.Edit(0);
+        note.HasBend = true;
+        for (int i = 0; i < Core::BendPointCount; ++i) {
+            const int half = Core::BendPointCount / 2;
+            note.BendPoints.Edit()[i] = i == 0 ? row.Start : i <= half ? row.Middle : row.End;
+        }
+        const BarContext context = score.Context();
+        Ink ink;
+        DrawStaffSigns(ink, StaffBarsOf(context).front(), 0);
+        EXPECT_EQ(ink.Polygons, row.Arrows) << row.Why;
+        EXPECT_EQ(ink.Count("\"1\""), row.Amounts) << row.Why;
+        for (const std::string& other : logs) EXPECT_NE(ink.Text(), other) << row.Why;
+        logs.push_back(ink.Text());
+    }
+}
+
+TEST(Engraving, AGraceNotesSignHoldsForWhatFollows) {
+    const struct {
+        const char* Why;
+        std::int32_t Key;
+        const char *Before, *Grace, *Main;
+        Accidental OfGrace, OfMain;
+    } rows[] = {{"g flat before g, of two flats", 10, "0", "2", "3", Accidental::Flat, Accidental::Natural},
+                {"g sharp before g", 2, "0", "4", "3", Accidental::Sharp, Accidental::Natural},
+                {"in the key, after an altered one", 1, "4", "3", "5", Accidental::Natural, Accidental::None},
+                {"of another place", 1, "0", "1", "3", Accidental::None, Accidental::None}};
+    for (const auto& row : rows) {
+        Score score({{2, {{0, row.Before}}}, {2, {{0, row.Main}}}}, row.Key);
+        Core::Note& note = score.File.Tracks[0].Bars.Edit(0).EditStrums()[1].Notes.Edit(0);
+        note.HasGrace = true;
+        note.GraceFret = row.Grace;
+        const BarContext context = score.Context();
+        const std::vector<StaffBar> staves = StaffBarsOf(context);
+        EXPECT_EQ(GraceHeads(staves.front(), 1).front().Sign, row.OfGrace) << row.Why;
+        EXPECT_EQ(staves.front().Column(1).Notes.front().Sign, row.OfMain) << row.Why;
+    }
+}
+
+TEST(Engraving, HeadsOfAnAugmentedSecondStandBesideEachOther) {
+    // Of two flats and more: A flat (sounding 56) and B (59).
+    for (const auto& [length, aside] : {std::pair{2, 6}, std::pair{0, 9}}) {
+        const Score score({{length, {{1, "0"}, {2, "1"}}}}, 11);
+        const BarContext context = score.Context();
+        const std::vector<StaffBar> staves = StaffBarsOf(context);
+        const StaffColumn& column = staves.front().Column(0);
+        EXPECT_TRUE(column.Displaced);
+        EXPECT_NEAR(column.Notes[0].X - column.Notes[1].X, aside, 0.01);
+        EXPECT_EQ(StrumHeads(score.File.Tracks[0], staves.front().Strum(0), true)[0].DX, 0) << "to a click";
+    }
+}
