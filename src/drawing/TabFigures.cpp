@@ -69,7 +69,7 @@ std::string Figure(const Core::Track& track, int string, const Core::Note& note,
 
 void DrawFigures(Picture& picture, const TabBar& bar, int strum, Color ink) {
     constexpr double halfDigit = 0.36;  // of the em
-    constexpr int above = 4, margin = 1;
+    constexpr int above = 4, margin = 1, near = 40;
     const Core::Strum& column = bar.Strum(strum);
     const double drop = std::round(halfDigit * NoteFont(bar.Context.File).Pixels());
     const double x = bar.Column(strum);
@@ -80,7 +80,12 @@ void DrawFigures(Picture& picture, const TabBar& bar, int strum, Color ink) {
         const int y = bar.LineY(string);
         const Extent extent = FigureExtent(picture, bar, string, note);
         // A wide figure of a first column leaves the bar line whole.
-        const double left = std::max(std::floor(x + 0.5 - extent.Left - margin), bar.Context.X + 1.0);
+        double left = std::max(std::floor(x + 0.5 - extent.Left - margin), bar.Context.X + 1.0);
+        // A near neighbour keeps its last digit.
+        if (strum > 0 && x - bar.Column(strum - 1) < near && !bar.Strum(strum - 1).Notes[string].Fret.empty()) {
+            const double end = bar.Column(strum - 1) + 0.5 + FigureExtent(picture, bar, strum - 1, string).Right;
+            left = std::max(left, std::min(std::ceil(end), std::floor(x + 0.5 - extent.Left)));
+        }
         const double right = std::ceil(x + 0.5 + extent.Right + margin);
         picture.Box(left, y - above, right - left, 2 * above, White);
         picture.Print(x + 0.5 - extent.Left, y + drop, Figure(bar.Track, string, note));

@@ -22,6 +22,33 @@ double PrintSmallFigure(Picture& picture, double x, double line, const std::stri
     return anchor == Anchor::Right ? left : left + width;
 }
 
+/// True when a figure of another column on a string stands between left and right, in the bar before too.
+bool MeetsFigure(Picture& picture, const TabBar& bar, int strum, int string, double left, double right) {
+    constexpr double farthest = 60;  // further off no figure reaches
+    constexpr int most = 20;         // columns of a bar that is no music would all stand on one spot
+    const auto meets = [&](const Core::Note& note, double x) {
+        if (note.Fret.empty()) return false;
+        const Extent extent = FigureExtent(picture, bar, string, note);
+        return left < x + 0.5 + extent.Right && x + 0.5 - extent.Left < right;
+    };
+    for (int s = strum + 1; s < std::min(bar.StrumCount(), strum + most) && bar.Column(s) < right + farthest; ++s) {
+        if (meets(bar.Strum(s).Notes[string], bar.Column(s))) return true;
+    }
+    for (int s = strum - 1; s >= std::max(0, strum - most) && bar.Column(s) > left - farthest; --s) {
+        if (meets(bar.Strum(s).Notes[string], bar.Column(s))) return true;
+    }
+    const Core::Bar* before = strum < most && bar.Column(0) > left - farthest ? bar.Beside(-1) : nullptr;
+    const int last = before ? before->Strums().UpperBound() : -1;
+    for (int s = last; s >= std::max(0, last - most); --s) {
+        const double x = before->Place.StrumX[s] + (bar.Context.X - bar.Bar.Place.BarX);
+        if (x < left - farthest) break;
+        if (meets(before->Strums()[s].Notes[string], x)) return true;
+    }
+    return false;
+}
+
+constexpr double Raise = 6.5;  ///< of a small figure that would cover another column's
+
 void DrawGrace(Picture& picture, TabBar& bar, int strum, int string) {
     constexpr double gap = 4, bowRise = 2.5;
     const Core::Note& note = bar.Strum(strum).Notes[string];
@@ -37,6 +64,13 @@ void DrawGrace(Picture& picture, TabBar& bar, int strum, int string) {
     // Behind the time signature it moves up to its figure.
     const double signature = bar.Context.X + 41;
     if (strum == 0 && bar.Bar.Place.ShowTimeSig) left = std::max(left, std::min(signature, left + gap - 1));
+    if (MeetsFigure(picture, bar, strum, string, left - 1, left + width + 1)) {
+        constexpr double near = 1;
+        const double right = x - FigureExtent(picture, bar, strum, string).Left - near;
+        Print(picture, SmallFont, right, line - Raise + SmallDrop, note.GraceFret, Anchor::Right);
+        DrawBow(picture, right + 1, x + 1, line - 5, bowRise);
+        return bar.Around.Take({right - width, line - Raise - 4, x, line});
+    }
     PrintSmallFigure(picture, left, line, note.GraceFret, Anchor::Left);
     DrawBow(picture, left + width / 2, x - 1, line - 4.5, bowRise);
     bar.Around.Take({left, line - 8, x, line});
@@ -94,8 +128,16 @@ void DrawNoteSigns(Picture& picture, TabBar& bar, int strum) {
         if (note.HasGrace) DrawGrace(picture, bar, strum, string);
         if (note.HasTrill) {
             const double right = bar.Column(strum) + FigureExtent(picture, bar, strum, string).Right + 2;
-            PrintSmallFigure(picture, right, bar.LineY(string), "(" + std::to_string(note.TrillFret) + ")",
-                             Anchor::Left);
+            const std::string partner = "(" + std::to_string(note.TrillFret) + ")";
+            picture.SetFont(SmallFont);
+            const double end = right + picture.TextWidth(partner) + 1;
+            if (MeetsFigure(picture, bar, strum, string, right - 1, end)) {
+                const double above = bar.LineY(string) - Raise;
+                Print(picture, SmallFont, right - 1, above + SmallDrop, partner, Anchor::Left);
+                bar.Around.Take({right - 1, above - 4, end, above + 4});
+            } else {
+                PrintSmallFigure(picture, right, bar.LineY(string), partner, Anchor::Left);
+            }
         }
     }
     if (column.Stroke != 0) DrawStroke(picture, bar, strum);

@@ -188,6 +188,58 @@ TEST(TabDrawing, GraceNotesStrokesAndSlashes) {
     Check("note-signs", score);
 }
 
+TEST(TabDrawing, ASmallFigureNeverCoversAFret) {
+    struct Boxes : PictureLog {
+        double Neighbour = 0;
+        int Over = 0, All = 0;
+        void Box(double x, double y, double width, double height, Color fill) override {
+            ++All;
+            if (x < Neighbour + 2 && Neighbour - 2 < x + width) ++Over;
+            PictureLog::Box(x, y, width, height, fill);
+        }
+    };
+    for (const int apart : {40, 15}) {
+        for (const bool grace : {true, false}) {
+            Score score({2});
+            score.File.Tracks[0].Bars.Edit(0).Place.StrumX[1] = static_cast<std::int16_t>(109 + apart);
+            score.Note(0, 1, "7");
+            score.Note(1, 1, "8");
+            Core::Note& note = score.Note(grace ? 1 : 0, 1, "5");
+            note.HasGrace = grace;
+            note.HasTrill = !grace;
+            note.GraceFret = "4";
+            note.TrillFret = 9;
+            const Core::BarPlace& place = score.File.Tracks[0].Bars[0].Place;
+            const BarContext context{score.File, 0, 0, place.BarX, place.BarY, place.BarWidth};
+            Boxes log;
+            log.Neighbour = place.StrumX[grace ? 0 : 1];
+            DrawBarStrums(log, context);
+            EXPECT_EQ(log.Over, 1) << "its own; " << apart << grace;
+            EXPECT_EQ(log.All, apart == 40 ? 3 : 2) << "raised, it needs none; " << apart << grace;
+        }
+    }
+}
+
+TEST(TabDrawing, ANearFigureLeavesTheLastDigitBeforeItWhole) {
+    struct Boxes : PictureLog {
+        double Left = 0;
+        void Box(double x, double y, double width, double height, Color fill) override {
+            Left = x;
+            PictureLog::Box(x, y, width, height, fill);
+        }
+    };
+    for (const auto& [apart, before] : {std::pair{40, 7}, std::pair{13, 6}}) {
+        Score score({2});
+        score.File.Tracks[0].Bars.Edit(0).Place.StrumX[1] = static_cast<std::int16_t>(109 + apart);
+        for (const int strum : {0, 1}) score.Note(strum, 1, "12");
+        const Core::BarPlace& place = score.File.Tracks[0].Bars[0].Place;
+        const BarContext context{score.File, 0, 0, place.BarX, place.BarY, place.BarWidth};
+        Boxes log;
+        DrawBarStrums(log, context);
+        EXPECT_EQ(place.StrumX[1] - log.Left, before) << apart;
+    }
+}
+
 TEST(TabDrawing, FingersTremoloPickingAndDynamicsStandBelow) {
     Score score({4, 2});
     Core::Note& low = score.Note(0, 5, "3");
