@@ -2,9 +2,7 @@
 
 #include <algorithm>
 #include <map>
-#include <ranges>
 #include <set>
-#include <span>
 
 #include "core/mod_Common.h"
 #include "core/mod_Language.h"
@@ -159,14 +157,15 @@ int ChordBatchModel::Apply(const std::function<bool(int)>& goOn) const {
     std::size_t done = 0;
     // All is as it was: what is new goes first, which makes room for what comes back.
     const auto undo = [&] {
-        const auto isNew = [&going](const NamedBytes& file) { return !going.contains(file.Name); };
-        const std::span written = std::span(files).first(done);
-        for (const NamedBytes& file : written | std::views::filter(isNew)) {
-            Shell::Guarded([&] { Services.Files->Delete(Chords.FileOf(file.Name)); });
+        std::set<std::string> taken;
+        for (std::size_t at = 0; at < done; ++at) {
+            const std::string& name = files[at].Name;
+            taken.insert(name);
+            if (!going.contains(name)) Shell::Guarded([&name] { Services.Files->Delete(Chords.FileOf(name)); });
         }
-        for (const auto& [name, bytes] : going) {
-            const bool taken = std::ranges::any_of(written, [&](const NamedBytes& file) { return file.Name == name; });
-            if (taken) Shell::Guarded([&] { Services.Files->Replace(Chords.FileOf(name), bytes); });
+        for (const auto& entry : going) {
+            if (!taken.contains(entry.first)) continue;
+            Shell::Guarded([&entry] { Services.Files->Replace(Chords.FileOf(entry.first), entry.second); });
         }
     };
     try {
