@@ -237,9 +237,8 @@ std::vector<std::string> ChosenChords() {
 }
 
 void ChooseChord(int index, Choose how) {
-    const auto& shown = ChordManager.lstChords;
-    if (index < 0 || index >= std::ssize(shown)) return;
-    const auto nameAt = [&shown](int at) { return shown.at(static_cast<std::size_t>(at)); };
+    if (index < 0 || index >= std::ssize(ChordManager.lstChords)) return;
+    const auto nameAt = [](int at) { return ChordManager.lstChords.at(static_cast<std::size_t>(at)); };
     const bool other = index != ChordManager.Current;
     ChordManager.Current = index;
     switch (how) {
