@@ -170,7 +170,7 @@ TEST_F(ToolWindowsTest, AChordIsMadeByClicksRenamedAndPrinted) {
     Start();
     Open();
     WithDialog([this] { Act("mnuAddChord"); },
-               [this](QDialog& dialog) {
+               [](QDialog& dialog) {
                    auto& neck = In<picChordBox>(dialog, "picChordBox");
                    const auto click = [&neck](int string, int row) {
                        const QPointF at(neck.Box().X(string), neck.Box().Y(row));
