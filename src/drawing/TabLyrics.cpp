@@ -19,6 +19,7 @@ constexpr double Ascent = 0.9;       ///< from a line's top to its baseline, in 
 constexpr double SmallestSize = 6;
 constexpr double SmallestOfRow = 7;    ///< of a row whose words stand close: long words are cut before they get smaller
 constexpr double SmallestOfCrowd = 4;  ///< of a row that finds no room for the short ones
+constexpr double MostDrop = 36;        ///< of the lyrics under a staff whose notes reach far down
 constexpr std::size_t LettersKept = 4;  ///< of a word that is cut
 
 using Words = std::array<LyricLine, Core::LyricLines>;
@@ -141,7 +142,7 @@ double LowestOf(const BarContext& bar, const StaffPlace& place) {
 
 /// How much lower than usual the lyrics stand under a staff whose notes reach far down.
 double DropBelowStaff(const BarContext& bar, const Row& row) {
-    constexpr double most = 36, gap = 3;
+    constexpr double gap = 3;
     if (bar.ItsTrack().ShowTab && !ShowsStaffOfOther(bar.File, bar.ItsTrack())) return 0;
     const double usual = bar.Y + RowHeight(bar.ItsTrack()) + StaffHeadroom;
     double lowest = usual - gap;
@@ -151,7 +152,30 @@ double DropBelowStaff(const BarContext& bar, const Row& row) {
         const std::vector<StaffPlace> staves = StaffPlacesOf(context);
         if (!staves.empty()) lowest = std::max(lowest, LowestOf(context, staves.back()));
     }
-    return std::min(most, lowest + gap - usual);
+    return std::min(MostDrop, lowest + gap - usual);
+}
+
+/// The most that the lyrics of any row may stand lower than usual: that of the track's lowest note, its stem down.
+int MostDropBelowStaff(const Core::TabFile& file, int track) {
+    constexpr double ofBeam = 4.5;
+    const BarContext row{file, track, 0, 0, 0, 0};
+    const std::vector<StaffPlace> staves = StaffPlacesOf(row);
+    if (staves.empty() || (file.Tracks[track].ShowTab && !staves.back().OfOther)) return 0;
+    const StaffPlace& place = staves.back();
+    if (place.Clef == Clef::Percussion) return 0;
+    int lowest = LowestOnTreble + 60;
+    for (const Core::Bar& bar : place.Track.Bars) {
+        for (const Core::Strum& strum : bar.Strums()) {
+            for (int string = 0; string < StringsShown(place.Track); ++string) {
+                if (strum.Notes[string].Fret.empty()) continue;
+                const int pitch = WrittenPitch(place.Track, string, strum.Notes[string]);
+                if (Takes(place, pitch)) lowest = std::min(lowest, pitch);
+            }
+        }
+    }
+    const double head = place.Top + StaffLineSpan - HalfStep * SpellPitch(lowest, false, place.Clef).Step;
+    const double missing = head + OctaveLong + ofBeam - RowHeight(row.ItsTrack()) - StaffHeadroom;
+    return static_cast<int>(std::ceil(std::clamp(missing, 0.0, MostDrop)));
 }
 
 }  // namespace
@@ -164,7 +188,8 @@ RowLook LookOfLyrics(const Core::TabFile& file, int track, int lyricsTrack) {
     const double full = std::clamp(file.FontSize - 1.0, SmallestSize, LargestFontSize);
     RowLook look{.LyricsSize = full};
     const bool charts = HasCharts(file, track);
-    const int gap = file.RowSpacing - StaffHeadroom - (charts ? chartZone : numberZone);
+    const int zone = charts ? chartZone : numberZone;
+    const int gap = file.RowSpacing - StaffHeadroom - MostDropBelowStaff(file, track) - zone;
     look.LyricsHeight = LinesHeight(full, lines);
     const int missing = look.LyricsHeight - gap;
     if (missing <= 0) return look;

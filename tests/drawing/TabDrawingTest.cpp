@@ -409,6 +409,18 @@ TEST(TabDrawing, LyricsAndChartsShareTheRoomBetweenTwoRows) {
         EXPECT_EQ(look.LyricsSize, row.Size) << row.RowSpacing << " " << row.Lines;
         EXPECT_EQ(look.ChartDrop, row.Drop) << row.RowSpacing << " " << row.Lines;
     }
+    // A low note's stem pushes the lyrics of a staff alone down, and the next row's charts with them.
+    Score low({2});
+    low.File.AlwaysCharts = true;
+    low.At(0, 0).HasChord = true;
+    low.At(0, 0).Syllables.Edit()[0] = "a";
+    Core::Track& track = low.File.Tracks[0];
+    track.ShowTab = false;
+    track.ShowTreble = true;
+    low.File.RowSpacing = 145;
+    const int usual = LookOfLyrics(low.File, 0, 0).ChartDrop;
+    low.At(0, 0).Notes.Edit(5).Fret = "0";
+    EXPECT_GT(LookOfLyrics(low.File, 0, 0).ChartDrop, usual);
 }
 
 TEST(TabDrawing, WhatABarHoldsTooMuchStandsPaleInTheNext) {
