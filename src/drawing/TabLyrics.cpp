@@ -19,7 +19,8 @@ constexpr double Ascent = 0.9;       ///< from a line's top to its baseline, in 
 constexpr double SmallestSize = 6;
 constexpr double SmallestOfRow = 7;    ///< of a row whose words stand close: long words are cut before they get smaller
 constexpr double SmallestOfCrowd = 4;  ///< of a row that finds no room for the short ones
-constexpr double MostDrop = 36;        ///< of the lyrics under a staff whose notes reach far down
+constexpr int NumberZone = 14;         ///< above a row, of its bar numbers
+constexpr int MostDrop = 36;           ///< of the lyrics under a staff whose notes reach far down
 constexpr std::size_t LettersKept = 4;  ///< of a word that is cut
 
 using Words = std::array<LyricLine, Core::LyricLines>;
@@ -140,8 +141,32 @@ double LowestOf(const BarContext& bar, const StaffPlace& place) {
     return lowest;
 }
 
-/// How much lower than usual the lyrics stand under a staff whose notes reach far down.
-double DropBelowStaff(const BarContext& bar, const Row& row) {
+/// True when a word stands over a chord chart of the next row of the page.
+bool MeetsCharts(const BarContext& bar, const Row& row, const Words& lines) {
+    constexpr double half = 17;
+    const Core::Track& track = bar.ItsTrack();
+    if (!bar.File.AlwaysCharts || row.Last >= track.Bars.UpperBound()) return false;
+    const Core::BarPlace& next = track.Bars[row.Last + 1].Place;
+    const auto isOver = [&lines](double x) {
+        return std::ranges::any_of(lines, [x](const LyricLine& line) {
+            return std::ranges::any_of(
+                line, [x](const LyricWord& word) { return word.Left < x + half && word.Left + word.Shown > x - half; });
+        });
+    };
+    if (next.Page != bar.ItsBar().Place.Page) return false;
+    for (int index = row.Last + 1; index <= track.Bars.UpperBound(); ++index) {
+        const Core::Bar& below = track.Bars[index];
+        if (below.Place.BarY != next.BarY) break;
+        for (int at = 0; at < std::min(below.Strums().Count(), below.Place.StrumX.Count()); ++at) {
+            if (below.Strums()[at].HasChord && isOver(below.Place.StrumX[at])) return true;
+        }
+    }
+    return false;
+}
+
+/// How much lower than usual the lyrics stand under a staff whose notes reach far down: words crossed by a stem are
+/// read more easily than words in a chart.
+double DropBelowStaff(const BarContext& bar, const Row& row, const Words& lines) {
     constexpr double gap = 3;
     if (bar.ItsTrack().ShowTab && !ShowsStaffOfOther(bar.File, bar.ItsTrack())) return 0;
     const double usual = bar.Y + RowHeight(bar.ItsTrack()) + StaffHeadroom;
@@ -152,7 +177,11 @@ double DropBelowStaff(const BarContext& bar, const Row& row) {
         const std::vector<StaffPlace> staves = StaffPlacesOf(context);
         if (!staves.empty()) lowest = std::max(lowest, LowestOf(context, staves.back()));
     }
-    return std::min(MostDrop, lowest + gap - usual);
+    int most = bar.Look.LyricsDrop;
+    if (!MeetsCharts(bar, row, lines)) {
+        most = std::clamp(bar.File.RowSpacing - StaffHeadroom - NumberZone - bar.Look.LyricsHeight, most, MostDrop);
+    }
+    return std::min<double>(most, lowest + gap - usual);
 }
 
 /// The most that the lyrics of any row may stand lower than usual: that of the track's lowest note, its stem down.
@@ -175,29 +204,30 @@ int MostDropBelowStaff(const Core::TabFile& file, int track) {
     }
     const double head = place.Top + StaffLineSpan - HalfStep * SpellPitch(lowest, false, place.Clef).Step;
     const double missing = head + OctaveLong + ofBeam - RowHeight(row.ItsTrack()) - StaffHeadroom;
-    return static_cast<int>(std::ceil(std::clamp(missing, 0.0, MostDrop)));
+    return std::clamp(static_cast<int>(std::ceil(missing)), 0, MostDrop);
 }
 
 }  // namespace
 
 RowLook LookOfLyrics(const Core::TabFile& file, int track, int lyricsTrack) {
-    constexpr int numberZone = 14, chartZone = 87, mostDrop = 28;
+    constexpr int chartZone = 87, mostDrop = 28;
     constexpr double leastForRoom = 7;
     const int lines = LinesInUse(file, lyricsTrack);
     if (lines == 0) return {};
     const double full = std::clamp(file.FontSize - 1.0, SmallestSize, LargestFontSize);
     RowLook look{.LyricsSize = full};
     const bool charts = HasCharts(file, track);
-    const int zone = charts ? chartZone : numberZone;
-    const int gap = file.RowSpacing - StaffHeadroom - MostDropBelowStaff(file, track) - zone;
+    const int zone = charts ? chartZone : NumberZone;
+    const int free = file.RowSpacing - StaffHeadroom - zone;
+    const int gap = free - MostDropBelowStaff(file, track);
     look.LyricsHeight = LinesHeight(full, lines);
     const int missing = look.LyricsHeight - gap;
-    if (missing <= 0) return look;
-    look.ChartDrop = charts ? std::min(mostDrop, missing) : 0;
+    if (missing > 0 && charts) look.ChartDrop = std::min(mostDrop, missing);
     while (look.LyricsSize > leastForRoom && look.LyricsHeight > gap + look.ChartDrop) {
         look.LyricsSize -= 1;
         look.LyricsHeight = LinesHeight(look.LyricsSize, lines);
     }
+    look.LyricsDrop = std::clamp(free + look.ChartDrop - look.LyricsHeight, 0, MostDrop);
     return look;
 }
 
@@ -225,7 +255,7 @@ void DrawLyrics(Picture& picture, const BarContext& bar, int lyricsTrack) {
     PlaceAll(lines, row.Room, 1, true);
     picture.SetColor(file.FontColor);
     const double height = std::ceil(font.Pixels() * LineHeight), ascent = Ascent * font.Pixels();
-    const double top = bar.Y + RowHeight(bar.ItsTrack()) + StaffHeadroom + DropBelowStaff(bar, row);
+    const double top = bar.Y + RowHeight(bar.ItsTrack()) + StaffHeadroom + DropBelowStaff(bar, row, lines);
     const int moved = bar.X - bar.ItsBar().Place.BarX;
     for (std::size_t at = 0; at < lines.size(); ++at) {
         const double baseline = std::round(top + static_cast<double>(at) * height + ascent);

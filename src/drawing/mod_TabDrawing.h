@@ -21,6 +21,7 @@ constexpr double LargestFontSize = 200;
 /// How all rows of a laid-out track look, beside what the document says.
 struct RowLook {
     double LyricsSize = 0;   ///< points; 0 without lyrics
+    int LyricsDrop = 0;      ///< the most by which they stand lower under low notes, so that they stay off the next row
     int LyricsHeight = 0;    ///< of all lines of lyrics together
     int ChartDrop = 0;       ///< how much lower than usual chord charts stand, to make room for the lyrics above them
     int PaperLeft = 0;       ///< where texts may begin, from a row's left edge; with PaperRight 0 they reach anywhere
